@@ -1,0 +1,65 @@
+#include "app/BrisgateApp.h"
+
+#include <exception>
+#include <new>
+
+#include "app/BrisgateDlg.h"
+#include "config/RegistryStore.h"
+#include "errors/ErrorReport.h"
+#include "errors/MessageBoxes.h"
+#include "errors/ProgramTitle.h"
+#include "text/Format.h"
+
+namespace app {
+namespace {
+
+class HeldLock {
+  public:
+    explicit HeldLock(platform::InstanceLock& lock) : lock_(lock) {}
+    ~HeldLock() { lock_.Release(); }
+    HeldLock(const HeldLock&) = delete;
+    HeldLock& operator=(const HeldLock&) = delete;
+
+  private:
+    platform::InstanceLock& lock_;
+};
+
+void ShowFatal(ui::Screen& screen, const std::wstring& reason) {
+    errors::PlainMessageBox(screen, nullptr, text::Format(L"The program has to end.\r\n%s", reason),
+                            ui::box::Ok | ui::box::ErrorIcon);
+}
+
+}  // namespace
+
+void CBrisgateApp::InitInstance() {
+    try {
+        if (!TakeInstanceLock()) return;
+        const HeldLock lock(machine_.InstanceLock);
+        RunMainDialog();
+    } catch (const std::bad_alloc&) {
+        ShowFatal(screen_, L"There is not enough memory.");
+    } catch (const std::exception& exception) {
+        ShowFatal(screen_, machine_.CodePage.ToWide(exception.what()));
+    }
+}
+
+bool CBrisgateApp::TakeInstanceLock() {
+    if (machine_.InstanceLock.IsHeldByAnother(errors::ProgramTitle)) {
+        errors::Warn(screen_, nullptr, text::Format(L"%s allready started", errors::ProgramTitle));
+        return false;
+    }
+    const platform::Win32Code code = machine_.InstanceLock.Acquire(errors::ProgramTitle);
+    if (code == platform::code::Success) return true;
+    errors::ErrorReporter(machine_, screen_)
+        .ErrorReport({}, {.code = code, .operation = L"Create programm process mutex", .argument = {}});
+    return false;
+}
+
+void CBrisgateApp::RunMainDialog() {
+    const errors::ErrorReporter reporter(machine_, screen_);
+    config::RegistryStore registry(machine_, reporter);
+    const config::Services services{machine_, screen_, reporter, registry};
+    CBrisgateDlg(services).DoModal();
+}
+
+}  // namespace app

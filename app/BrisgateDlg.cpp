@@ -1,0 +1,198 @@
+#include "app/BrisgateDlg.h"
+
+#include <algorithm>
+
+#include "app/AboutDlg.h"
+#include "config/Load.h"
+#include "config/Save.h"
+#include "errors/MessageBoxes.h"
+#include "errors/ProgramTitle.h"
+#include "text/Format.h"
+
+namespace app {
+
+CBrisgateDlg::CBrisgateDlg(const config::Services& services)
+    : Dialog(services.Screen, nullptr, {.size = {613, 193}, .resizable = true, .minimizeBox = true}),
+      services_(services),
+      ruleList_(rules_, *this, services_, [this] {
+          const config::ServiceProfile* profile = OpenedProfile();
+          return profile == nullptr ? std::span<const config::Rule>()
+                                    : std::span<const config::Rule>(profile->Rules);
+      }) {
+    EnableProfileControls(false);
+    configurations_.SetTooltip(L"Configurations");
+    openProfile_.SetTooltip(L"Open profile");
+    for (ui::Control* reachedOtherwise : {&configurations_, &openProfile_}) {
+        reachedOtherwise->Show(false);
+        reachedOtherwise->Enable(false);
+    }
+    profiles_.SetCells([this](size_t row, size_t) { return profileNames_.at(row); });
+    profiles_.OnClick([this](const ui::ListHit&) { OpenProfile(); });
+    rules_.OnFocusLost([this] { TakeCheckBoxes(); });
+}
+
+void CBrisgateDlg::OnInitDialog() {
+    InitWindow();
+    if (!Load()) {
+        EndDialog(ui::IdCancel);
+        return;
+    }
+    RestorePlacement();
+    FillProfileList();
+    profiles_.SetFocus();
+    if (!profileNames_.empty()) {
+        profiles_.SelectOnly(0);
+        OpenProfile();
+    }
+}
+
+void CBrisgateDlg::InitWindow() {
+    SetMenuBar(MainMenu());
+    SetCaption(errors::ProgramTitle);
+    AppendToSystemMenu(command::About, L"About programm...");
+    SetIcon(ui::Icon::App);
+    for (auto* named : {&addProfile_, &editProfile_, &deleteProfile_, &exportRules_, &importRules_})
+        named->SetText(named->Tooltip());
+    profileLabel_.SetText(L"Profile: ");
+    csProfileLabel_.SetText(L"CS profile: ");
+    changed_ = false;
+    ruleList_.CreateColumns();
+    CreateProfileColumn();
+}
+
+bool CBrisgateDlg::Load() {
+    const ui::WaitCursor wait(Screen());
+    auto loaded = config::LoadConfiguration(services_.Registry, services_.Errors, this);
+    if (!loaded) return false;
+    configuration_ = std::move(*loaded);
+    return true;
+}
+
+void CBrisgateDlg::RestorePlacement() {
+    const config::GlobalSettings& settings = configuration_.Settings;
+    // Kept: a window saved at the very top or left of the screen opens at its default place.
+    if (settings.WindowTop == 0 || settings.WindowLeft == 0) return;
+    SetNormalRect({settings.WindowLeft, settings.WindowTop, settings.WindowRight - settings.WindowLeft,
+                   settings.WindowBottom - settings.WindowTop});
+}
+
+void CBrisgateDlg::FillProfileList() {
+    profileNames_.clear();
+    for (const config::ServiceProfile& profile : configuration_.Profiles) {
+        const bool shown =
+            std::find(profileNames_.begin(), profileNames_.end(), profile.Name) != profileNames_.end();
+        if (!profile.Name.empty() && !shown) profileNames_.push_back(profile.Name);
+    }
+    profiles_.SetRows(profileNames_.size());
+}
+
+void CBrisgateDlg::CreateProfileColumn() {
+    const int scrollBar = Screen().Metrics().VerticalScrollBarWidth(Dpi());
+    profiles_.SetColumns({{.header = L"Profiles", .width = profiles_.ClientWidth() - scrollBar}});
+}
+
+void CBrisgateDlg::SpreadProfileColumn() {
+    profiles_.SetColumnWidths({profiles_.ClientWidth()});
+}
+
+void CBrisgateDlg::OnResized() {
+    ruleList_.SpreadWidths();
+    SpreadProfileColumn();
+}
+
+ui::Size CBrisgateDlg::MinimumTrackSize() const {
+    const platform::ScreenMetrics& metrics = Screen().Metrics();
+    const ui::Rect& button = saveAndExit_.Bounds();
+    return {11 * button.width + 2 * metrics.VerticalScrollBarWidth(Dpi()),
+            2 * (5 * button.height + metrics.VerticalScrollArrowHeight(Dpi()))};
+}
+
+void CBrisgateDlg::OpenProfile() {
+    const auto row = profiles_.FirstSelected();
+    if (!row) return;
+    ruleList_.Empty();
+    openedProfile_ = profileNames_.at(*row);
+    const config::ServiceProfile& profile = configuration_.Profiles.at(*row);
+    profileLabel_.SetText(L"Profile: " + profile.Name);
+    csProfileLabel_.SetText(text::Format(L"CS profile's num: %d", profile.ZCSProfile.size()));
+    EnableProfileControls(true);
+    RefillRules();
+    EnableMenuItems(ProfileCommands(), true);
+}
+
+config::ServiceProfile* CBrisgateDlg::OpenedProfile() {
+    if (openedProfile_.empty()) return nullptr;
+    const auto found = std::find_if(configuration_.Profiles.begin(), configuration_.Profiles.end(),
+                                    [this](const auto& profile) { return profile.Name == openedProfile_; });
+    return found == configuration_.Profiles.end() ? nullptr : &*found;
+}
+
+void CBrisgateDlg::EnableProfileControls(bool enabled) {
+    const std::initializer_list<ui::Control*> controls{
+        &profileLabel_, &csProfileLabel_, &rules_,         &addRule_,     &copyRule_,
+        &editRule_,     &deleteRule_,     &makeFirst_,     &moveUp_,      &moveDown_,
+        &makeLast_,     &editProfile_,    &deleteProfile_, &exportRules_, &importRules_};
+    for (ui::Control* control : controls) control->Enable(enabled);
+}
+
+void CBrisgateDlg::RefillRules() {
+    ruleList_.Empty();
+    ruleList_.Fill(search_.Text());
+}
+
+void CBrisgateDlg::TakeCheckBoxes() {
+    config::ServiceProfile* profile = OpenedProfile();
+    if (profile != nullptr && SwitchRules(rules_.Checks(), profile->Rules)) changed_ = true;
+}
+
+void CBrisgateDlg::OnMenuCommand(int command) {
+    switch (command) {
+        case command::Save:
+            Save();
+            break;
+        case command::Exit:
+            OnCancel();
+            break;
+        case command::OpenProfile:
+            OpenProfile();
+            break;
+        default:
+            break;
+    }
+}
+
+void CBrisgateDlg::OnSystemCommand(int command) {
+    if (command == command::About) CAboutDlg(Screen(), this).DoModal();
+}
+
+void CBrisgateDlg::Save() {
+    const ui::WaitCursor wait(Screen());
+    const ui::Rect window = NormalRect();
+    config::GlobalSettings& settings = configuration_.Settings;
+    settings.WindowTop = window.y;
+    settings.WindowBottom = window.y + window.height;
+    settings.WindowLeft = window.x;
+    settings.WindowRight = window.x + window.width;
+    if (config::SaveConfiguration(services_.Registry, services_.Errors, this, configuration_))
+        changed_ = false;
+}
+
+bool CBrisgateDlg::MayLeave() {
+    return !changed_ ||
+           errors::Confirm(Screen(), this, L"Some changes has not been saved. Exit without saving?");
+}
+
+void CBrisgateDlg::OnOK() {
+    Save();
+    if (!MayLeave()) return;
+    ruleList_.Empty();
+    EndDialog(ui::IdOk);
+}
+
+void CBrisgateDlg::OnCancel() {
+    if (!MayLeave()) return;
+    ruleList_.Empty();
+    EndDialog(ui::IdCancel);
+}
+
+}  // namespace app

@@ -1,0 +1,85 @@
+// The main dialog: service profiles on the left, the rules of the opened profile on the right. It owns the
+// whole configuration from loading to leaving.
+#pragma once
+
+#include <string>
+
+#include "app/MainMenu.h"
+#include "app/RuleList.h"
+#include "config/Configuration.h"
+#include "config/Services.h"
+#include "ui/Controls.h"
+#include "ui/Dialog.h"
+#include "ui/ListView.h"
+
+namespace app {
+
+class CBrisgateDlg : public ui::Dialog {
+  public:
+    explicit CBrisgateDlg(const config::Services& services);
+
+    ui::Size MinimumTrackSize() const override;
+
+  private:
+    void OnInitDialog() override;
+    void OnOK() override;      // save and exit
+    void OnCancel() override;  // exit without saving
+    void OnMenuCommand(int command) override;
+    void OnSystemCommand(int command) override;
+    void OnResized() override;
+
+    void InitWindow();
+    bool Load();
+    void RestorePlacement();
+    void FillProfileList();
+    void CreateProfileColumn();
+    void SpreadProfileColumn();
+
+    void OpenProfile();
+    config::ServiceProfile* OpenedProfile();
+    void EnableProfileControls(bool enabled);
+    void RefillRules();
+    void TakeCheckBoxes();
+
+    void Save();
+    bool MayLeave();
+
+    const config::Services services_;
+    config::Configuration configuration_;
+    std::vector<std::wstring> profileNames_;  // as the profile list shows them
+    std::wstring openedProfile_;              // empty: none
+    bool changed_ = false;                    // memory differs from the registry
+
+    ui::IconButton saveIcon_{*this, 1021, {7, 9, 32, 32}, ui::Icon::Save, L"Save", [this] { Save(); }};
+    ui::IconButton logPath_{*this, 1022, {39, 9, 32, 32}, ui::Icon::LogSettings, L"Log path"};
+    ui::IconButton addRule_{*this, 1023, {76, 9, 32, 32}, ui::Icon::RuleAdd, L"Add rule"};
+    ui::IconButton copyRule_{*this, 1037, {108, 9, 32, 32}, ui::Icon::RuleCopy, L"Copy rule"};
+    ui::IconButton editRule_{*this, 1024, {140, 9, 32, 32}, ui::Icon::RuleEdit, L"Edit rule"};
+    ui::IconButton deleteRule_{*this, 1025, {172, 9, 32, 32}, ui::Icon::RuleDelete, L"Delete rule"};
+    ui::IconButton makeFirst_{*this, 1026, {204, 9, 32, 32}, ui::Icon::RuleFirst, L"Make first"};
+    ui::IconButton moveUp_{*this, 1027, {236, 9, 32, 32}, ui::Icon::RuleUp, L"Move up"};
+    ui::IconButton moveDown_{*this, 1028, {268, 9, 32, 32}, ui::Icon::RuleDown, L"Move down"};
+    ui::IconButton makeLast_{*this, 1029, {300, 9, 32, 32}, ui::Icon::RuleLast, L"Make last"};
+    ui::IconButton addProfile_{*this, 1031, {337, 9, 32, 32}, ui::Icon::ProfileAdd, L"Add profile"};
+    ui::IconButton editProfile_{*this, 1032, {369, 9, 32, 32}, ui::Icon::ProfileEdit, L"Edit profile"};
+    ui::IconButton deleteProfile_{*this, 1033, {401, 9, 32, 32}, ui::Icon::ProfileDelete, L"Delete profile"};
+    ui::IconButton exportRules_{
+        *this, 1034, {433, 9, 32, 32}, ui::Icon::RulesExport, L"Export profile rules"};
+    ui::IconButton importRules_{
+        *this, 1035, {465, 9, 32, 32}, ui::Icon::RulesImport, L"Import profile rules"};
+    ui::Label searchCaption_{*this, 1120, {506, 9, 100, 16}, L"Search by field \"Description\""};
+    ui::Edit search_{*this, 1079, {506, 26, 100, 14, ui::GrowX}, {}, [this] { RefillRules(); }};
+    ui::Edit profileLabel_{*this, 1041, {8, 43, 112, 14}, {.readOnly = true}};
+    ui::Edit csProfileLabel_{*this, 1042, {133, 43, 473, 14, ui::GrowX}, {.readOnly = true}};
+    ui::ListView profiles_{*this, 1001, {8, 60, 112, 90, ui::GrowY}, {.singleSelection = true}};
+    ui::ListView rules_{*this, 1030, {133, 60, 473, 90, ui::GrowBoth}, {.checkBoxes = true}};
+    ui::Button configurations_{*this, 1036, {21, 151, 12, 11}, L"Configurations"};
+    ui::Button openProfile_{*this, 1053, {7, 152, 12, 8}, L"Open profile", [this] { OpenProfile(); }};
+    ui::Button save_{*this, 1000, {444, 167, 50, 19, ui::MoveBoth}, L"Save", [this] { Save(); }};
+    ui::Button saveAndExit_{*this, ui::IdOk, {500, 167, 50, 19, ui::MoveBoth}, L"Save and exit"};
+    ui::Button exit_{*this, ui::IdCancel, {556, 167, 50, 19, ui::MoveBoth}, L"Exit without saving"};
+
+    RuleList ruleList_;
+};
+
+}  // namespace app

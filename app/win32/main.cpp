@@ -1,0 +1,17 @@
+// Where the program starts. The only place that knows which back ends are used.
+#include <windows.h>
+
+#include "app/BrisgateApp.h"
+#include "platform/win32/Win32Machine.h"
+#include "ui/win32/SystemFunctions.h"
+#include "ui/win32/Win32Screen.h"
+
+int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* /*commandLine*/, int /*show*/) {
+    // From here on nothing is loaded from the current folder or the search path.
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    ui::win32::RegisterControlClasses();
+    platform::win32::Win32Machine machine;
+    ui::win32::Win32Screen screen(machine.ScreenMetrics);
+    app::CBrisgateApp(machine.Machine, screen).InitInstance();
+    return 0;
+}

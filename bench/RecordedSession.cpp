@@ -1,0 +1,125 @@
+#include "bench/RecordedSession.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace bench {
+
+using platform::KeyHandle;
+using platform::RootKey;
+using platform::ValueType;
+using platform::Win32Code;
+
+size_t RecordingRegistry::SlotOf(KeyHandle key) const {
+    const auto found =
+        std::find_if(open_.begin(), open_.end(), [key](const OpenKey& k) { return k.handle == key; });
+    if (found == open_.end()) throw std::logic_error("a key that is not open");
+    return found->slot;
+}
+
+size_t RecordingRegistry::NewSlot(Win32Code code, KeyHandle key) {
+    const size_t slot = session_.slots++;
+    if (code == platform::code::Success) open_.push_back({key, slot});
+    return slot;
+}
+
+Win32Code RecordingRegistry::Open(RootKey root, const std::wstring& path, KeyHandle& key) {
+    const Win32Code code = real_.Open(root, path, key);
+    session_.calls.push_back(
+        {.kind = CallKind::Open, .root = root, .result = NewSlot(code, key), .text = path});
+    return code;
+}
+
+Win32Code RecordingRegistry::OpenSubkey(KeyHandle parent, const std::wstring& name, KeyHandle& key) {
+    const size_t slot = SlotOf(parent);
+    const Win32Code code = real_.OpenSubkey(parent, name, key);
+    session_.calls.push_back(
+        {.kind = CallKind::OpenSubkey, .key = slot, .result = NewSlot(code, key), .text = name});
+    return code;
+}
+
+Win32Code RecordingRegistry::Create(RootKey root, const std::wstring& path, KeyHandle& key) {
+    const Win32Code code = real_.Create(root, path, key);
+    session_.calls.push_back(
+        {.kind = CallKind::Create, .root = root, .result = NewSlot(code, key), .text = path});
+    return code;
+}
+
+Win32Code RecordingRegistry::Close(KeyHandle key) {
+    session_.calls.push_back({.kind = CallKind::Close, .key = SlotOf(key)});
+    std::erase_if(open_, [key](const OpenKey& k) { return k.handle == key; });
+    return real_.Close(key);
+}
+
+Win32Code RecordingRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
+                                             std::wstring& name) {
+    session_.calls.push_back(
+        {.kind = CallKind::Enumerate, .key = SlotOf(key), .number = index, .capacity = capacity});
+    return real_.EnumerateSubkey(key, index, capacity, name);
+}
+
+Win32Code RecordingRegistry::EnumerateValue(KeyHandle, uint32_t, std::wstring&) {
+    throw std::logic_error("loading and saving do not enumerate values");
+}
+
+Win32Code RecordingRegistry::DeleteSubkey(KeyHandle parent, const std::wstring& name) {
+    session_.calls.push_back({.kind = CallKind::Delete, .key = SlotOf(parent), .text = name});
+    return real_.DeleteSubkey(parent, name);
+}
+
+Win32Code RecordingRegistry::Query(KeyHandle key, const std::wstring& name, ValueType& type,
+                                   std::span<std::byte> buffer, uint32_t& size) {
+    session_.calls.push_back({.kind = CallKind::Query,
+                              .key = SlotOf(key),
+                              .text = name,
+                              .number = static_cast<uint32_t>(buffer.size())});
+    return real_.Query(key, name, type, buffer, size);
+}
+
+Win32Code RecordingRegistry::Set(KeyHandle key, const std::wstring& name, ValueType type,
+                                 std::span<const std::byte> data) {
+    session_.calls.push_back({.kind = CallKind::Set,
+                              .key = SlotOf(key),
+                              .text = name,
+                              .type = type,
+                              .data = {data.begin(), data.end()}});
+    return real_.Set(key, name, type, data);
+}
+
+void Replay(const RecordedSession& session, platform::RegistryBackend& registry) {
+    std::vector<KeyHandle> keys(session.slots);
+    std::vector<std::byte> buffer(65536);
+    std::wstring name;
+    for (const Call& call : session.calls) {
+        ValueType type{};
+        uint32_t size = call.number;
+        switch (call.kind) {
+            case CallKind::Open:
+                registry.Open(call.root, call.text, keys[call.result]);
+                break;
+            case CallKind::OpenSubkey:
+                registry.OpenSubkey(keys[call.key], call.text, keys[call.result]);
+                break;
+            case CallKind::Create:
+                registry.Create(call.root, call.text, keys[call.result]);
+                break;
+            case CallKind::Close:
+                registry.Close(keys[call.key]);
+                break;
+            case CallKind::Enumerate:
+                registry.EnumerateSubkey(keys[call.key], call.number, call.capacity, name);
+                break;
+            case CallKind::Delete:
+                registry.DeleteSubkey(keys[call.key], call.text);
+                break;
+            case CallKind::Query:
+                registry.Query(keys[call.key], call.text, type, std::span(buffer).first(call.number), size);
+                break;
+            case CallKind::Set:
+                registry.Set(keys[call.key], call.text, call.type, call.data);
+                break;
+        }
+    }
+}
+
+}  // namespace bench

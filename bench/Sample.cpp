@@ -1,0 +1,57 @@
+#include "bench/Sample.h"
+
+#include <stdexcept>
+
+#include "config/Load.h"
+#include "config/Operations.h"
+#include "config/Save.h"
+#include "text/Format.h"
+
+namespace bench {
+namespace {
+
+config::Rule SampleRule(size_t number) {
+    config::Rule rule;
+    rule.Operation = config::Operations()[number % config::Operations().size()].code;
+    rule.Descryption = text::Format(L"Reports of office %d to the head office", number);
+    rule.PathIn = text::Format(L"D:\\Exchange\\Office %d\\In", number);
+    rule.PathOut = text::Format(L"D:\\Exchange\\Office %d\\Out", number);
+    rule.PathError = text::Format(L"D:\\Exchange\\Office %d\\Error", number);
+    rule.ZCSProfile = L"Office keys";
+    rule.Masks = {L"*.txt", L"*.pdf"};
+    rule.Certificates = {text::Format(L"CN=Recipient %d,O=Talveron LLC,C=DE", number)};
+    rule.SignerLists = {{L"Desk", {L"CN=Anna Petrova,O=Talveron LLC,C=DE"}}};
+    rule.IsOn = 1;
+    return rule;
+}
+
+}  // namespace
+
+config::Configuration SampleConfiguration(size_t rules) {
+    config::Configuration configuration;
+    configuration.CsProfiles = {
+        {L"Office keys", L"pse://signed/C:\\Keys\\local.pse", L"file://C:\\Keys\\local.gdbm"}};
+    config::ServiceProfile profile;
+    profile.Name = L"Sample";
+    profile.ZCSProfile = {L"Office keys"};
+    for (size_t i = 0; i < rules; ++i) profile.Rules.push_back(SampleRule(i));
+    configuration.Profiles.push_back(std::move(profile));
+    return configuration;
+}
+
+config::Configuration Load(const platform::Machine& machine, ui::Screen& screen) {
+    const errors::ErrorReporter reporter(machine, screen);
+    config::RegistryStore store(machine, reporter);
+    auto loaded = config::LoadConfiguration(store, reporter, nullptr);
+    if (!loaded) throw std::runtime_error("loading failed");
+    return std::move(*loaded);
+}
+
+void Save(const platform::Machine& machine, ui::Screen& screen, const config::Configuration& configuration) {
+    const errors::ErrorReporter reporter(machine, screen);
+    config::RegistryStore store(machine, reporter);
+    if (!config::SaveConfiguration(store, reporter, nullptr, configuration))
+        throw std::runtime_error("saving failed");
+}
+
+}  // namespace bench

@@ -1,0 +1,17 @@
+// Configurations of any size to measure with, and the two runs that are measured.
+#pragma once
+
+#include "config/Configuration.h"
+#include "platform/Machine.h"
+#include "ui/Screen.h"
+
+namespace bench {
+
+// One profile with so many rules, as an administrator would have them.
+config::Configuration SampleConfiguration(size_t rules);
+
+// Each throws std::runtime_error when it does not succeed.
+config::Configuration Load(const platform::Machine& machine, ui::Screen& screen);
+void Save(const platform::Machine& machine, ui::Screen& screen, const config::Configuration& configuration);
+
+}  // namespace bench

@@ -1,0 +1,19 @@
+# The Windows back ends and the product itself.
+file(GLOB win32_sources CONFIGURE_DEPENDS platform/win32/*.cpp ui/win32/*.cpp)
+add_library(win32 STATIC ${win32_sources})
+target_link_libraries(win32 PUBLIC product comctl32 comdlg32 ole32 shell32 shlwapi)
+
+add_executable(brisgate WIN32 app/win32/main.cpp resources/brisgate.rc)
+target_link_libraries(brisgate PRIVATE win32)
+target_link_options(brisgate PRIVATE -municode)
+target_include_directories(brisgate PRIVATE resources)
+set_target_properties(brisgate PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+add_custom_command(TARGET brisgate POST_BUILD COMMAND ${CMAKE_STRIP} $<TARGET_FILE:brisgate>)
+
+# Helpers of ./run: seeding and dumping the registry, and waiting for a window.
+add_executable(brisgate-registry demo/win32/registry_main.cpp)
+target_link_libraries(brisgate-registry PRIVATE memory win32)
+add_executable(brisgate-wait tools/win32/wait_window_main.cpp)
+target_link_libraries(brisgate-wait PRIVATE brisgate_options)
+target_link_options(brisgate-wait PRIVATE -municode)
+set_target_properties(brisgate-registry brisgate-wait PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools)

@@ -1,0 +1,164 @@
+#include "config/Load.h"
+
+#include <stdexcept>
+
+#include "config/FieldReader.h"
+#include "config/KeyReports.h"
+#include "config/LoadCsProfiles.h"
+#include "config/RegistryLayout.h"
+#include "config/RuleOrder.h"
+
+namespace config {
+namespace {
+
+constexpr platform::RootKey machine = platform::RootKey::LocalMachine;
+
+class Loader {
+  public:
+    Loader(RegistryStore& store, const errors::ErrorReporter& reporter, const ui::Dialog* owner)
+        : store_(store),
+          reporter_(reporter),
+          report_(reporter, owner),
+          owner_(owner) {}
+
+    std::optional<Configuration> Load();
+
+  private:
+    bool Open(const std::wstring& path) { return report_.Opened(store_.Open(machine, path), machine, path); }
+    bool Create(const std::wstring& path) {
+        return report_.Opened(store_.CreateMachineKey(path), machine, path);
+    }
+    bool Search(const std::wstring& path, std::vector<std::wstring>& names) {
+        return report_.Searched(store_.EnumerateSubkeys(names), machine, path);
+    }
+
+    bool CreateFirstProfile(const std::vector<crypto::CsProfile>& csProfiles);
+    void WriteFirstProfile(const std::vector<crypto::CsProfile>& csProfiles);
+    void ReadSettings(GlobalSettings& settings);
+    bool LoadProfile(ServiceProfile& profile);
+    bool LoadRules(const std::wstring& rulesPath, std::vector<Rule>& rules);
+    bool LoadRule(const std::wstring& rulePath, Rule& rule);
+    bool LoadSignerLists(const std::wstring& rulePath, Rule& rule);
+
+    RegistryStore& store_;
+    const errors::ErrorReporter& reporter_;
+    const KeyReports report_;
+    const ui::Dialog* owner_;
+};
+
+const std::wstring firstProfilePath = std::wstring(ServiceRoot) + L"\\default";
+
+std::optional<Configuration> Loader::Load() {
+    Configuration configuration;
+    if (!LoadCsProfiles(store_, reporter_, owner_, configuration.CsProfiles)) return std::nullopt;
+    std::vector<std::wstring> profileNames;
+    if (!Create(ServiceRoot) || !Search(ServiceRoot, profileNames)) return std::nullopt;
+    if (profileNames.empty()) {
+        profileNames = {L"default"};
+        if (!CreateFirstProfile(configuration.CsProfiles)) return std::nullopt;
+    }
+    ReadSettings(configuration.Settings);
+    for (std::wstring& name : profileNames) {
+        ServiceProfile profile;
+        profile.Name = std::move(name);
+        if (!LoadProfile(profile)) return std::nullopt;
+        configuration.Profiles.push_back(std::move(profile));
+    }
+    if (!report_.Opened(store_.Close(), machine, ServiceRoot)) return std::nullopt;
+    return configuration;
+}
+
+bool Loader::CreateFirstProfile(const std::vector<crypto::CsProfile>& csProfiles) {
+    const errors::ReportContext context{owner_};
+    const GlobalSettings defaults;
+    store_.WriteString(L"LogPath", {}, context);
+    store_.WriteInteger(L"Log filesize", defaults.LogFilesize, context);
+    store_.WriteString(L"LDAP", {}, context);
+    if (!Create(firstProfilePath)) return false;
+    WriteFirstProfile(csProfiles);
+    return Create(firstProfilePath + L"\\" + RulesKey) && Open(ServiceRoot);
+}
+
+void Loader::WriteFirstProfile(const std::vector<crypto::CsProfile>& csProfiles) {
+    const errors::ReportContext context{owner_};
+    for (const wchar_t* name :
+         {L"AutoUseTSP", L"AutoVerifyTSP", L"NotAddCert", L"NotCopyToLocal", L"NotLoadCrl"})
+        store_.WriteTextList(name, {L"0"}, owner_);
+    store_.WriteTextList(L"CrlUpdatePeriod", {}, owner_);  // loading makes it 1
+    store_.WriteTextList(L"NoTSPisError", {L"0"}, owner_);
+    store_.WriteTextList(L"NotUseLDAP", {L"1"}, owner_);
+    store_.WriteTextList(L"ServerTSP", {L"0"}, owner_);
+    store_.WriteTextList(L"UseAIA", {L"0"}, owner_);
+    for (const wchar_t* name : {L"Verify File", L"Verify x file", L"Verify det file", L"Verify resign file"})
+        store_.WriteInteger(name, 0, context);
+    store_.WriteInteger(L"Handler timeout", ServiceProfile().HandlerTimeout, context);
+    store_.WriteInteger(L"Rename conf files", 0, context);
+    if (csProfiles.empty()) throw std::invalid_argument("the first service profile needs a store profile");
+    store_.WriteTextList(L"ZCSProfile", {csProfiles.front().ProfileName}, owner_);
+}
+
+void Loader::ReadSettings(GlobalSettings& settings) {
+    FieldReader reader(store_, owner_);
+    VisitSettings(settings, reader);
+    if (settings.LogFilesize < SmallestLogFilesize) settings.LogFilesize = SmallestLogFilesize;
+}
+
+bool Loader::LoadProfile(ServiceProfile& profile) {
+    const std::wstring path = std::wstring(ServiceRoot) + L"\\" + profile.Name;
+    if (!Open(path)) return false;
+    FieldReader reader(store_, owner_);
+    VisitProfile(profile, reader);
+    if (profile.CrlUpdatePeriod.size() < profile.NotLoadCrl.size())
+        profile.CrlUpdatePeriod.resize(profile.NotLoadCrl.size(), 1);
+    return LoadRules(path + L"\\" + RulesKey, profile.Rules);
+}
+
+bool Loader::LoadRules(const std::wstring& rulesPath, std::vector<Rule>& rules) {
+    std::vector<std::wstring> keys;
+    if (!Open(rulesPath) || !Search(rulesPath, keys)) return false;
+    OrderRuleKeys(keys);
+    rules.reserve(keys.size());
+    for (const std::wstring& key : keys)
+        if (!LoadRule(rulesPath + L"\\" + key, rules.emplace_back())) return false;
+    return true;
+}
+
+// Where rules of the older format kept what now has a field of its own.
+void MoveOlderFields(Rule& rule) {
+    if (rule.Certificates.empty()) return;
+    if (rule.Operation == L"RESG" && rule.ResignProfile.empty())
+        rule.ResignProfile = rule.Certificates.front();
+    if (rule.Operation == L"MOVE" && rule.PathOut2.empty()) rule.PathOut2 = rule.Certificates.front();
+}
+
+bool Loader::LoadRule(const std::wstring& rulePath, Rule& rule) {
+    if (!Open(rulePath)) return false;
+    FieldReader reader(store_, owner_);
+    VisitRule(rule, reader);
+    if ((rule.Operation == L"ARCH" || rule.Operation == L"UNAR") && rule.ZipFile == 0) rule.ZipFile = 1;
+    reader.Certificates(L"C", rule.Certificates);
+    MoveOlderFields(rule);
+    return LoadSignerLists(rulePath, rule);
+}
+
+bool Loader::LoadSignerLists(const std::wstring& rulePath, Rule& rule) {
+    std::vector<std::wstring> names;
+    if (!Search(rulePath, names)) return false;
+    for (std::wstring& name : names) {
+        if (!Open(rulePath + L"\\" + name)) return false;
+        SignerListEntry& list = rule.SignerLists.emplace_back();
+        list.Name = std::move(name);
+        FieldReader reader(store_, owner_);
+        reader.Numbered(L"Signer Num", L"S", list.Signers);
+    }
+    return true;
+}
+
+}  // namespace
+
+std::optional<Configuration> LoadConfiguration(RegistryStore& store, const errors::ErrorReporter& reporter,
+                                               const ui::Dialog* owner) {
+    return Loader(store, reporter, owner).Load();
+}
+
+}  // namespace config

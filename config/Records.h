@@ -1,0 +1,168 @@
+// The configuration as it is held in memory. Every record is a plain value with its defaults stated at the
+// member and, below it, one list of the fields that the registry keeps, in the order in which they are read
+// and written.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace config {
+
+using Flag = int32_t;                 // 0: off, anything else: on; the editor writes 1
+using CertificateRef = std::wstring;  // a certificate owner's name as the library gives it; opaque
+
+struct SignerListEntry {
+    std::wstring Name;  // also the name of its registry key
+    std::vector<CertificateRef> Signers;
+    bool operator==(const SignerListEntry&) const = default;
+};
+
+struct Rule {
+    std::wstring ZCSProfile;     // the store profile whose certificates the rule uses
+    std::wstring ResignProfile;  // RESG: the store profile of the new signature
+    std::wstring Operation;      // a code of the operation table
+    std::wstring PathIn;
+    std::wstring PathOut;
+    std::wstring PathOut2;  // MOVE
+    std::wstring PathError;
+    std::wstring Mask;  // the single mask of the older format; read, never written
+    std::wstring Descryption;
+    std::wstring DelExt;
+    std::wstring AddExt;
+    std::wstring Folders;
+    std::wstring Copyfolders;
+    std::wstring ArchName;
+    std::wstring ExecName;
+    std::vector<CertificateRef> Certificates;  // recipients
+    std::vector<std::wstring> Masks;
+    Flag IsOn = 0;
+    int32_t InFormatDet = 0;   // 0: attached signature, else detached
+    int32_t OutFormatDet = 0;  // likewise
+    std::vector<SignerListEntry> SignerLists;
+    int32_t ZipFile = 0;      // 0: none, 1: ZIP, 2: GZIP
+    int32_t ArchCount = 0;    // files
+    int32_t ArchSize = 0;     // KB
+    int32_t ArchTimeout = 0;  // minutes
+    int32_t ExecTimeout = 0;  // minutes
+    bool operator==(const Rule&) const = default;
+};
+
+// Everything a rule's key holds up to its certificates. Besides texts and numbers a visitor meets the masks
+// (their number, then one value each) and the number of certificates, whose values come last, behind the
+// store locations.
+template <class AnyRule, class Visitor>
+void VisitRule(AnyRule& rule, Visitor& visit) {
+    visit.Text(L"Operation", rule.Operation);
+    visit.Text(L"Path In", rule.PathIn);
+    visit.Text(L"Path Out", rule.PathOut);
+    visit.Text(L"Path Out 2", rule.PathOut2);
+    visit.Text(L"Path Error", rule.PathError);
+    visit.Text(L"DelExt", rule.DelExt);
+    visit.Text(L"AddExt", rule.AddExt);
+    visit.Text(L"Folders", rule.Folders);
+    visit.Text(L"Copyfolders", rule.Copyfolders);
+    visit.Number(L"ArchCount", rule.ArchCount);
+    visit.Number(L"ArchSize", rule.ArchSize);
+    visit.Number(L"ArchTimeout", rule.ArchTimeout);
+    visit.Text(L"ArchName", rule.ArchName);
+    visit.Text(L"ExecName", rule.ExecName);
+    visit.Number(L"ExecTimeout", rule.ExecTimeout);
+    visit.Masks(L"Mask num", L"M", rule);
+    visit.CertificateCount(L"Ext num", rule.Certificates);
+    visit.Number(L"Is on", rule.IsOn);
+    visit.Text(L"ZCSProfile", rule.ZCSProfile);
+    visit.Text(L"ResignProfile", rule.ResignProfile);
+    visit.Number(L"In format det", rule.InFormatDet);
+    visit.Number(L"Out format det", rule.OutFormatDet);
+    visit.Text(L"Descryption", rule.Descryption);
+    visit.Number(L"ZipFile", rule.ZipFile);
+}
+
+// The eleven lists from ServerTSP to CrlUpdatePeriod are parallel: entry i of each belongs to the store
+// profile named by entry i of ZCSProfile. A configuration edited by hand may hold lists of unequal length.
+struct ServiceProfile {
+    std::wstring Name;  // also the name of its registry key
+    std::vector<Rule> Rules;
+    std::vector<std::wstring> ServerTSP;  // time-stamp server; "0": none
+    std::vector<std::wstring> ZCSProfile;
+    std::vector<Flag> NotUseLDAP;
+    std::vector<Flag> NotCopyToLocal;
+    std::vector<Flag> AutoUseTSP;
+    std::vector<Flag> AutoVerifyTSP;
+    std::vector<Flag> NoTSPisError;
+    std::vector<Flag> UseAIA;
+    std::vector<Flag> NotAddCert;
+    std::vector<Flag> NotLoadCrl;
+    std::vector<int32_t> CrlUpdatePeriod;  // hours
+    Flag VerifyFile = 0;
+    Flag VerifyXFile = 0;
+    Flag VerifyDetFile = 0;
+    Flag VerifyResignFile = 0;
+    int32_t HandlerTimeout = 15;  // seconds
+    Flag RenameConfFiles = 0;
+    bool operator==(const ServiceProfile&) const = default;
+};
+
+template <class AnyProfile, class Visitor>
+void VisitProfile(AnyProfile& profile, Visitor& visit) {
+    visit.List(L"ServerTSP", profile.ServerTSP);
+    visit.List(L"ZCSProfile", profile.ZCSProfile);
+    visit.List(L"NotUseLDAP", profile.NotUseLDAP);
+    visit.List(L"NotCopyToLocal", profile.NotCopyToLocal);
+    visit.List(L"AutoUseTSP", profile.AutoUseTSP);
+    visit.List(L"AutoVerifyTSP", profile.AutoVerifyTSP);
+    visit.List(L"NoTSPisError", profile.NoTSPisError);
+    visit.List(L"UseAIA", profile.UseAIA);
+    visit.List(L"NotAddCert", profile.NotAddCert);
+    visit.List(L"NotLoadCrl", profile.NotLoadCrl);
+    visit.List(L"CrlUpdatePeriod", profile.CrlUpdatePeriod);
+    visit.Number(L"Verify File", profile.VerifyFile);
+    visit.Number(L"Verify x file", profile.VerifyXFile);
+    visit.Number(L"Verify det file", profile.VerifyDetFile);
+    visit.Number(L"Verify resign file", profile.VerifyResignFile);
+    visit.Number(L"Handler timeout", profile.HandlerTimeout);
+    visit.Number(L"Rename conf files", profile.RenameConfFiles);
+}
+
+struct GlobalSettings {
+    int32_t WindowTop = 0;  // the main window's normal rectangle on the screen, in pixels
+    int32_t WindowBottom = 0;
+    int32_t WindowLeft = 0;
+    int32_t WindowRight = 0;
+    std::wstring SigExt = L"p7s";
+    std::wstring DsigExt = L"p7d";
+    std::wstring EncExt = L"p7e";
+    std::wstring B64Ext = L"b64";
+    std::wstring HashExt = L"hsh";
+    std::wstring VerifyFileExt = L"vrf";
+    std::wstring ZIPArchiveExt = L"zip";
+    std::wstring GZIPArchiveExt = L"gz";
+    std::vector<std::wstring> ExtExt;
+    std::wstring LogPath;
+    int32_t LogFilesize = 4000;  // KB; never below 400 after loading
+    bool operator==(const GlobalSettings&) const = default;
+};
+
+inline constexpr int32_t SmallestLogFilesize = 400;  // KB
+
+template <class AnySettings, class Visitor>
+void VisitSettings(AnySettings& settings, Visitor& visit) {
+    visit.Number(L"Window_top", settings.WindowTop);
+    visit.Number(L"Window_bottom", settings.WindowBottom);
+    visit.Number(L"Window_left", settings.WindowLeft);
+    visit.Number(L"Window_right", settings.WindowRight);
+    visit.Text(L"SigExt", settings.SigExt);
+    visit.Text(L"DsigExt", settings.DsigExt);
+    visit.Text(L"EncExt", settings.EncExt);
+    visit.Text(L"B64Ext", settings.B64Ext);
+    visit.Text(L"HashExt", settings.HashExt);
+    visit.Text(L"VerifyFileExt", settings.VerifyFileExt);
+    visit.Text(L"ZIPArchiveExt", settings.ZIPArchiveExt);
+    visit.Text(L"GZIPArchiveExt", settings.GZIPArchiveExt);
+    visit.PlainList(L"ExtExt", settings.ExtExt);
+    visit.Text(L"LogPath", settings.LogPath);
+    visit.Number(L"Log filesize", settings.LogFilesize);
+}
+
+}  // namespace config

@@ -1,0 +1,223 @@
+#include "config/RegistryStore.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include "config/RegistryValues.h"
+#include "text/Numbers.h"
+
+namespace config {
+namespace {
+
+using platform::KeyHandle;
+using platform::ValueType;
+using platform::Win32Code;
+namespace code = platform::code;
+
+constexpr uint32_t subkeyNameCapacity = 260;   // characters, with the terminating zero
+constexpr uint32_t deletedNameCapacity = 256;  // likewise
+constexpr size_t stringCapacity = 1040;        // bytes: 519 characters and the terminating zero
+
+// Closes a key that only one function uses.
+class ScopedKey {
+  public:
+    ScopedKey(platform::RegistryBackend& registry, KeyHandle key) : registry_(registry), key_(key) {}
+    ~ScopedKey() { registry_.Close(key_); }
+    ScopedKey(const ScopedKey&) = delete;
+    ScopedKey& operator=(const ScopedKey&) = delete;
+
+  private:
+    platform::RegistryBackend& registry_;
+    KeyHandle key_;
+};
+
+}  // namespace
+
+RegistryStore::~RegistryStore() {
+    if (current_ != KeyHandle::None) registry_.Close(current_);
+}
+
+Win32Code RegistryStore::MakeCurrent(Win32Code code, KeyHandle key) {
+    if (code != code::Success) return code;
+    if (current_ != KeyHandle::None) registry_.Close(current_);
+    current_ = key;
+    return code;
+}
+
+Win32Code RegistryStore::Open(platform::RootKey root, const std::wstring& path) {
+    KeyHandle key = KeyHandle::None;
+    const Win32Code result = registry_.Open(root, path, key);
+    return MakeCurrent(result, key);
+}
+
+Win32Code RegistryStore::CreateMachineKey(const std::wstring& path) {
+    KeyHandle key = KeyHandle::None;
+    const Win32Code result = registry_.Create(platform::RootKey::LocalMachine, path, key);
+    return MakeCurrent(result, key);
+}
+
+Win32Code RegistryStore::Close() {
+    const KeyHandle key = current_;
+    current_ = KeyHandle::None;
+    return registry_.Close(key);
+}
+
+Win32Code RegistryStore::EnumerateSubkeys(std::vector<std::wstring>& names) {
+    names.clear();
+    for (uint32_t index = 0;; ++index) {
+        std::wstring name;
+        const Win32Code result = registry_.EnumerateSubkey(current_, index, subkeyNameCapacity, name);
+        if (result == code::NoMoreItems) return code::Success;
+        if (result != code::Success) return result;
+        names.push_back(std::move(name));
+    }
+}
+
+Win32Code RegistryStore::DeleteKeyTree(const std::wstring& name) {
+    return DeleteTree(current_, name);
+}
+
+Win32Code RegistryStore::DeleteTree(KeyHandle parent, const std::wstring& name) {
+    KeyHandle key = KeyHandle::None;
+    if (const Win32Code result = registry_.OpenSubkey(parent, name, key); result != code::Success)
+        return result;
+    {
+        const ScopedKey closeLater(registry_, key);
+        std::wstring child;
+        // Always the first one: each deletion moves the next to the front.
+        while (registry_.EnumerateSubkey(key, 0, deletedNameCapacity, child) == code::Success)
+            if (const Win32Code result = DeleteTree(key, child); result != code::Success) return result;
+    }
+    return registry_.DeleteSubkey(parent, name);
+}
+
+bool RegistryStore::ReportValue(const errors::ReportContext& context, Win32Code code,
+                                const wchar_t* operation, const std::wstring& name) const {
+    reporter_.ErrorReport(context, {.code = code, .operation = operation, .argument = name});
+    return false;
+}
+
+ReadOutcome RegistryStore::ReadInteger(const std::wstring& name, int32_t& target,
+                                       const errors::ReportContext& context, int32_t defaultValue) {
+    std::array<std::byte, 4> buffer{};
+    ValueType type{};
+    uint32_t size = buffer.size();
+    const Win32Code result = registry_.Query(current_, name, type, buffer, size);
+    const bool stored = result == code::Success || result == code::MoreData;
+    if (result == code::FileNotFound || (stored && size != buffer.size())) {
+        target = defaultValue;
+        return ReadOutcome::Default;
+    }
+    if (result != code::Success) {
+        ReportValue(context, result, L"Reading integer value '%s' from register", name);
+        return ReadOutcome::Failure;
+    }
+    uint32_t value = 0;
+    for (size_t i = buffer.size(); i-- > 0;) value = value << 8 | std::to_integer<uint32_t>(buffer[i]);
+    target = static_cast<int32_t>(value);
+    return ReadOutcome::Value;
+}
+
+ReadOutcome RegistryStore::ReadString(const std::wstring& name, std::wstring& target,
+                                      const errors::ReportContext& context,
+                                      const std::wstring& defaultValue) {
+    std::array<std::byte, stringCapacity> buffer;
+    ValueType type{};
+    uint32_t size = buffer.size();
+    const Win32Code result = registry_.Query(current_, name, type, buffer, size);
+    const bool missing = result == code::FileNotFound || result == code::InvalidData;
+    if (result != code::Success && !missing) {
+        ReportValue(context, result, L"Reading string value '%s' from register", name);
+        return ReadOutcome::Failure;
+    }
+    auto text = missing ? std::nullopt
+                        : DecodeString(type, std::span(buffer).first(std::min<size_t>(size, buffer.size())));
+    target = text ? std::move(*text) : defaultValue;
+    return text ? ReadOutcome::Value : ReadOutcome::Default;
+}
+
+bool RegistryStore::ReadStringList(const std::wstring& name, std::vector<std::wstring>& target,
+                                   const ui::Dialog* owner) {
+    constexpr wchar_t operation[] = L"Reading multistring value '%s' from register";
+    const errors::ReportContext context{owner, errors::ReportMode::ShowAndCollect};
+    target.clear();
+    ValueType type{};
+    uint32_t size = 0;
+    Win32Code result = registry_.Query(current_, name, type, {}, size);
+    if (result == code::FileNotFound || result == code::InvalidData) return true;
+    if (result != code::Success) return ReportValue(context, result, operation, name);
+
+    const size_t capacity = size_t{size} + 2;
+    const std::unique_ptr<std::byte[]> block = memory_.Allocate(capacity, result);
+    if (!block) return ReportValue(context, result, L"Memory allocation", name);
+    result = registry_.Query(current_, name, type, {block.get(), capacity}, size);
+    if (result == code::FileNotFound || result == code::InvalidData) return true;
+    if (result != code::Success) return ReportValue(context, result, operation, name);
+    if (auto entries = DecodeStringList(type, {block.get(), std::min<size_t>(size, capacity)}))
+        target = std::move(*entries);
+    return true;
+}
+
+bool RegistryStore::ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target,
+                                    const ui::Dialog* owner) {
+    target.clear();
+    std::vector<std::wstring> entries;
+    if (!ReadStringList(name, entries, owner)) return false;
+    for (const std::wstring& entry : entries) target.push_back(text::LeadingNumber(entry));
+    return true;
+}
+
+bool RegistryStore::WriteInteger(const std::wstring& name, int32_t value,
+                                 const errors::ReportContext& context) {
+    std::array<std::byte, 4> data;
+    for (size_t i = 0; i < data.size(); ++i)
+        data[i] = static_cast<std::byte>(static_cast<uint32_t>(value) >> (8 * i));
+    const Win32Code result = registry_.Set(current_, name, ValueType::Integer, data);
+    return result == code::Success ||
+           ReportValue(context, result, L"Writing integer value '%s' into register", name);
+}
+
+bool RegistryStore::WriteString(const std::wstring& name, const std::wstring& text,
+                                const errors::ReportContext& context) {
+    const Win32Code result = registry_.Set(current_, name, ValueType::String, EncodeString(text));
+    return result == code::Success ||
+           ReportValue(context, result, L"Writing string value '%s' into register", name);
+}
+
+bool RegistryStore::WriteTextList(const std::wstring& name, const std::vector<std::wstring>& texts,
+                                  const ui::Dialog* owner) {
+    std::vector<std::wstring> entries(texts);
+    for (std::wstring& entry : entries)
+        if (entry.empty()) entry = L"0";
+    return WritePlainList(name, entries, owner);
+}
+
+bool RegistryStore::WriteIntegerList(const std::wstring& name, const std::vector<int32_t>& numbers,
+                                     const ui::Dialog* owner) {
+    std::vector<std::wstring> entries;
+    entries.reserve(numbers.size());
+    for (const int32_t number : numbers) entries.push_back(text::Decimal(number));
+    return WritePlainList(name, entries, owner);
+}
+
+bool RegistryStore::WritePlainList(const std::wstring& name, const std::vector<std::wstring>& entries,
+                                   const ui::Dialog* owner) {
+    const errors::ReportContext context{owner, errors::ReportMode::ShowAndCollect};
+    const size_t size = EncodedListSize(entries);
+    Win32Code result = code::Success;
+    const std::unique_ptr<std::byte[]> block = memory_.Allocate(size, result);
+    if (!block) return ReportValue(context, result, L"Memory allocation", name);
+    const std::span data(block.get(), size);
+    EncodeStringList(entries, data);
+    result = registry_.Set(current_, name, ValueType::StringList, data);
+    return result == code::Success ||
+           ReportValue(context, result, L"Writing multistring value '%s' into register", name);
+}
+
+std::wstring DisplayPath(platform::RootKey root, const std::wstring& path) {
+    return (root == platform::RootKey::LocalMachine ? L"HKEY_LOCAL_MACHINE\\" : L"HKEY_CURRENT_USER\\") +
+           path;
+}
+
+}  // namespace config

@@ -1,0 +1,117 @@
+// Everything the editor asks of the machine it runs on, so that tests can put a machine of their own in its
+// place.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "platform/Registry.h"
+#include "platform/Win32Codes.h"
+
+namespace platform {
+
+enum class FileHandle : uintptr_t { None = 0 };
+
+// Whole files read and written in the system's way. The answer is the system's last error, 0 for success.
+class Files {
+  public:
+    virtual ~Files() = default;
+
+    virtual Win32Code Open(const std::wstring& path, FileHandle& file) = 0;  // for reading; must exist
+    virtual Win32Code Create(const std::wstring& path,
+                             FileHandle& file) = 0;  // for writing; replaces an old one
+    virtual Win32Code Size(FileHandle file, uint64_t& bytes) = 0;
+    virtual Win32Code Read(FileHandle file, std::span<std::byte> buffer, uint32_t& bytesRead) = 0;
+    virtual Win32Code Write(FileHandle file, std::span<const std::byte> data, uint32_t& bytesWritten) = 0;
+    virtual Win32Code Close(FileHandle file) = 0;
+    virtual Win32Code CheckPathExists(const std::wstring& path) = 0;  // of a file or a folder
+};
+
+// The system's ANSI code page. Characters that it lacks become the system's replacement, usually "?".
+class CodePage {
+  public:
+    virtual ~CodePage() = default;
+    virtual std::wstring ToWide(std::string_view ansi) const = 0;
+    virtual std::string ToAnsi(std::wstring_view wide) const = 0;
+};
+
+// The system's descriptions of its own codes; empty where it has none.
+class SystemMessages {
+  public:
+    virtual ~SystemMessages() = default;
+    virtual std::wstring SystemText(Win32Code code) const = 0;
+    virtual std::wstring InternetText(
+        Win32Code code) const = 0;  // from the message table of the module "wininet"
+};
+
+class Clock {
+  public:
+    virtual ~Clock() = default;
+    virtual int64_t SecondsSince1970() const = 0;
+};
+
+// A named lock that at most one running copy of a program holds.
+class InstanceLock {
+  public:
+    virtual ~InstanceLock() = default;
+    virtual bool IsHeldByAnother(const std::wstring& name) = 0;
+    virtual Win32Code Acquire(const std::wstring& name) = 0;
+    virtual void Release() = 0;
+};
+
+// Sizes of the system's window parts in pixels, on a monitor of the given resolution (96: no scaling).
+class ScreenMetrics {
+  public:
+    virtual ~ScreenMetrics() = default;
+    virtual int VerticalScrollBarWidth(uint32_t dpi) const = 0;
+    virtual int VerticalScrollArrowHeight(uint32_t dpi) const = 0;
+};
+
+// Blocks whose size comes from outside and may be too large to be had.
+class Memory {
+  public:
+    virtual ~Memory() = default;
+    // No block: error tells the system's last error.
+    virtual std::unique_ptr<std::byte[]> Allocate(size_t bytes, Win32Code& error) = 0;
+};
+
+using LibraryCode = uint32_t;  // 0: success; the library's own codes have bit 29 set
+
+enum class LibraryContext : uintptr_t { None = 0 };
+
+// One entry of the library's error stack; texts in the ANSI code page.
+struct LibraryErrorEntry {
+    std::string ErrorText;
+    std::string SourceFile;
+    int32_t Line = 0;
+    std::string Data;
+};
+
+// The maker's cryptographic library. Where it is missing there are no texts and no entries.
+class CryptoLibrary {
+  public:
+    virtual ~CryptoLibrary() = default;
+    virtual std::string ErrorText(LibraryCode code) const = 0;
+    // Takes the next entry off the library's error stack.
+    virtual std::optional<LibraryErrorEntry> NextError(LibraryContext context) const = 0;
+};
+
+// References only: whoever makes the parts keeps them alive.
+struct Machine {
+    RegistryBackend& Registry;
+    platform::Files& Files;
+    platform::CodePage& CodePage;
+    platform::SystemMessages& SystemMessages;
+    platform::Clock& Clock;
+    platform::InstanceLock& InstanceLock;
+    platform::ScreenMetrics& ScreenMetrics;
+    platform::Memory& Memory;
+    platform::CryptoLibrary& CryptoLibrary;
+};
+
+}  // namespace platform

@@ -1,0 +1,48 @@
+#include "platform/win32/Module.h"
+
+#include <windows.h>
+
+namespace platform::win32 {
+
+void UnloadModule::operator()(void* module) const {
+    FreeLibrary(static_cast<HMODULE>(module));
+}
+
+std::wstring ProgramFolder() {
+    constexpr size_t longestPath = 32768;
+    std::wstring path(MAX_PATH, L'\0');
+    DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    while (length == path.size() && path.size() < longestPath) {
+        path.resize(path.size() * 2);
+        length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    }
+    path.resize(length);
+    const size_t end = path.rfind(L'\\');
+    return end == std::wstring::npos ? std::wstring() : path.substr(0, end);
+}
+
+std::wstring SystemFolder() {
+    std::wstring path(MAX_PATH, L'\0');
+    const UINT length = GetSystemDirectoryW(path.data(), static_cast<UINT>(path.size()));
+    if (length >= path.size()) return {};
+    path.resize(length);
+    return path;
+}
+
+Module LoadCode(const std::wstring& path, Win32Code& error) {
+    Module module(LoadLibraryExW(path.c_str(), nullptr,
+                                 LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32));
+    error = module ? code::Success : GetLastError();
+    return module;
+}
+
+Module LoadResources(const std::wstring& path) {
+    return Module(
+        LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
+}
+
+AnyFunction FindExport(void* module, const char* name) {
+    return std::bit_cast<AnyFunction>(GetProcAddress(static_cast<HMODULE>(module), name));
+}
+
+}  // namespace platform::win32

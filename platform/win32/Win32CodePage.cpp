@@ -1,0 +1,38 @@
+#include "platform/win32/Win32CodePage.h"
+
+#include <windows.h>
+
+#include <limits>
+#include <stdexcept>
+
+namespace platform::win32 {
+namespace {
+
+int Length(size_t characters) {
+    if (characters > static_cast<size_t>(std::numeric_limits<int>::max())) {
+        throw std::length_error("text too long for the code page");
+    }
+    return static_cast<int>(characters);
+}
+
+}  // namespace
+
+std::wstring Win32CodePage::ToWide(std::string_view ansi) const {
+    if (ansi.empty()) return {};
+    const int length = Length(ansi.size());
+    const int needed = MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, nullptr, 0);
+    std::wstring wide(static_cast<size_t>(needed), L'\0');
+    MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, wide.data(), needed);
+    return wide;
+}
+
+std::string Win32CodePage::ToAnsi(std::wstring_view wide) const {
+    if (wide.empty()) return {};
+    const int length = Length(wide.size());
+    const int needed = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr);
+    std::string ansi(static_cast<size_t>(needed), '\0');
+    WideCharToMultiByte(CP_ACP, 0, wide.data(), length, ansi.data(), needed, nullptr, nullptr);
+    return ansi;
+}
+
+}  // namespace platform::win32

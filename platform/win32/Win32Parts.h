@@ -1,0 +1,24 @@
+// The small parts of this machine: clock, screen metrics, memory.
+#pragma once
+
+#include "platform/Machine.h"
+
+namespace platform::win32 {
+
+class Win32Clock final : public Clock {
+  public:
+    int64_t SecondsSince1970() const override;
+};
+
+class Win32ScreenMetrics final : public ScreenMetrics {
+  public:
+    int VerticalScrollBarWidth(uint32_t dpi) const override;
+    int VerticalScrollArrowHeight(uint32_t dpi) const override;
+};
+
+class Win32Memory final : public Memory {
+  public:
+    std::unique_ptr<std::byte[]> Allocate(size_t bytes, Win32Code& error) override;
+};
+
+}  // namespace platform::win32

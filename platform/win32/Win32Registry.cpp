@@ -1,0 +1,130 @@
+#include "platform/win32/Win32Registry.h"
+
+#include <windows.h>
+
+#include <limits>
+#include <vector>
+
+namespace platform::win32 {
+namespace {
+
+constexpr REGSAM readAndWrite = 0x2001F;
+static_assert(readAndWrite == (KEY_READ | KEY_WRITE));
+constexpr DWORD longestValueName = 16383;
+
+HKEY RootHandle(RootKey root) {
+    return root == RootKey::LocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+}
+
+HKEY SystemHandle(KeyHandle key) {
+    return reinterpret_cast<HKEY>(key);
+}
+
+// Lengths beyond the system's own 32 bits are refused by the system itself.
+DWORD Length(size_t bytes) {
+    constexpr size_t largest = std::numeric_limits<DWORD>::max();
+    return static_cast<DWORD>(bytes < largest ? bytes : largest);
+}
+
+Win32Code Answer(LSTATUS status) {
+    return static_cast<Win32Code>(status);
+}
+
+Win32Code OpenBelow(HKEY parent, const std::wstring& path, KeyHandle& key) {
+    HKEY opened = nullptr;
+    const LSTATUS status = RegOpenKeyExW(parent, path.c_str(), 0, readAndWrite, &opened);
+    if (status == ERROR_SUCCESS) key = static_cast<KeyHandle>(reinterpret_cast<uintptr_t>(opened));
+    return Answer(status);
+}
+
+bool IsText(ValueType type) {
+    return type == ValueType::String || type == ValueType::ExpandString || type == ValueType::StringList;
+}
+
+bool EndsWithNul(std::span<const std::byte> data) {
+    return data.size() >= 2 && data.size() % 2 == 0 && data[data.size() - 1] == std::byte{0} &&
+           data[data.size() - 2] == std::byte{0};
+}
+
+LSTATUS SetBytes(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) {
+    return RegSetValueExW(SystemHandle(key), name.c_str(), 0, static_cast<DWORD>(type),
+                          reinterpret_cast<const BYTE*>(data.data()), Length(data.size()));
+}
+
+// Where a text does not end with a NUL, the system looks at the character behind it and takes it in when it
+// is NUL. So that exactly the given bytes are stored, other characters stand around them.
+LSTATUS SetUnterminated(KeyHandle key, const std::wstring& name, ValueType type,
+                        std::span<const std::byte> data) {
+    constexpr size_t margin = 2 * sizeof(wchar_t);
+    std::string guarded(margin, '\xFF');
+    for (const std::byte byte : data) guarded += static_cast<char>(byte);
+    guarded.append(margin, '\xFF');
+    return SetBytes(key, name, type, std::as_bytes(std::span(guarded)).subspan(margin, data.size()));
+}
+
+}  // namespace
+
+Win32Code Win32Registry::Open(RootKey root, const std::wstring& path, KeyHandle& key) {
+    return OpenBelow(RootHandle(root), path, key);
+}
+
+Win32Code Win32Registry::OpenSubkey(KeyHandle parent, const std::wstring& name, KeyHandle& key) {
+    return OpenBelow(SystemHandle(parent), name, key);
+}
+
+Win32Code Win32Registry::Create(RootKey root, const std::wstring& path, KeyHandle& key) {
+    HKEY created = nullptr;
+    const LSTATUS status = RegCreateKeyExW(RootHandle(root), path.c_str(), 0, nullptr,
+                                           REG_OPTION_NON_VOLATILE, readAndWrite, nullptr, &created, nullptr);
+    if (status == ERROR_SUCCESS) key = static_cast<KeyHandle>(reinterpret_cast<uintptr_t>(created));
+    return Answer(status);
+}
+
+Win32Code Win32Registry::Close(KeyHandle key) {
+    return Answer(RegCloseKey(SystemHandle(key)));
+}
+
+Win32Code Win32Registry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
+                                         std::wstring& name) {
+    std::vector<wchar_t> buffer(capacity);
+    DWORD length = capacity;
+    const LSTATUS status =
+        RegEnumKeyExW(SystemHandle(key), index, buffer.data(), &length, nullptr, nullptr, nullptr, nullptr);
+    if (status == ERROR_SUCCESS) name.assign(buffer.data(), length);
+    return Answer(status);
+}
+
+Win32Code Win32Registry::DeleteSubkey(KeyHandle parent, const std::wstring& name) {
+    return Answer(RegDeleteKeyExW(SystemHandle(parent), name.c_str(), 0, 0));
+}
+
+Win32Code Win32Registry::Query(KeyHandle key, const std::wstring& name, ValueType& type,
+                               std::span<std::byte> buffer, uint32_t& size) {
+    DWORD storedType = 0;
+    DWORD length = Length(buffer.size());
+    BYTE* const data = buffer.empty() ? nullptr : reinterpret_cast<BYTE*>(buffer.data());
+    const LSTATUS status =
+        RegQueryValueExW(SystemHandle(key), name.c_str(), nullptr, &storedType, data, &length);
+    if (status == ERROR_SUCCESS || status == ERROR_MORE_DATA) {
+        type = static_cast<ValueType>(storedType);
+        size = length;
+    }
+    return Answer(status);
+}
+
+Win32Code Win32Registry::Set(KeyHandle key, const std::wstring& name, ValueType type,
+                             std::span<const std::byte> data) {
+    const bool storedAsGiven = !IsText(type) || data.empty() || EndsWithNul(data);
+    return Answer(storedAsGiven ? SetBytes(key, name, type, data) : SetUnterminated(key, name, type, data));
+}
+
+Win32Code Win32Registry::EnumerateValue(KeyHandle key, uint32_t index, std::wstring& name) {
+    std::vector<wchar_t> buffer(longestValueName + 1);
+    DWORD length = longestValueName + 1;
+    const LSTATUS status =
+        RegEnumValueW(SystemHandle(key), index, buffer.data(), &length, nullptr, nullptr, nullptr, nullptr);
+    if (status == ERROR_SUCCESS) name.assign(buffer.data(), length);
+    return Answer(status);
+}
+
+}  // namespace platform::win32

@@ -1,0 +1,71 @@
+#include "tests/app/MainWindow.h"
+
+namespace tests {
+
+void MainWindowTest::SeedSmallConfiguration() {
+    Seed(R"([HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\1]
+ProfileName = "Office"
+BasePath = "C:\Keys"
+
+[HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\2]
+ProfileName = "Bank"
+BasePath = "C:\Bank"
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice]
+LogPath = "C:\Logs"
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha]
+ZCSProfile = { "Office", "Bank" }
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha\rules\Rule 0]
+Operation = "ENCR"
+Descryption = "Encrypt reports"
+Path In = "C:\In"
+Path Out = "C:\Out"
+Path Error = "C:\Error"
+ZCSProfile = "Office"
+Mask num = 2
+M0 = "*.txt"
+M1 = "*.pdf"
+Ext num = 1
+C0 = "CN=Anna"
+Is on = 1
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha\rules\Rule 1]
+Operation = "MOVE"
+Descryption = "Move reports"
+Path Out 2 = "C:\Second"
+Mask = "*.dat"
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha\rules\Rule 2]
+Operation = "ENCR"
+Descryption = "Encrypt mail"
+Is on = 1
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha\rules\Rule 3]
+Descryption = "Encrypt nothing yet"
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Beta]
+ZCSProfile = { "Bank" }
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Beta\rules\Rule 0]
+Operation = "DELE"
+Descryption = "Delete drafts"
+)");
+}
+
+std::vector<std::wstring> MainWindowTest::RuleColumn(size_t column) const {
+    std::vector<std::wstring> cells;
+    for (size_t row = 0; row < user_.RowCount(id::Rules); ++row)
+        cells.push_back(user_.Row(id::Rules, row).at(column));
+    return cells;
+}
+
+int32_t MainWindowTest::StoredInteger(const std::wstring& path, const std::wstring& name) {
+    int32_t value = 0;
+    EXPECT_EQ(store_.Open(platform::RootKey::LocalMachine, path), 0U);
+    EXPECT_EQ(store_.ReadInteger(name, value, {}, 0), config::ReadOutcome::Value);
+    return value;
+}
+
+}  // namespace tests

@@ -1,0 +1,134 @@
+#include <gtest/gtest.h>
+
+#include <map>
+
+#include "tests/app/MainWindow.h"
+
+namespace tests {
+namespace {
+
+using app::CBrisgateDlg;
+
+constexpr wchar_t serviceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
+
+class MainWindowSizeTest : public MainWindowTest {
+  protected:
+    int ScrollBar() { return world_->Machine().ScreenMetrics.VerticalScrollBarWidth(user_.Top().Dpi()); }
+    ui::Rect Bounds(int control) { return user_.Top().Find(control).Bounds(); }
+};
+
+ui::Rect Moved(ui::Rect rect, int x, int y, int width, int height) {
+    return {rect.x + x, rect.y + y, rect.width + width, rect.height + height};
+}
+
+TEST_F(MainWindowSizeTest, ResizingGrowsTheListsAndKeepsTheButtonsInTheCorner) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg& dialog) {
+        std::map<int, ui::Rect> before;
+        for (ui::Control* control : dialog.Controls()) before[control->Id()] = control->Bounds();
+        for (const ui::Size grown : {ui::Size{40, 30}, ui::Size{-10, 55}}) {
+            user_.Resize(grown);
+            const int dx = grown.width;
+            const int dy = grown.height;
+            before[id::Rules] = Moved(before[id::Rules], 0, 0, dx, dy);
+            before[id::CsProfileLabel] = Moved(before[id::CsProfileLabel], 0, 0, dx, 0);
+            before[id::Search] = Moved(before[id::Search], 0, 0, dx, 0);
+            before[id::Profiles] = Moved(before[id::Profiles], 0, 0, 0, dy);
+            for (const int button : {id::Save, ui::IdOk, ui::IdCancel})
+                before[button] = Moved(before[button], dx, dy, 0, 0);
+            for (const auto& [control, bounds] : before) EXPECT_EQ(Bounds(control), bounds) << control;
+        }
+        user_.PressCloseBox();
+    });
+}
+
+TEST_F(MainWindowSizeTest, ColumnsShareTheWidthOfTheirList) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg&) {
+        for (int round = 0; round < 2; ++round) {
+            const auto& rules = user_.Get<ui::ListView>(id::Rules);
+            ASSERT_EQ(rules.Columns().size(), 9U);
+            EXPECT_EQ(rules.Columns()[0].width, 3 * ScrollBar());
+            for (size_t column = 1; column < 9; ++column)
+                EXPECT_EQ(rules.Columns()[column].width, (rules.ClientWidth() - 3 * ScrollBar()) / 8);
+            const auto& profiles = user_.Get<ui::ListView>(id::Profiles);
+            ASSERT_EQ(profiles.Columns().size(), 1U);
+            EXPECT_EQ(profiles.Columns()[0].header, L"Profiles");
+            EXPECT_EQ(profiles.Columns()[0].width, profiles.ClientWidth() - (round == 0 ? ScrollBar() : 0));
+            user_.Resize({83, 20});
+        }
+        user_.PressCloseBox();
+    });
+}
+
+TEST_F(MainWindowSizeTest, MinimisingChangesNothing) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg& dialog) {
+        const ui::Size size = dialog.ClientSize();
+        const ui::Rect rules = Bounds(id::Rules);
+        user_.Minimize();
+        EXPECT_EQ(dialog.ClientSize(), size);
+        EXPECT_EQ(Bounds(id::Rules), rules);
+        user_.Restore();
+        EXPECT_EQ(dialog.ClientSize(), size);
+        EXPECT_EQ(Bounds(id::Rules), rules);
+        user_.PressCloseBox();
+    });
+}
+
+TEST_F(MainWindowSizeTest, CannotBeMadeSmallerThanItsButtons) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg&) {
+        const ui::Rect ok = Bounds(ui::IdOk);
+        const int arrow = world_->Machine().ScreenMetrics.VerticalScrollArrowHeight(user_.Top().Dpi());
+        user_.Resize({-5000, -5000});
+        EXPECT_EQ(user_.OuterSize(),
+                  (ui::Size{11 * ok.width + 2 * ScrollBar(), 2 * (5 * ok.height + arrow)}));
+        user_.PressCloseBox();
+    });
+}
+
+TEST_F(MainWindowSizeTest, TheWindowOpensWhereItWasSaved) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg&) {
+        user_.Resize({60, 40});
+        user_.Click(id::Save);
+        user_.PressCloseBox();
+    });
+    const int32_t top = StoredInteger(serviceRoot, L"Window_top");
+    const int32_t left = StoredInteger(serviceRoot, L"Window_left");
+    ui::Size saved{StoredInteger(serviceRoot, L"Window_right") - left,
+                   StoredInteger(serviceRoot, L"Window_bottom") - top};
+    EXPECT_EQ(store_.WriteInteger(L"Window_top", 33, {}), true);
+    EXPECT_EQ(store_.WriteInteger(L"Window_left", 44, {}), true);
+    EXPECT_EQ(store_.WriteInteger(L"Window_bottom", 33 + saved.height, {}), true);
+    EXPECT_EQ(store_.WriteInteger(L"Window_right", 44 + saved.width, {}), true);
+    Run([&](CBrisgateDlg&) {
+        EXPECT_EQ(user_.OuterSize(), saved);
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(StoredInteger(serviceRoot, L"Window_top"), 33);
+    EXPECT_EQ(StoredInteger(serviceRoot, L"Window_left"), 44);
+    EXPECT_EQ(StoredInteger(serviceRoot, L"Window_bottom"), 33 + saved.height);
+    EXPECT_EQ(StoredInteger(serviceRoot, L"Window_right"), 44 + saved.width);
+}
+
+TEST_F(MainWindowSizeTest, AWindowSavedAtTheTopOrLeftEdgeOpensAtItsDefaultPlace) {
+    SeedSmallConfiguration();
+    ui::Size usual;
+    Run([&](CBrisgateDlg&) {
+        usual = user_.OuterSize();
+        user_.PressCloseBox();
+    });
+    for (const auto& [top, left] : {std::pair{0, 50}, std::pair{50, 0}}) {
+        Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nWindow_top = " + std::to_string(top) +
+             "\nWindow_left = " + std::to_string(left) + "\nWindow_bottom = 700\nWindow_right = 1200\n");
+        Run([&](CBrisgateDlg&) {
+            EXPECT_EQ(user_.OuterSize(), usual);
+            user_.PressCloseBox();
+        });
+    }
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,38 @@
+// The released program, run as a process of its own and driven from outside through its windows.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+namespace tests {
+
+class Editor {
+  public:
+    Editor();   // starts the program
+    ~Editor();  // ends the process if it is still running
+    Editor(const Editor&) = delete;
+    Editor& operator=(const Editor&) = delete;
+
+    // Waits until the program shows a window with this title; null after ten seconds or when the program has
+    // ended.
+    HWND WaitForWindow(const std::wstring& title) const;
+    // The main window, once it is shown and has opened its first profile.
+    HWND MainWindow() const;
+    // The message box (a window with the program's title that holds no rule list).
+    HWND WaitForBox() const;
+    bool WaitForEnd() const;
+
+    // Presses a button of the window and returns at once.
+    static void Press(HWND window, int id);
+    static std::wstring TextOf(HWND window, int id);
+    static std::wstring BoxText(HWND box);
+    // Every cell of a list in the program, row by row.
+    std::vector<std::vector<std::wstring>> Rows(HWND window, int listId, int columns) const;
+
+  private:
+    PROCESS_INFORMATION process_{};
+};
+
+}  // namespace tests

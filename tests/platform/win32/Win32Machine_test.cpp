@@ -1,0 +1,140 @@
+#include "platform/win32/Win32Machine.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <ctime>
+#include <limits>
+
+namespace {
+
+using platform::win32::Win32InstanceLock;
+using platform::win32::Win32Machine;
+namespace code = platform::code;
+
+// Unlike those of other tests and of other runs at the same time.
+std::wstring LockName(const wchar_t* name) {
+    return std::wstring(L"Brisgate test ") + name + std::to_wstring(GetCurrentProcessId());
+}
+
+TEST(Win32MachineTest, TheMachineConsistsOfItsParts) {
+    Win32Machine machine;
+    EXPECT_EQ(&machine.Machine.Registry, &machine.Registry);
+    EXPECT_EQ(&machine.Machine.Files, &machine.Files);
+    EXPECT_EQ(&machine.Machine.CryptoLibrary, &machine.CryptoLibrary);
+}
+
+TEST(Win32CodePageTest, PlainTextSurvivesTheWayThereAndBack) {
+    const platform::win32::Win32CodePage codePage;
+    EXPECT_EQ(codePage.ToWide("CN=Petrov, \"a\"\r\n"), L"CN=Petrov, \"a\"\r\n");
+    EXPECT_EQ(codePage.ToAnsi(L"CN=Petrov, \"a\"\r\n"), "CN=Petrov, \"a\"\r\n");
+    EXPECT_EQ(codePage.ToWide(""), L"");
+    EXPECT_EQ(codePage.ToAnsi(L""), "");
+    EXPECT_EQ(codePage.ToWide(std::string_view("a\0b", 3)), std::wstring(L"a\0b", 3));
+    EXPECT_EQ(codePage.ToAnsi(std::wstring(L"a\0b", 3)), std::string("a\0b", 3));
+}
+
+TEST(Win32CodePageTest, EveryByteOfASimplePageSurvives) {
+    CPINFO page{};
+    if (GetCPInfo(CP_ACP, &page) == FALSE || page.MaxCharSize != 1)
+        GTEST_SKIP() << "several bytes a character";
+    const platform::win32::Win32CodePage codePage;
+    std::string bytes;
+    for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
+    const std::wstring wide = codePage.ToWide(bytes);
+    EXPECT_EQ(wide.size(), 256U);
+    EXPECT_EQ(codePage.ToAnsi(wide), bytes);
+    EXPECT_EQ(codePage.ToAnsi(L"a\x4E2D"), "a?");
+}
+
+TEST(Win32SystemMessagesTest, TheSystemKnowsItsCodes) {
+    const platform::win32::Win32SystemMessages messages;
+    EXPECT_NE(messages.SystemText(code::FileNotFound), L"");
+    EXPECT_NE(messages.SystemText(code::FileNotFound), messages.SystemText(code::AccessDenied));
+    EXPECT_EQ(messages.SystemText(0x2FFF0001), L"");
+}
+
+TEST(Win32SystemMessagesTest, PlacesForInsertsStay) {
+    constexpr platform::Win32Code badProgramFormat = 193;
+    const std::wstring text = platform::win32::Win32SystemMessages().SystemText(badProgramFormat);
+    EXPECT_NE(text.find(L"%1"), std::wstring::npos) << testing::PrintToString(text);
+}
+
+TEST(Win32SystemMessagesTest, TheInternetModuleHasATableOfItsOwn) {
+    constexpr platform::Win32Code nameNotResolved = 12007;
+    const platform::win32::Win32SystemMessages messages;
+    EXPECT_NE(messages.InternetText(nameNotResolved), L"");
+    EXPECT_EQ(messages.InternetText(0x2FFF0001), L"");
+    EXPECT_EQ(GetModuleHandleW(L"wininet.dll"), nullptr);
+}
+
+TEST(Win32InstanceLockTest, AHeldLockIsSeen) {
+    Win32InstanceLock holder;
+    Win32InstanceLock other;
+    EXPECT_FALSE(other.IsHeldByAnother(LockName(L"held")));
+    EXPECT_EQ(holder.Acquire(LockName(L"held")), code::Success);
+    EXPECT_TRUE(other.IsHeldByAnother(LockName(L"held")));
+    EXPECT_FALSE(other.IsHeldByAnother(LockName(L"another")));
+}
+
+TEST(Win32InstanceLockTest, AReleasedLockIsGone) {
+    Win32InstanceLock lock;
+    EXPECT_EQ(lock.Acquire(LockName(L"released")), code::Success);
+    lock.Release();
+    lock.Release();
+    EXPECT_FALSE(lock.IsHeldByAnother(LockName(L"released")));
+}
+
+TEST(Win32InstanceLockTest, TheHolderOwnsTheLock) {
+    Win32InstanceLock lock;
+    ASSERT_EQ(lock.Acquire(LockName(L"owned")), code::Success);
+    // Owned already, so it is released as often as it was taken: once here and once by the lock.
+    const HANDLE mutex = OpenMutexW(MUTEX_ALL_ACCESS, FALSE, LockName(L"owned").c_str());
+    ASSERT_NE(mutex, nullptr);
+    EXPECT_NE(ReleaseMutex(mutex), FALSE);
+    EXPECT_EQ(ReleaseMutex(mutex), FALSE);
+    CloseHandle(mutex);
+}
+
+TEST(Win32InstanceLockTest, ANameInOtherUseIsRefused) {
+    const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, LockName(L"event").c_str());
+    ASSERT_NE(event, nullptr);
+    Win32InstanceLock lock;
+    EXPECT_EQ(lock.Acquire(LockName(L"event")), code::InvalidHandle);
+    CloseHandle(event);
+}
+
+TEST(Win32PartsTest, TheClockTellsTheTime) {
+    const int64_t before = std::time(nullptr);
+    const int64_t now = platform::win32::Win32Clock().SecondsSince1970();
+    EXPECT_GE(now, before - 1);
+    EXPECT_LE(now, std::time(nullptr) + 1);
+}
+
+TEST(Win32PartsTest, ScreenMetricsGrowWithTheResolution) {
+    const platform::win32::Win32ScreenMetrics metrics;
+    EXPECT_GT(metrics.VerticalScrollBarWidth(96), 0);
+    EXPECT_GT(metrics.VerticalScrollArrowHeight(96), 0);
+    EXPECT_NEAR(metrics.VerticalScrollBarWidth(192), 2 * metrics.VerticalScrollBarWidth(96), 2);
+    EXPECT_NEAR(metrics.VerticalScrollArrowHeight(192), 2 * metrics.VerticalScrollArrowHeight(96), 2);
+}
+
+TEST(Win32PartsTest, MemoryThatIsNotToBeHadIsRefused) {
+    platform::win32::Win32Memory memory;
+    platform::Win32Code error = 77;
+    const auto block = memory.Allocate(100, error);
+    EXPECT_NE(block, nullptr);
+    EXPECT_EQ(error, code::Success);
+    EXPECT_EQ(memory.Allocate(std::numeric_limits<size_t>::max() / 4, error), nullptr);
+    EXPECT_EQ(error, code::NotEnoughMemory);
+}
+
+TEST(Win32CryptoLibraryTest, WithoutTheLibraryThereAreNoTextsAndNoEntries) {
+    const platform::win32::Win32CryptoLibrary library;
+    if (GetModuleHandleW(L"morcel1.dll") != nullptr) GTEST_SKIP() << "the library is on this machine";
+    EXPECT_EQ(library.ErrorText(0x20000005), "");
+    EXPECT_FALSE(library.NextError(platform::LibraryContext::None));
+    EXPECT_FALSE(library.NextError(platform::LibraryContext{1}));
+}
+
+}  // namespace

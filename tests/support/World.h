@@ -1,0 +1,27 @@
+// One test's surroundings: a machine, a screen and a user. The same scenarios are linked with in-memory parts
+// on any system and with the real ones for Windows.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/Machine.h"
+#include "platform/memory/FaultyRegistry.h"
+#include "tests/support/Robot.h"
+#include "ui/Screen.h"
+
+namespace tests {
+
+class World {
+  public:
+    // A world with empty registry trees of the service and the library.
+    static std::unique_ptr<World> Make();
+    virtual ~World() = default;
+
+    virtual platform::Machine& Machine() = 0;  // its registry is the one below
+    virtual platform::memory::FaultyRegistry& Registry() = 0;
+    virtual ui::Screen& Screen() = 0;
+    virtual Robot& User() = 0;
+};
+
+}  // namespace tests

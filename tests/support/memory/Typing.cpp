@@ -1,0 +1,94 @@
+#include "tests/support/memory/Typing.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "ui/Choices.h"
+#include "ui/Controls.h"
+
+namespace tests {
+namespace {
+
+bool IsDigit(wchar_t c) {
+    return c >= L'0' && c <= L'9';
+}
+
+// What edits and editable combos have in common.
+class Field {
+  public:
+    explicit Field(ui::Control& control)
+        : control_(control),
+          edit_(dynamic_cast<ui::Edit*>(&control)),
+          combo_(dynamic_cast<ui::EditableCombo*>(&control)) {
+        if (edit_ == nullptr && combo_ == nullptr)
+            ADD_FAILURE() << "control " << control.Id() << " takes no text";
+    }
+
+    bool TakesText() const { return combo_ != nullptr || (edit_ != nullptr && !edit_->IsReadOnly()); }
+    bool TakesLines() const { return edit_ != nullptr && edit_->Style().multiLine; }
+    bool Takes(wchar_t c) const { return edit_ == nullptr || !edit_->Style().digitsOnly || IsDigit(c); }
+    const std::wstring& Text() const { return control_.Text(); }
+
+    void Give(std::wstring text) const {
+        if (edit_ != nullptr) {
+            edit_->UserTyped(std::move(text));
+        } else if (combo_ != nullptr) {
+            combo_->UserTyped(std::move(text));
+        }
+    }
+    void Empty() const {
+        if (!Text().empty()) Give({});
+    }
+
+  private:
+    ui::Control& control_;
+    ui::Edit* edit_;
+    ui::EditableCombo* combo_;
+};
+
+// What each key puts into the field.
+std::vector<std::wstring> KeysFor(const Field& field, const std::wstring& text) {
+    std::vector<std::wstring> keys;
+    for (const wchar_t c : text) {
+        if (c == L'\r' || !field.Takes(c)) continue;
+        if (c != L'\n') {
+            keys.emplace_back(1, c);
+        } else if (field.TakesLines()) {
+            keys.emplace_back(L"\r\n");
+        }
+    }
+    return keys;
+}
+
+}  // namespace
+
+void TypeInto(ui::Control& control, const std::wstring& text, const std::function<bool()>& goesOn) {
+    const Field field(control);
+    if (!field.TakesText()) return;
+    if (text.empty()) return field.Empty();
+    size_t caret = 0;
+    bool allSelected = true;
+    for (const std::wstring& key : KeysFor(field, text)) {
+        std::wstring content = allSelected ? std::wstring() : field.Text();
+        allSelected = false;
+        caret = std::min(caret, content.size());
+        content.insert(caret, key);
+        caret += key.size();
+        field.Give(content);
+        if (!goesOn()) return;
+        if (field.Text() != content) caret = 0;  // as in any edit whose text the program sets
+    }
+}
+
+void PasteInto(ui::Control& control, const std::wstring& text) {
+    const Field field(control);
+    if (!field.TakesText()) return;
+    const std::wstring taken = field.TakesLines() ? text : text.substr(0, text.find_first_of(L"\r\n"));
+    if (!std::all_of(taken.begin(), taken.end(), [&field](wchar_t c) { return field.Takes(c); })) return;
+    if (taken.empty()) return field.Empty();
+    field.Give(taken);
+}
+
+}  // namespace tests

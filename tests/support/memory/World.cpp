@@ -1,0 +1,29 @@
+#include "tests/support/World.h"
+
+#include "platform/memory/MemoryMachine.h"
+#include "tests/support/memory/MemoryRobot.h"
+#include "ui/memory/MemoryScreen.h"
+
+namespace tests {
+namespace {
+
+class MemoryWorld final : public World {
+  public:
+    platform::Machine& Machine() override { return machine_.Machine; }
+    platform::memory::FaultyRegistry& Registry() override { return machine_.Registry; }
+    ui::Screen& Screen() override { return screen_; }
+    Robot& User() override { return robot_; }
+
+  private:
+    platform::memory::MemoryMachine machine_;
+    ui::memory::MemoryScreen screen_{machine_.ScreenMetrics};
+    MemoryRobot robot_{screen_};
+};
+
+}  // namespace
+
+std::unique_ptr<World> World::Make() {
+    return std::make_unique<MemoryWorld>();
+}
+
+}  // namespace tests

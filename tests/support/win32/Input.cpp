@@ -1,0 +1,135 @@
+#include "tests/support/win32/Input.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tests::input {
+namespace {
+
+constexpr std::array<WPARAM, 9> VirtualKeys{VK_TAB, VK_RETURN, VK_ESCAPE, VK_SPACE, VK_DELETE,
+                                            VK_UP,  VK_DOWN,   VK_HOME,   VK_END};
+
+// Holds Shift or Ctrl down.
+class HeldKey {
+  public:
+    explicit HeldKey(Held held) {
+        GetKeyboardState(before_.data());
+        std::array<BYTE, 256> pressed = before_;
+        constexpr BYTE Down = 0x80;
+        for (const int key : {VK_SHIFT, VK_LSHIFT, VK_RSHIFT, VK_CONTROL, VK_LCONTROL, VK_RCONTROL, VK_MENU})
+            pressed.at(static_cast<size_t>(key)) = 0;
+        if (held == Held::Shift) pressed[VK_SHIFT] = pressed[VK_LSHIFT] = Down;
+        if (held == Held::Control) pressed[VK_CONTROL] = pressed[VK_LCONTROL] = Down;
+        SetKeyboardState(pressed.data());
+    }
+    ~HeldKey() { SetKeyboardState(before_.data()); }
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+
+  private:
+    std::array<BYTE, 256> before_{};
+};
+
+WPARAM MouseFlag(Held held) {
+    if (held == Held::Shift) return MK_SHIFT;
+    return held == Held::Control ? MK_CONTROL : 0;
+}
+
+LPARAM Packed(POINT at) {
+    return MAKELPARAM(at.x, at.y);
+}
+
+LPARAM KeyStroke(WPARAM key, bool up) {
+    constexpr LPARAM UpBits = static_cast<LPARAM>(0xC0000000);
+    const LPARAM scanCode = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC))
+                            << 16;
+    return 1 | scanCode | (up ? UpBits : 0);
+}
+
+void Work(MSG& message) {
+    const HWND root = GetAncestor(message.hwnd, GA_ROOT);
+    if (root != nullptr && IsDialogMessageW(root, &message) != FALSE) return;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+}
+
+}  // namespace
+
+void Settle() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) Work(message);
+}
+
+void Click(HWND window, POINT at, Held held) {
+    const HeldKey key(held);
+    PostMessageW(window, WM_MOUSEMOVE, MouseFlag(held), Packed(at));
+    PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON | MouseFlag(held), Packed(at));
+    PostMessageW(window, WM_LBUTTONUP, MouseFlag(held), Packed(at));
+    Settle();
+}
+
+void DoubleClick(HWND window, POINT at) {
+    Click(window, at);
+    if (IsWindowEnabled(window) == FALSE || IsWindowVisible(window) == FALSE) return;
+    PostMessageW(window, WM_LBUTTONDBLCLK, MK_LBUTTON, Packed(at));
+    PostMessageW(window, WM_LBUTTONUP, 0, Packed(at));
+    Settle();
+}
+
+void RightClick(HWND window, POINT at) {
+    PostMessageW(window, WM_MOUSEMOVE, 0, Packed(at));
+    PostMessageW(window, WM_RBUTTONDOWN, MK_RBUTTON, Packed(at));
+    PostMessageW(window, WM_RBUTTONUP, 0, Packed(at));
+    Settle();
+}
+
+POINT CenterOf(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    return {area.right / 2, area.bottom / 2};
+}
+
+void Press(HWND dialog, Key key, Held held) {
+    const HeldKey modifier(held);
+    const WPARAM virtualKey = VirtualKeys.at(static_cast<size_t>(key));
+    for (const bool up : {false, true}) {
+        const HWND focus = GetFocus();
+        const bool ours = focus != nullptr && (focus == dialog || IsChild(dialog, focus) != FALSE);
+        if (up && !ours) return;  // the key went down in a window that is no more
+        MSG message{};
+        message.hwnd = ours ? focus : dialog;
+        message.message = up ? WM_KEYUP : WM_KEYDOWN;
+        message.wParam = virtualKey;
+        message.lParam = KeyStroke(virtualKey, up);
+        Work(message);
+        Settle();
+    }
+}
+
+void Type(HWND window, wchar_t unit) {
+    PostMessageW(window, WM_CHAR, unit, 1);
+    Settle();
+}
+
+void Paste(HWND edit, const std::wstring& text) {
+    if (OpenClipboard(edit) == FALSE) return;
+    EmptyClipboard();
+    const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+    auto* const units = static_cast<wchar_t*>(GlobalLock(memory));
+    std::copy(text.begin(), text.end(), units);
+    units[text.size()] = L'\0';
+    GlobalUnlock(memory);
+    SetClipboardData(CF_UNICODETEXT, memory);
+    CloseClipboard();
+    PostMessageW(edit, WM_PASTE, 0, 0);
+    Settle();
+}
+
+void Focus(HWND dialog, HWND control) {
+    const HWND focus = GetFocus();
+    if (focus == control || IsChild(control, focus) != FALSE) return;
+    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+    Settle();
+}
+
+}  // namespace tests::input

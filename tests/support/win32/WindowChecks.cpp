@@ -1,0 +1,158 @@
+#include "tests/support/win32/WindowChecks.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+#include "ui/Choices.h"
+#include "ui/Controls.h"
+#include "ui/ListView.h"
+#include "ui/win32/ControlMirror.h"
+#include "ui/win32/Placing.h"
+
+namespace tests {
+namespace {
+
+// Labels and buttons carry ampersands doubled, so that they are not taken for marks of access keys.
+std::wstring WithSingleAmpersands(const std::wstring& text) {
+    std::wstring single;
+    for (size_t i = 0; i < text.size(); ++i) {
+        single += text[i];
+        if (text[i] == L'&' && i + 1 < text.size() && text[i + 1] == L'&') ++i;
+    }
+    return single;
+}
+
+std::wstring ItemText(HWND window, UINT lengthMessage, UINT textMessage, int index) {
+    const auto place = static_cast<WPARAM>(index);
+    const LRESULT length = SendMessageW(window, lengthMessage, place, 0);
+    if (length < 0) return L"(none)";
+    std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+    SendMessageW(window, textMessage, place, reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<size_t>(length));
+    return text;
+}
+
+class Checker : public ui::ControlVisitor {
+  public:
+    explicit Checker(HWND window) : window_(window) {}
+
+    void Visit(ui::Label& control) override { EXPECT_EQ(control.Text(), WithSingleAmpersands(Text())); }
+    void Visit(ui::Picture&) override {}
+    void Visit(ui::GroupBox& control) override { EXPECT_EQ(control.Text(), WithSingleAmpersands(Text())); }
+    void Visit(ui::Edit& control) override {
+        EXPECT_EQ(control.Text(), Text());
+        EXPECT_EQ(control.IsReadOnly(), (GetWindowLongPtrW(window_, GWL_STYLE) & ES_READONLY) != 0);
+    }
+    void Visit(ui::Button& control) override { EXPECT_EQ(control.Text(), WithSingleAmpersands(Text())); }
+    void Visit(ui::IconButton& control) override {
+        const std::wstring& name = control.Text().empty() ? control.Tooltip() : control.Text();
+        EXPECT_EQ(name, WithSingleAmpersands(Text()));
+    }
+    void Visit(ui::CheckBox& control) override {
+        EXPECT_EQ(control.Text(), WithSingleAmpersands(Text()));
+        EXPECT_EQ(control.IsChecked(), Send(BM_GETCHECK) == BST_CHECKED);
+    }
+    void Visit(ui::ComboBox& control) override {
+        CheckItems(control, CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT);
+        EXPECT_EQ(control.Selected(), Send(CB_GETCURSEL));
+    }
+    void Visit(ui::EditableCombo& control) override {
+        CheckItems(control, CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT);
+        EXPECT_EQ(control.Text(), Text());
+    }
+    void Visit(ui::ListBox& control) override {
+        CheckItems(control, LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT);
+        EXPECT_EQ(control.Selected(), Send(LB_GETCURSEL));
+    }
+    void Visit(ui::UpDown&) override {}
+    void Visit(ui::ListView& control) override { CheckListView(window_, control); }
+
+  private:
+    std::wstring Text() const { return ui::win32::TextOf(window_); }
+    LRESULT Send(UINT message) const { return SendMessageW(window_, message, 0, 0); }
+
+    void CheckItems(const ui::ChoiceControl& control, UINT countMessage, UINT lengthMessage,
+                    UINT textMessage) const {
+        const int count = static_cast<int>(control.Items().size());
+        ASSERT_EQ(count, Send(countMessage));
+        for (int i = 0; i < count; ++i)
+            EXPECT_EQ(control.Items()[static_cast<size_t>(i)],
+                      ItemText(window_, lengthMessage, textMessage, i));
+    }
+
+    const HWND window_;
+};
+
+// A combo box is as high as its font makes it, whatever the dialog says.
+bool SetsItsOwnHeight(const ui::Control& control) {
+    return dynamic_cast<const ui::ComboBox*>(&control) != nullptr ||
+           dynamic_cast<const ui::EditableCombo*>(&control) != nullptr;
+}
+
+void CheckBounds(HWND dialog, HWND window, const ui::Control& control) {
+    const ui::Rect shown = ui::win32::BoundsIn(dialog, window);
+    const ui::Rect& said = control.Bounds();
+    EXPECT_EQ(said.x, shown.x);
+    EXPECT_EQ(said.y, shown.y);
+    EXPECT_EQ(std::max(0, said.width), shown.width);
+    EXPECT_TRUE(SetsItsOwnHeight(control) || std::max(0, said.height) == shown.height) << shown.height;
+}
+
+void CheckFocus(HWND dialog, HWND window, const ui::Control& control) {
+    if (GetActiveWindow() != dialog) return;
+    const HWND focus = GetFocus();
+    const bool holdsFocus = focus == window || (focus != nullptr && IsChild(window, focus) != FALSE);
+    EXPECT_EQ(control.HasFocus(), holdsFocus) << "focus";
+}
+
+void CheckControl(HWND dialog, ui::Control& control) {
+    SCOPED_TRACE("control " + std::to_string(control.Id()));
+    const HWND window = GetDlgItem(dialog, control.Id());
+    ASSERT_NE(nullptr, window);
+    const LONG_PTR style = GetWindowLongPtrW(window, GWL_STYLE);
+    EXPECT_EQ(control.IsVisible(), (style & WS_VISIBLE) != 0) << "visible";
+    EXPECT_EQ(control.IsEnabled(), IsWindowEnabled(window) != FALSE) << "enabled";
+    CheckBounds(dialog, window, control);
+    CheckFocus(dialog, window, control);
+    Checker checker(window);
+    control.Accept(checker);
+}
+
+std::wstring MenuText(HMENU menu, UINT item, UINT by) {
+    std::wstring text(static_cast<size_t>(GetMenuStringW(menu, item, nullptr, 0, by)) + 1, L'\0');
+    const int length = GetMenuStringW(menu, item, text.data(), static_cast<int>(text.size()), by);
+    text.resize(static_cast<size_t>(length));
+    return text;
+}
+
+void CheckItem(HMENU menu, const ui::MenuItem& item) {
+    const auto id = static_cast<UINT>(item.command);
+    EXPECT_EQ(item.text, MenuText(menu, id, MF_BYCOMMAND));
+    EXPECT_EQ(item.enabled, (GetMenuState(menu, id, MF_BYCOMMAND) & (MF_GRAYED | MF_DISABLED)) == 0)
+        << item.command;
+}
+
+void CheckMenus(HWND window, const ui::Dialog& dialog) {
+    const HMENU bar = GetMenu(window);
+    ASSERT_EQ(dialog.MenuBar().empty(), bar == nullptr);
+    for (size_t i = 0; i < dialog.MenuBar().size(); ++i) {
+        const ui::Menu& menu = dialog.MenuBar()[i];
+        EXPECT_EQ(menu.title, MenuText(bar, static_cast<UINT>(i), MF_BYPOSITION));
+        for (const ui::MenuItem& item : menu.items) CheckItem(bar, item);
+    }
+    const HMENU systemMenu = GetSystemMenu(window, FALSE);
+    for (const ui::MenuItem& entry : dialog.SystemMenuEntries()) CheckItem(systemMenu, entry);
+}
+
+}  // namespace
+
+void CheckDialog(HWND window, const ui::Dialog& dialog) {
+    ASSERT_NE(nullptr, window);
+    EXPECT_EQ(dialog.Caption(), ui::win32::TextOf(window));
+    CheckMenus(window, dialog);
+    for (ui::Control* control : dialog.Controls()) CheckControl(window, *control);
+}
+
+}  // namespace tests

@@ -1,0 +1,41 @@
+#include "tests/support/World.h"
+
+#include "platform/win32/Win32Machine.h"
+#include "tests/support/TestRegistry.h"
+#include "tests/support/win32/RecordingScreen.h"
+#include "tests/support/win32/Win32Robot.h"
+#include "ui/win32/SystemFunctions.h"
+#include "ui/win32/Win32Screen.h"
+
+namespace tests {
+namespace {
+
+// The real machine, with the registry of tests in place of the one that the machine's own programs use.
+class RealWorld final : public World {
+  public:
+    RealWorld() { ui::win32::RegisterControlClasses(); }
+
+    platform::Machine& Machine() override { return machine_; }
+    platform::memory::FaultyRegistry& Registry() override { return registry_; }
+    ui::Screen& Screen() override { return screen_; }
+    Robot& User() override { return robot_; }
+
+  private:
+    platform::win32::Win32Machine parts_;
+    const std::unique_ptr<platform::RegistryBackend> storedRegistry_ = MakeTestRegistry();
+    platform::memory::FaultyRegistry registry_{*storedRegistry_};
+    platform::Machine machine_{
+        registry_,           parts_.Files,         parts_.CodePage, parts_.SystemMessages, parts_.Clock,
+        parts_.InstanceLock, parts_.ScreenMetrics, parts_.Memory,   parts_.CryptoLibrary};
+    ui::win32::Win32Screen realScreen_{parts_.ScreenMetrics};
+    RecordingScreen screen_{realScreen_};
+    Win32Robot robot_{screen_};
+};
+
+}  // namespace
+
+std::unique_ptr<World> World::Make() {
+    return std::make_unique<RealWorld>();
+}
+
+}  // namespace tests

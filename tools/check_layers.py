@@ -1,0 +1,61 @@
+#!/usr/bin/env python3
+"""Checks who includes whom: a folder may use what stands below it, never what stands above it, and windows.h is seen
+only in folders named win32. Prints each offence and ends with 1 if there is one."""
+
+import pathlib
+import re
+import sys
+
+# From the ground up. Folders on one floor may not use each other, except that a folder may always use itself.
+FLOORS = [
+    ["text"],
+    ["platform"],
+    ["ui"],
+    ["errors"],
+    ["config-records"],
+    ["crypto"],
+    ["config"],
+    ["certs", "settings", "editors"],
+    ["app"],
+]
+# Used by crypto/, while loading, saving and the exchange file, which also live in config/, use crypto/.
+RECORDS = {"Operations", "Records", "RegistryLayout", "RegistryStore", "RegistryValues", "KeyReports", "Services"}
+# What stands outside the house may use all of it.
+OUTSIDE = {"tests", "bench", "fuzz", "demo", "tools"}
+
+level = {folder: number for number, floor in enumerate(FLOORS) for folder in floor}
+
+
+def floor_of(path: pathlib.PurePosixPath) -> str:
+    folder = path.parts[0]
+    return "config-records" if folder == "config" and path.stem in RECORDS else folder
+
+
+def offences(path: pathlib.PurePosixPath, text: str):
+    own = floor_of(path)
+    if re.search(r"#include <windows\.h>", text) and "win32" not in path.parts and own not in OUTSIDE:
+        yield "windows.h outside a win32 folder"
+    if own in OUTSIDE:
+        return
+    for included in re.findall(r'#include "([^"]+)"', text):
+        used = floor_of(pathlib.PurePosixPath(included))
+        if used not in level:
+            yield f"includes {included}, which is not part of the product"
+        elif used != own and level[used] >= level[own]:
+            yield f"includes upwards: {included}"
+
+
+def main() -> int:
+    root = pathlib.Path(__file__).resolve().parent.parent
+    found = 0
+    for folder in sorted(set(level) - {"config-records"} | OUTSIDE):
+        for path in sorted((root / folder).rglob("*")):
+            if path.suffix in (".h", ".cpp"):
+                relative = pathlib.PurePosixPath(path.relative_to(root).as_posix())
+                for offence in offences(relative, path.read_text(encoding="utf-8")):
+                    print(f"{relative}: {offence}")
+                    found += 1
+    return 1 if found else 0
+
+
+sys.exit(main())

@@ -1,0 +1,84 @@
+// The controls that offer a list of texts to choose from: drop-down lists, editable combos and list boxes.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ui/Control.h"
+
+namespace ui {
+
+// Items with at most one of them selected.
+class ChoiceControl : public Control {
+  public:
+    static constexpr int None = -1;
+
+    const std::vector<std::wstring>& Items() const { return items_; }
+    int Selected() const { return selected_; }  // None, or an index of Items
+    // The selected item's text, empty when none is selected.
+    std::wstring SelectedItem() const;
+
+    void SetItems(std::vector<std::wstring> items);  // selects none
+    void Select(int index);                          // an index beyond the items selects none
+
+    void UserSelected(int index);
+
+  protected:
+    ChoiceControl(Dialog& owner, int id, const Place& place, Handler onSelect);
+    // What belongs to a selection besides the index, before the handler hears of it.
+    virtual void Selecting() {}
+    std::vector<std::wstring>& MutableItems() { return items_; }
+    void ForgetSelection() { selected_ = None; }
+
+  private:
+    std::vector<std::wstring> items_;
+    int selected_ = None;
+    Handler onSelect_;
+};
+
+// A drop-down list: only its items can be chosen. The place is that of the closed control.
+class ComboBox : public ChoiceControl {
+  public:
+    ComboBox(Dialog& owner, int id, const Place& place, Handler onSelect = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+    // Drops the list open before the user's eyes, to ask for a choice.
+    void DropDown();
+    // Whether that was done since the user last chose.
+    bool IsDroppedDown() const { return droppedDown_; }
+
+  private:
+    void Selecting() override { droppedDown_ = false; }
+    bool droppedDown_ = false;
+};
+
+// A combo box with an edit: choosing an item puts its text there. The handler hears of typing and choosing.
+class EditableCombo : public ChoiceControl {
+  public:
+    EditableCombo(Dialog& owner, int id, const Place& place, Handler onChange = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    void UserTyped(std::wstring text);
+
+  private:
+    void Selecting() override { TakeText(SelectedItem()); }
+    Handler onChange_;
+};
+
+class ListBox : public ChoiceControl {
+  public:
+    enum class Order { AsAdded, Alphabetical };  // alphabetical: without regard to case
+
+    ListBox(Dialog& owner, int id, const Place& place, Order order, Handler onSelect = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+    // Adds at the end, or at its place in an alphabetical list, and returns the index. The selected item
+    // stays.
+    int Add(std::wstring item);
+    void Remove(int index);                         // selects none when the selected item goes
+    void Replace(std::vector<std::wstring> items);  // all items, put into the list's order
+
+  private:
+    const Order order_;
+};
+
+}  // namespace ui

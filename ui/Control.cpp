@@ -1,0 +1,79 @@
+#include "ui/Control.h"
+
+#include "ui/Dialog.h"
+#include "ui/Window.h"
+
+namespace ui {
+namespace {
+
+int Scaled(int pixels, uint32_t fromDpi, uint32_t toDpi) {
+    return static_cast<int>(static_cast<int64_t>(pixels) * toDpi / fromDpi);
+}
+
+}  // namespace
+
+Control::Control(Dialog& owner, int id, const Place& place, std::wstring text)
+    : owner_(owner),
+      id_(id),
+      place_(place),
+      text_(std::move(text)) {
+    owner.Register(*this);
+}
+
+void Control::SetText(std::wstring text) {
+    if (text == text_) return;  // setting an edit's text anew would move its caret
+    text_ = std::move(text);
+    Changed(Aspect::Text);
+}
+
+void Control::Enable(bool enabled) {
+    enabled_ = enabled;
+    Changed(Aspect::Enabled);
+}
+
+void Control::Show(bool visible) {
+    visible_ = visible;
+    Changed(Aspect::Visible);
+}
+
+void Control::SetTooltip(std::wstring tooltip) {
+    tooltip_ = std::move(tooltip);
+    Changed(Aspect::Tooltip);
+}
+
+void Control::SetFocus() {
+    owner_.SetFocus(*this);
+}
+
+bool Control::HasFocus() const {
+    return owner_.Focus() == this;
+}
+
+void Control::UserFocused() {
+    owner_.UserFocused(*this);
+}
+
+void Control::UserLeft() {
+    owner_.UserLeft(*this);
+    if (onFocusLost_) onFocusLost_();
+}
+
+void Control::FollowGrowth(const Size& growth) {
+    const Follow& follow = place_.follow;
+    bounds_ = {openingBounds_.x + growth.width * follow.moveX / 100,
+               openingBounds_.y + growth.height * follow.moveY / 100,
+               openingBounds_.width + growth.width * follow.growX / 100,
+               openingBounds_.height + growth.height * follow.growY / 100};
+}
+
+void Control::Rescale(uint32_t fromDpi, uint32_t toDpi) {
+    openingBounds_ = {Scaled(openingBounds_.x, fromDpi, toDpi), Scaled(openingBounds_.y, fromDpi, toDpi),
+                      Scaled(openingBounds_.width, fromDpi, toDpi),
+                      Scaled(openingBounds_.height, fromDpi, toDpi)};
+}
+
+void Control::Changed(Aspect aspect) const {
+    if (owner_.window_ != nullptr) owner_.window_->Show(*this, aspect);
+}
+
+}  // namespace ui

@@ -1,0 +1,113 @@
+#include "ui/Controls.h"
+
+#include <algorithm>
+
+#include "text/Numbers.h"
+#include "ui/Dialog.h"
+
+namespace ui {
+
+Label::Label(Dialog& owner, int id, const Place& place, std::wstring text)
+    : Control(owner, id, place, std::move(text)) {}
+
+Picture::Picture(Dialog& owner, int id, const Place& place, ui::Icon icon)
+    : Control(owner, id, place, {}),
+      icon_(icon) {}
+
+void Picture::SetIcon(ui::Icon icon) {
+    icon_ = icon;
+    Changed(Aspect::Icon);
+}
+
+GroupBox::GroupBox(Dialog& owner, int id, const Place& place, std::wstring text)
+    : Control(owner, id, place, std::move(text)) {}
+
+Edit::Edit(Dialog& owner, int id, const Place& place, const EditStyle& style, Handler onChange)
+    : Control(owner, id, place, {}),
+      style_(style),
+      readOnly_(style.readOnly),
+      onChange_(std::move(onChange)) {}
+
+void Edit::SetReadOnly(bool readOnly) {
+    readOnly_ = readOnly;
+    Changed(Aspect::ReadOnly);
+}
+
+int32_t Edit::Number() const {
+    return text::LeadingNumber(Text());
+}
+
+void Edit::SetNumber(int32_t number) {
+    SetText(text::Decimal(number));
+}
+
+void Edit::UserTyped(std::wstring text) {
+    TakeText(std::move(text));
+    if (onChange_) onChange_();
+}
+
+Button::Button(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick)
+    : Control(owner, id, place, std::move(text)),
+      onClick_(std::move(onClick)) {}
+
+void Button::UserClicked() {
+    if (Id() == IdOk) {
+        Owner().UserPressedOk();
+    } else if (Id() == IdCancel) {
+        Owner().UserPressedCancel();
+    } else if (onClick_) {
+        onClick_();
+    }
+}
+
+IconButton::IconButton(Dialog& owner, int id, const Place& place, ui::Icon icon, std::wstring tooltip,
+                       Handler onClick)
+    : Control(owner, id, place, {}),
+      icon_(icon),
+      onClick_(std::move(onClick)) {
+    SetTooltip(std::move(tooltip));
+}
+
+void IconButton::SetIcon(ui::Icon icon) {
+    icon_ = icon;
+    Changed(Aspect::Icon);
+}
+
+void IconButton::UserClicked() {
+    if (onClick_) onClick_();
+}
+
+CheckBox::CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick)
+    : Control(owner, id, place, std::move(text)),
+      onClick_(std::move(onClick)) {}
+
+void CheckBox::SetChecked(bool checked) {
+    checked_ = checked;
+    Changed(Aspect::Check);
+}
+
+void CheckBox::UserClicked() {
+    checked_ = !checked_;
+    Changed(Aspect::Check);
+    if (onClick_) onClick_();
+}
+
+UpDown::UpDown(Dialog& owner, int id, Edit& buddy, int32_t lowest, int32_t highest)
+    : Control(owner, id, buddy.Placement(), {}),
+      buddy_(buddy),
+      lowest_(lowest),
+      highest_(highest) {}
+
+void UpDown::SetRange(int32_t lowest, int32_t highest) {
+    lowest_ = lowest;
+    highest_ = highest;
+    Changed(Aspect::Range);
+}
+
+void UpDown::UserStepped(int32_t steps) {
+    const int64_t wanted = int64_t{buddy_.Number()} + steps;
+    buddy_.SetNumber(static_cast<int32_t>(std::clamp(wanted, int64_t{lowest_}, int64_t{highest_})));
+    buddy_.UserTyped(buddy_.Text());
+}
+
+}  // namespace ui

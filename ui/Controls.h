@@ -1,0 +1,128 @@
+// The simple controls: texts, pictures, edits, buttons, check boxes and up-down arrows.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "ui/Control.h"
+#include "ui/Icons.h"
+
+namespace ui {
+
+class Label : public Control {
+  public:
+    Label(Dialog& owner, int id, const Place& place, std::wstring text = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool TakesFocus() const override { return false; }
+};
+
+class Picture : public Control {
+  public:
+    Picture(Dialog& owner, int id, const Place& place, ui::Icon icon);
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool TakesFocus() const override { return false; }
+    ui::Icon Icon() const { return icon_; }
+    void SetIcon(ui::Icon icon);
+
+  private:
+    ui::Icon icon_;
+};
+
+class GroupBox : public Control {
+  public:
+    GroupBox(Dialog& owner, int id, const Place& place, std::wstring text = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool TakesFocus() const override { return false; }
+};
+
+struct EditStyle {
+    bool digitsOnly = false;
+    bool readOnly = false;
+    bool multiLine = false;   // Enter starts a new line; lines end with "\r\n"
+    bool scrollBars = false;  // both
+};
+
+class Edit : public Control {
+  public:
+    Edit(Dialog& owner, int id, const Place& place, const EditStyle& style = {}, Handler onChange = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+    const EditStyle& Style() const { return style_; }
+    bool IsReadOnly() const { return readOnly_; }
+    void SetReadOnly(bool readOnly);
+
+    // The number in a digits-only edit: 0 when it is empty, the largest int32_t when it is beyond that.
+    int32_t Number() const;
+    void SetNumber(int32_t number);
+
+    void UserTyped(std::wstring text);  // the whole new content
+
+  private:
+    const EditStyle style_;
+    bool readOnly_;
+    Handler onChange_;
+};
+
+// A push button. Those with the ids IdOk and IdCancel press the dialog's OK and Cancel and need no handler.
+class Button : public Control {
+  public:
+    Button(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    void UserClicked();
+
+  private:
+    Handler onClick_;
+};
+
+// A button that shows only its icon. A text set on it names it for screen readers; without one its tooltip
+// does.
+class IconButton : public Control {
+  public:
+    IconButton(Dialog& owner, int id, const Place& place, ui::Icon icon, std::wstring tooltip,
+               Handler onClick = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+    ui::Icon Icon() const { return icon_; }
+    void SetIcon(ui::Icon icon);
+    void UserClicked();
+
+  private:
+    ui::Icon icon_;
+    Handler onClick_;
+};
+
+class CheckBox : public Control {
+  public:
+    CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+    bool IsChecked() const { return checked_; }
+    void SetChecked(bool checked);
+    void UserClicked();  // toggles
+
+  private:
+    bool checked_ = false;
+    Handler onClick_;
+};
+
+// Arrows at the right end of a digits-only edit that count it up and down within the range.
+class UpDown : public Control {
+  public:
+    UpDown(Dialog& owner, int id, Edit& buddy, int32_t lowest, int32_t highest);
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool TakesFocus() const override { return false; }
+
+    Edit& Buddy() const { return buddy_; }
+    int32_t Lowest() const { return lowest_; }
+    int32_t Highest() const { return highest_; }
+    void SetRange(int32_t lowest, int32_t highest);
+
+    void UserStepped(int32_t steps);  // the edit's own handler hears of the change
+
+  private:
+    Edit& buddy_;
+    int32_t lowest_;
+    int32_t highest_;
+};
+
+}  // namespace ui

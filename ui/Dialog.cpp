@@ -1,0 +1,159 @@
+#include "ui/Dialog.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "ui/Controls.h"
+#include "ui/Window.h"
+
+namespace ui {
+
+Dialog::Dialog(ui::Screen& screen, Dialog* owner, const DialogStyle& style, std::wstring caption)
+    : screen_(screen),
+      parent_(owner),
+      style_(style),
+      caption_(std::move(caption)) {}
+
+Dialog::~Dialog() {
+    Close();
+}
+
+int Dialog::DoModal() {
+    return screen_.RunModal(*this);
+}
+
+void Dialog::OpenModeless() {
+    screen_.OpenModeless(*this);
+}
+
+void Dialog::Close() {
+    if (window_ != nullptr) window_->End(IdCancel);
+}
+
+bool Dialog::HasEnded() const {
+    return window_ == nullptr || window_->HasEnded();
+}
+
+Control& Dialog::Find(int id) const {
+    const auto found =
+        std::find_if(controls_.begin(), controls_.end(), [id](Control* c) { return c->Id() == id; });
+    if (found == controls_.end()) throw std::out_of_range("Dialog::Find: no such control");
+    return **found;
+}
+
+bool Dialog::Has(int id) const {
+    return std::any_of(controls_.begin(), controls_.end(), [id](Control* c) { return c->Id() == id; });
+}
+
+int Dialog::ClientWidthOf(const Control& control) const {
+    return window_ == nullptr ? 0 : window_->ClientWidth(control);
+}
+
+void Dialog::SetFocus(Control& control) {
+    focus_ = &control;
+    if (window_ != nullptr) window_->Show(*this, DialogAspect::Focus);
+}
+
+void Dialog::Opened(Window& window, Size clientSize, uint32_t dpi) {
+    window_ = &window;
+    openingSize_ = clientSize_ = clientSize;
+    dpi_ = dpi;
+    OnInitDialog();
+}
+
+void Dialog::Closed() {
+    window_ = nullptr;
+    focus_ = nullptr;
+}
+
+void Dialog::UserResized(SizeKind kind, Size clientSize) {
+    if (kind != SizeKind::Restored) return;
+    clientSize_ = clientSize;
+    FollowGrowth();
+}
+
+void Dialog::UserChangedDpi(uint32_t dpi) {
+    for (Control* control : controls_) control->Rescale(dpi_, dpi);
+    openingSize_ = {openingSize_.width * static_cast<int>(dpi) / static_cast<int>(dpi_),
+                    openingSize_.height * static_cast<int>(dpi) / static_cast<int>(dpi_)};
+    dpi_ = dpi;
+    FollowGrowth();
+}
+
+void Dialog::FollowGrowth() {
+    const Size growth{clientSize_.width - openingSize_.width, clientSize_.height - openingSize_.height};
+    for (Control* control : controls_) control->FollowGrowth(growth);
+    window_->ShowBounds(*this);
+    OnResized();
+}
+
+void Dialog::UserPressedOk() {
+    if (Has(IdOk) && !Find(IdOk).IsEnabled()) return;
+    OnOK();
+}
+
+void Dialog::UserPressedCancel() {
+    if (Has(IdCancel) && !Find(IdCancel).IsEnabled()) return;
+    OnCancel();
+}
+
+void Dialog::UserChoseMenu(int command) {
+    OnMenuCommand(command);
+}
+
+bool Dialog::UserChoseSystemMenu(int command) {
+    const bool ours = std::any_of(systemMenuEntries_.begin(), systemMenuEntries_.end(),
+                                  [command](const MenuItem& entry) { return entry.command == command; });
+    if (ours) OnSystemCommand(command);
+    return ours;
+}
+
+void Dialog::UserFocused(Control& control) {
+    focus_ = &control;
+}
+
+void Dialog::UserLeft(Control& control) {
+    if (focus_ == &control) focus_ = nullptr;
+}
+
+void Dialog::EndDialog(int result) {
+    if (window_ != nullptr) window_->End(result);
+}
+
+void Dialog::SetCaption(std::wstring caption) {
+    caption_ = std::move(caption);
+    if (window_ != nullptr) window_->Show(*this, DialogAspect::Caption);
+}
+
+void Dialog::SetIcon(ui::Icon icon) {
+    icon_ = icon;
+    if (window_ != nullptr) window_->Show(*this, DialogAspect::Icon);
+}
+
+void Dialog::SetMenuBar(std::vector<Menu> menus) {
+    menuBar_ = std::move(menus);
+    if (window_ != nullptr) window_->Show(*this, DialogAspect::MenuBar);
+}
+
+void Dialog::EnableMenuItems(const std::vector<int>& commands, bool enabled) {
+    for (Menu& menu : menuBar_)
+        for (MenuItem& item : menu.items)
+            if (std::find(commands.begin(), commands.end(), item.command) != commands.end())
+                item.enabled = enabled;
+    if (window_ != nullptr) window_->Show(*this, DialogAspect::MenuBar);
+}
+
+void Dialog::AppendToSystemMenu(int command, std::wstring text) {
+    systemMenuEntries_.push_back({command, std::move(text), true});
+    if (window_ != nullptr) window_->Show(*this, DialogAspect::SystemMenu);
+}
+
+Rect Dialog::NormalRect() const {
+    return window_ == nullptr ? Rect{} : window_->NormalRect();
+}
+
+void Dialog::SetNormalRect(const Rect& rect) {
+    if (window_ != nullptr) window_->SetNormalRect(rect);
+}
+
+}  // namespace ui

@@ -1,0 +1,125 @@
+// The base of every dialog. A dialog declares its controls as members, in tab order, and hears of what the
+// user does through their handlers and through the virtual functions below. Whether a real window or a test
+// stands behind it is the screen's business.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ui/Control.h"
+#include "ui/Geometry.h"
+#include "ui/Icons.h"
+#include "ui/Menu.h"
+#include "ui/Screen.h"
+
+namespace ui {
+
+class Window;
+
+struct DialogStyle {
+    Size size;  // of the client area, in dialog units
+    bool resizable = false;
+    bool minimizeBox = false;
+    bool systemMenu = true;  // with the close box
+};
+
+enum class SizeKind { Restored, Minimized, Maximized };
+
+class Dialog {
+  public:
+    Dialog(ui::Screen& screen, Dialog* owner, const DialogStyle& style, std::wstring caption = {});
+    virtual ~Dialog();
+    Dialog(const Dialog&) = delete;
+    Dialog& operator=(const Dialog&) = delete;
+
+    // Runs the dialog until it ends and returns its result: IdOk, IdCancel or what EndDialog was given.
+    int DoModal();
+    // Shows the dialog and returns at once; Close, or the end of the object, takes it away.
+    void OpenModeless();
+    void Close();
+
+    bool IsOpen() const { return window_ != nullptr; }
+    // Not open, or on its way out: the user can do nothing more in it.
+    bool HasEnded() const;
+    const DialogStyle& Style() const { return style_; }
+    Dialog* Parent() const { return parent_; }
+    const std::vector<Control*>& Controls() const { return controls_; }
+    // The control with the id. Throws std::out_of_range when there is none.
+    Control& Find(int id) const;
+    bool Has(int id) const;
+
+    const std::wstring& Caption() const { return caption_; }
+    ui::Icon Icon() const { return icon_; }
+    const std::vector<Menu>& MenuBar() const { return menuBar_; }
+    const std::vector<MenuItem>& SystemMenuEntries() const { return systemMenuEntries_; }
+    Control* Focus() const { return focus_; }
+    // Of the client area, at the last size event of the restored kind.
+    Size ClientSize() const { return clientSize_; }
+    uint32_t Dpi() const { return dpi_; }
+    // The smallest outer size to which the user can drag the window, in pixels; 0: the system's.
+    virtual Size MinimumTrackSize() const { return {}; }
+
+    void SetFocus(Control& control);
+    // Pixels inside the control's border, without its scroll bar when one is shown; 0 while the dialog is not
+    // open.
+    int ClientWidthOf(const Control& control) const;
+
+    // What the windows report and the user does. Exceptions of handlers pass through.
+    void Opened(Window& window, Size clientSize, uint32_t dpi);  // every control has its opening bounds
+    void Closed();
+    void UserResized(SizeKind kind, Size clientSize);
+    void UserChangedDpi(uint32_t dpi);
+    void UserPressedOk();      // the OK button, or Enter with no other button to press
+    void UserPressedCancel();  // the Cancel button, Escape or the close box
+    void UserChoseMenu(int command);
+    bool UserChoseSystemMenu(int command);  // false: the system's own command, left to it
+    void UserFocused(Control& control);
+    void UserLeft(Control& control);
+
+  protected:
+    // Called once the window exists and before it is shown.
+    virtual void OnInitDialog() {}
+    virtual void OnOK() { EndDialog(IdOk); }
+    virtual void OnCancel() { EndDialog(IdCancel); }
+    virtual void OnMenuCommand(int /*command*/) {}
+    virtual void OnSystemCommand(int /*command*/) {}
+    // After a size event of the restored kind: the controls have moved, the window is about to be painted.
+    virtual void OnResized() {}
+
+    void EndDialog(int result);
+
+    void SetCaption(std::wstring caption);
+    void SetIcon(ui::Icon icon);
+    void SetMenuBar(std::vector<Menu> menus);
+    void EnableMenuItems(const std::vector<int>& commands, bool enabled);
+    // Puts a separator and the entry at the end of the system menu. command: a multiple of 16 below 0xF000.
+    void AppendToSystemMenu(int command, std::wstring text);
+
+    // The outer rectangle of the window that is neither minimised nor maximised, in pixels of the screen.
+    Rect NormalRect() const;
+    void SetNormalRect(const Rect& rect);
+
+    ui::Screen& Screen() const { return screen_; }
+
+  private:
+    friend class Control;
+    void Register(Control& control) { controls_.push_back(&control); }
+    void FollowGrowth();
+
+    ui::Screen& screen_;
+    Dialog* const parent_;
+    const DialogStyle style_;
+    std::wstring caption_;
+    ui::Icon icon_ = ui::Icon::None;
+    std::vector<Menu> menuBar_;
+    std::vector<MenuItem> systemMenuEntries_;
+    std::vector<Control*> controls_;
+    Window* window_ = nullptr;
+    Control* focus_ = nullptr;
+    Size openingSize_;
+    Size clientSize_;
+    uint32_t dpi_ = 96;
+};
+
+}  // namespace ui

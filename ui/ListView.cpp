@@ -1,0 +1,110 @@
+#include "ui/ListView.h"
+
+#include <algorithm>
+
+#include "ui/Dialog.h"
+#include "ui/Window.h"
+
+namespace ui {
+
+ListView::ListView(Dialog& owner, int id, const Place& place, const ListStyle& style)
+    : Control(owner, id, place, {}),
+      style_(style) {}
+
+void ListView::SetColumns(std::vector<Column> columns) {
+    columns_ = std::move(columns);
+    Changed(Aspect::Columns);
+}
+
+void ListView::SetColumnWidths(const std::vector<int>& pixels) {
+    for (size_t i = 0; i < columns_.size(); ++i) columns_[i].width = pixels.at(i);
+    Changed(Aspect::Columns);
+}
+
+void ListView::SetSortArrow(size_t column, SortArrow arrow) {
+    for (size_t i = 0; i < columns_.size(); ++i) columns_[i].arrow = i == column ? arrow : SortArrow::None;
+    Changed(Aspect::Columns);
+}
+
+int ListView::ClientWidth() const {
+    return Owner().ClientWidthOf(*this);
+}
+
+void ListView::SetRows(size_t count) {
+    SetRows(std::vector<bool>(count));
+}
+
+void ListView::SetRows(std::vector<bool> checks) {
+    rowCount_ = checks.size();
+    checks_ = std::move(checks);
+    selection_.assign(rowCount_, false);
+    focusedRow_.reset();
+    scrollTarget_ = 0;
+    Changed(Aspect::Rows);
+}
+
+void ListView::RefreshRows() {
+    Changed(Aspect::RowChecks);
+}
+
+void ListView::SetChecks(std::vector<bool> checks) {
+    checks_ = std::move(checks);
+    checks_.resize(rowCount_);
+    Changed(Aspect::RowChecks);
+}
+
+std::optional<size_t> ListView::FirstSelected() const {
+    const auto first = std::find(selection_.begin(), selection_.end(), true);
+    if (first == selection_.end()) return std::nullopt;
+    return static_cast<size_t>(first - selection_.begin());
+}
+
+std::vector<size_t> ListView::SelectedRows() const {
+    std::vector<size_t> rows;
+    for (size_t row = 0; row < rowCount_; ++row)
+        if (selection_[row]) rows.push_back(row);
+    return rows;
+}
+
+void ListView::SelectOnly(size_t row) {
+    selection_.assign(rowCount_, false);
+    selection_.at(row) = true;
+    focusedRow_ = row;
+    Changed(Aspect::Selection);
+}
+
+void ListView::EnsureVisible(size_t row) {
+    scrollTarget_ = row;
+    Changed(Aspect::Scroll);
+}
+
+void ListView::UserSelected(size_t first, size_t last, bool selected) {
+    for (size_t row = first; row <= last && row < rowCount_; ++row) selection_[row] = selected;
+}
+
+void ListView::UserToggledCheck(size_t row) {
+    checks_.at(row) = !checks_.at(row);
+    Changed(Aspect::RowChecks);
+}
+
+void ListView::UserClicked(const ListHit& hit) {
+    if (onClick_) onClick_(hit);
+}
+
+void ListView::UserDoubleClicked(const ListHit& hit) {
+    if (onDoubleClick_) onDoubleClick_(hit);
+}
+
+void ListView::UserRightClicked(const ListHit& hit) {
+    if (onRightClick_) onRightClick_(hit);
+}
+
+void ListView::UserPressedKey(int virtualKey) {
+    if (onKeyDown_) onKeyDown_(virtualKey);
+}
+
+void ListView::UserClickedHeader(size_t column) {
+    if (onHeaderClick_) onHeaderClick_(column);
+}
+
+}  // namespace ui

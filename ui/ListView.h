@@ -1,0 +1,118 @@
+// A list in report view: columns, and rows whose cells are asked for only when they are drawn. Selection and
+// check marks are kept here, so that a list of a million rows costs the texts of the few that are seen.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ui/Control.h"
+
+namespace ui {
+
+enum class SortArrow { None, Up, Down };
+
+struct Column {
+    std::wstring header;
+    int width = 0;  // pixels
+    SortArrow arrow = SortArrow::None;
+    bool operator==(const Column&) const = default;
+};
+
+struct ListStyle {
+    bool singleSelection = false;
+    bool checkBoxes = false;
+    bool sortableHeaders = false;  // headers look and act like buttons
+};
+
+// Where the user clicked. No row: beside or below the rows.
+struct ListHit {
+    std::optional<size_t> row;
+    size_t column = 0;
+};
+
+// The keys that a list tells its dialog of, with the system's codes.
+namespace key {
+inline constexpr int Delete = 46;
+}
+
+class ListView : public Control {
+  public:
+    using Cell = std::function<std::wstring(size_t row, size_t column)>;
+    using HitHandler = std::function<void(const ListHit& hit)>;
+
+    ListView(Dialog& owner, int id, const Place& place, const ListStyle& style = {});
+    void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+
+    const ListStyle& Style() const { return style_; }
+
+    const std::vector<Column>& Columns() const { return columns_; }
+    void SetColumns(std::vector<Column> columns);
+    void SetColumnWidths(const std::vector<int>& pixels);
+    void SetSortArrow(size_t column, SortArrow arrow);  // of this column; every other column loses its arrow
+
+    // Pixels inside the border, without the vertical scroll bar when one is shown.
+    int ClientWidth() const;
+
+    // Where cells come from; the model behind it must outlive the rows.
+    void SetCells(Cell cell) { cell_ = std::move(cell); }
+    std::wstring CellText(size_t row, size_t column) const { return cell_(row, column); }
+
+    size_t RowCount() const { return rowCount_; }
+    // Shows this many rows: none selected, none checked, scrolled to the top.
+    void SetRows(size_t count);
+    // The same with check marks, one for each row.
+    void SetRows(std::vector<bool> checks);
+    // Draws the rows anew because their cells changed.
+    void RefreshRows();
+
+    bool IsChecked(size_t row) const { return checks_[row]; }
+    const std::vector<bool>& Checks() const { return checks_; }
+    void SetChecks(std::vector<bool> checks);
+
+    bool IsSelected(size_t row) const { return selection_[row]; }
+    std::optional<size_t> FirstSelected() const;
+    std::vector<size_t> SelectedRows() const;  // ascending
+    void SelectOnly(size_t row);               // also gives it the list's own focus mark
+    std::optional<size_t> FocusedRow() const { return focusedRow_; }
+
+    void EnsureVisible(size_t row);
+    // The row that EnsureVisible last asked for.
+    size_t ScrollTarget() const { return scrollTarget_; }
+
+    void OnClick(HitHandler handler) { onClick_ = std::move(handler); }
+    void OnDoubleClick(HitHandler handler) { onDoubleClick_ = std::move(handler); }
+    void OnRightClick(HitHandler handler) { onRightClick_ = std::move(handler); }
+    void OnKeyDown(std::function<void(int virtualKey)> handler) { onKeyDown_ = std::move(handler); }
+    void OnHeaderClick(std::function<void(size_t column)> handler) { onHeaderClick_ = std::move(handler); }
+
+    // The user's hands. A click first changes the selection (told through UserSelected), then is heard.
+    void UserSelected(size_t first, size_t last, bool selected);  // rows first..last, both included
+    void UserFocusedRow(std::optional<size_t> row) { focusedRow_ = row; }
+    void UserToggledCheck(size_t row);
+    void UserClicked(const ListHit& hit);
+    void UserDoubleClicked(const ListHit& hit);
+    void UserRightClicked(const ListHit& hit);
+    void UserPressedKey(int virtualKey);
+    void UserClickedHeader(size_t column);
+    void UserResizedColumn(size_t column, int width) { columns_[column].width = width; }
+
+  private:
+    const ListStyle style_;
+    std::vector<Column> columns_;
+    Cell cell_;
+    size_t rowCount_ = 0;
+    std::vector<bool> checks_;
+    std::vector<bool> selection_;
+    std::optional<size_t> focusedRow_;
+    size_t scrollTarget_ = 0;
+    HitHandler onClick_;
+    HitHandler onDoubleClick_;
+    HitHandler onRightClick_;
+    std::function<void(int)> onKeyDown_;
+    std::function<void(size_t)> onHeaderClick_;
+};
+
+}  // namespace ui

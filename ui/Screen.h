@@ -1,0 +1,86 @@
+// The desktop: it runs dialogs, shows message boxes and offers the folder and file pickers.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace platform {
+class ScreenMetrics;
+}
+
+namespace ui {
+
+class Dialog;
+
+// Flags of a message box, with the system's values.
+namespace box {
+inline constexpr uint32_t Ok = 0x0;
+inline constexpr uint32_t OkCancel = 0x1;
+inline constexpr uint32_t YesNo = 0x4;
+inline constexpr uint32_t ErrorIcon = 0x10;
+inline constexpr uint32_t QuestionIcon = 0x20;
+inline constexpr uint32_t ExclamationIcon = 0x30;
+inline constexpr uint32_t InformationIcon = 0x40;
+inline constexpr uint32_t SecondIsDefault = 0x100;
+inline constexpr uint32_t Buttons = 0xF;  // mask
+inline constexpr uint32_t Icons = 0xF0;   // mask
+}  // namespace box
+
+// Buttons that end a message box or a dialog, with the system's values.
+inline constexpr int IdOk = 1;
+inline constexpr int IdCancel = 2;
+inline constexpr int IdYes = 6;
+inline constexpr int IdNo = 7;
+
+enum class FilePickerKind { Open, Save };
+
+struct FileFilter {
+    std::wstring name;     // "All files (*.*)"
+    std::wstring pattern;  // "*.*"
+};
+
+struct FilePicker {
+    FilePickerKind kind = FilePickerKind::Open;
+    std::wstring filterName;     // "All files (*.*)"
+    std::wstring filterPattern;  // "*.*"
+    std::wstring defaultExtension;
+    std::wstring initialPath;                  // shown at first, or only a file name; may be empty
+    std::vector<FileFilter> furtherFilters{};  // offered below the first one
+};
+
+class Screen {
+  public:
+    virtual ~Screen() = default;
+
+    // Opens the dialog's window, lets the user work with it and returns the result that ended it. An
+    // exception of a handler ends the dialog and leaves here.
+    virtual int RunModal(Dialog& dialog) = 0;
+    // Opens the window, paints it and returns; Window::End closes it.
+    virtual void OpenModeless(Dialog& dialog) = 0;
+
+    // owner: none, or a dialog; one that is not open counts as none. Returns the button pressed.
+    virtual int ShowMessageBox(const Dialog* owner, const std::wstring& text, const std::wstring& caption,
+                               uint32_t flags) = 0;
+    // The full path chosen, or nothing when the user gave up.
+    virtual std::optional<std::wstring> PickFolder(const Dialog* owner) = 0;
+    virtual std::optional<std::wstring> PickFile(const Dialog* owner, const FilePicker& picker) = 0;
+
+    virtual void ShowWaitCursor(bool shown) = 0;
+    virtual const platform::ScreenMetrics& Metrics() const = 0;
+};
+
+// Shows the wait cursor for as long as it lives.
+class WaitCursor {
+  public:
+    explicit WaitCursor(Screen& screen) : screen_(screen) { screen_.ShowWaitCursor(true); }
+    ~WaitCursor() { screen_.ShowWaitCursor(false); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+
+  private:
+    Screen& screen_;
+};
+
+}  // namespace ui

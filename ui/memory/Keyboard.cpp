@@ -1,0 +1,120 @@
+#include "ui/memory/Keyboard.h"
+
+#include <algorithm>
+
+#include "ui/Choices.h"
+#include "ui/Controls.h"
+#include "ui/ListView.h"
+
+namespace ui::memory {
+namespace {
+
+void PressTab(Dialog& dialog, bool backwards) {
+    if (Control* next = NextTabStop(dialog, backwards)) MoveFocus(dialog, *next);
+}
+
+// A focused push button is pressed whatever the key's usual meaning is.
+bool ClickPushButton(Control* focus) {
+    if (auto* button = dynamic_cast<Button*>(focus)) {
+        button->UserClicked();
+    } else if (auto* iconButton = dynamic_cast<IconButton*>(focus)) {
+        iconButton->UserClicked();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void PressEnter(Dialog& dialog) {
+    if (ClickPushButton(dialog.Focus())) return;
+    auto* edit = dynamic_cast<Edit*>(dialog.Focus());
+    if (edit == nullptr || !edit->Style().multiLine || edit->Style().readOnly) {
+        dialog.UserPressedOk();
+    } else if (!edit->IsReadOnly()) {
+        edit->UserTyped(edit->Text() + L"\r\n");
+    }
+}
+
+void MoveChoice(ChoiceControl& choice, VirtualKey key) {
+    const int last = static_cast<int>(choice.Items().size()) - 1;
+    int index = choice.Selected();
+    if (key == VirtualKey::Up) index = std::max(index - 1, 0);
+    if (key == VirtualKey::Down) index = std::min(index + 1, last);
+    if (key == VirtualKey::Home) index = 0;
+    if (key == VirtualKey::End) index = last;
+    if (last >= 0 && index != choice.Selected()) choice.UserSelected(index);
+}
+
+bool IsCaretKey(VirtualKey key) {
+    return key == VirtualKey::Home || key == VirtualKey::End;
+}
+
+void Step(const Dialog& dialog, const Edit& edit, VirtualKey key) {
+    if (key != VirtualKey::Up && key != VirtualKey::Down) return;
+    for (Control* control : dialog.Controls())
+        if (auto* arrows = dynamic_cast<UpDown*>(control); arrows != nullptr && &arrows->Buddy() == &edit)
+            arrows->UserStepped(key == VirtualKey::Up ? 1 : -1);
+}
+
+void PressInList(ListView& list, RowSelection& rows, VirtualKey key, Modifier modifier) {
+    if (key == VirtualKey::Space && list.Style().checkBoxes && list.FocusedRow())
+        list.UserToggledCheck(*list.FocusedRow());
+    list.UserPressedKey(static_cast<int>(key));
+    const bool moves = key != VirtualKey::Space && key != VirtualKey::Delete;
+    if (moves && list.HasFocus()) rows.Move(list, key, modifier);
+}
+
+void PressInControl(Dialog& dialog, RowSelection& rows, VirtualKey key, Modifier modifier) {
+    Control* focus = dialog.Focus();
+    if (auto* list = dynamic_cast<ListView*>(focus)) {
+        PressInList(*list, rows, key, modifier);
+    } else if (auto* edit = dynamic_cast<Edit*>(focus)) {
+        Step(dialog, *edit, key);
+    } else if (key == VirtualKey::Space) {
+        auto* check = dynamic_cast<CheckBox*>(focus);
+        if (!ClickPushButton(focus) && check != nullptr) check->UserClicked();
+    } else if (auto* choice = dynamic_cast<ChoiceControl*>(focus)) {
+        if (dynamic_cast<EditableCombo*>(focus) == nullptr || !IsCaretKey(key)) MoveChoice(*choice, key);
+    }
+}
+
+}  // namespace
+
+bool CanTakeFocus(const Control& control) {
+    return control.TakesFocus() && control.IsVisible() && control.IsEnabled();
+}
+
+Control* NextTabStop(const Dialog& dialog, bool backwards) {
+    std::vector<Control*> order = dialog.Controls();
+    if (backwards) std::reverse(order.begin(), order.end());
+    const auto focused = std::find(order.begin(), order.end(), dialog.Focus());
+    if (focused != order.end()) std::rotate(order.begin(), focused + 1, order.end());
+    const auto next =
+        std::find_if(order.begin(), order.end(), [](const Control* c) { return CanTakeFocus(*c); });
+    return next == order.end() ? nullptr : *next;
+}
+
+void MoveFocus(Dialog& dialog, Control& control) {
+    Control* const old = dialog.Focus();
+    if (old == &control) return;
+    if (old != nullptr) old->UserLeft();
+    if (dialog.Focus() == nullptr && CanTakeFocus(control)) control.UserFocused();
+}
+
+void PressKey(Dialog& dialog, RowSelection& rows, VirtualKey key, Modifier modifier) {
+    switch (key) {
+        case VirtualKey::Tab:
+            PressTab(dialog, modifier == Modifier::Shift);
+            break;
+        case VirtualKey::Enter:
+            PressEnter(dialog);
+            break;
+        case VirtualKey::Escape:
+            dialog.UserPressedCancel();
+            break;
+        default:
+            PressInControl(dialog, rows, key, modifier);
+    }
+}
+
+}  // namespace ui::memory

@@ -1,0 +1,80 @@
+// The window of one open dialog, in memory: where it lies, how large it is, and what becomes of the keyboard
+// focus while another window is in front.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <optional>
+
+#include "platform/Machine.h"
+#include "ui/Dialog.h"
+#include "ui/Window.h"
+#include "ui/memory/RowSelection.h"
+
+namespace ui::memory {
+
+class MemoryWindow final : public Window {
+  public:
+    // onEnd: called when the dialog ends; it may destroy the window.
+    MemoryWindow(Dialog& dialog, const platform::ScreenMetrics& metrics, uint32_t dpi,
+                 std::function<void()> onEnd = {});
+
+    // Lays the controls out and tells the dialog; what its handler throws passes through.
+    void Open();
+
+    const Dialog& Owner() const { return dialog_; }
+    // The result that ended the dialog, IdCancel if it has not ended. Throws what a handler threw.
+    int Result() const;
+    // Ends the dialog because a handler threw; the first failure counts.
+    void Fail(std::exception_ptr failure);
+
+    // Comes to the front: the control that had the focus before gets it back; the first time, when the
+    // program has chosen none, the first that can take it.
+    void Activate();
+    // Another window comes to the front: the focused control loses the focus.
+    void Deactivate();
+
+    bool IsMinimized() const { return minimized_; }
+    Size OuterSize() const;  // in pixels, as it is when not minimised
+    RowSelection& Rows() { return rows_; }
+
+    // What the user does with the window. Minimizing and restoring move the focus, too.
+    void UserDraggedCorner(Size growth);
+    void UserMinimized();
+    void UserRestored();
+    void UserMovedToMonitor(uint32_t dpi);
+
+    void Show(const Control& control, Aspect aspect) override;
+    void Show(const Dialog& dialog, DialogAspect aspect) override;
+    void ShowBounds(const Dialog& /*dialog*/) override {}
+    void End(int result) override;
+    bool HasEnded() const override { return result_.has_value(); }
+    int ClientWidth(const Control& control) const override;
+    Rect NormalRect() const override;
+    void SetNormalRect(const Rect& rect) override;
+
+  private:
+    int Scaled(int pixels) const;
+    Size Frame() const;
+    Size ClientFor(Size outer) const;
+    void TakeClientSize(Size client);
+    Rect ToPixels(const Place& place) const;
+
+    Dialog& dialog_;
+    const platform::ScreenMetrics& metrics_;
+    uint32_t dpi_;
+    std::function<void()> onEnd_;
+    std::optional<int> result_;
+    std::exception_ptr failure_;
+    int x_ = 100;
+    int y_ = 100;
+    Size client_;
+    bool minimized_ = false;
+    bool wasActive_ = false;
+    bool behind_ = false;
+    Control* focusBehind_ = nullptr;  // gets the focus when the window comes to the front again
+    RowSelection rows_;
+};
+
+}  // namespace ui::memory

@@ -1,0 +1,48 @@
+// The windows of drop-down lists, editable combos and list boxes.
+#pragma once
+
+#include "ui/Choices.h"
+#include "ui/win32/ControlMirror.h"
+
+namespace ui::win32 {
+
+class ComboMirror : public ControlMirror {
+  public:
+    ComboMirror(ComboBox& combo, HWND window) : ComboMirror(static_cast<ChoiceControl&>(combo), window) {}
+    void ShowAll() override;
+    void Show(Aspect aspect) override;
+    void OnCommand(int notification) override;
+    int DropHeight() const override;
+
+  protected:
+    ComboMirror(ChoiceControl& combo, HWND window) : ControlMirror(combo, window), combo_(combo) {}
+
+  private:
+    void ShowItems() const;
+    void ShowSelection() const;
+    ChoiceControl& combo_;
+};
+
+class EditableComboMirror : public ComboMirror {
+  public:
+    EditableComboMirror(EditableCombo& combo, HWND window) : ComboMirror(combo, window), combo_(combo) {}
+    void Show(Aspect aspect) override;
+    void OnCommand(int notification) override;
+
+  private:
+    EditableCombo& combo_;
+};
+
+class ListBoxMirror : public ControlMirror {
+  public:
+    ListBoxMirror(ListBox& list, HWND window) : ControlMirror(list, window), list_(list) {}
+    void ShowAll() override { Show(Aspect::Items); }
+    void Show(Aspect aspect) override;
+    void OnCommand(int notification) override;
+
+  private:
+    void ShowItems() const;
+    ListBox& list_;
+};
+
+}  // namespace ui::win32

@@ -1,0 +1,43 @@
+#include "ui/win32/ControlMirror.h"
+
+namespace ui::win32 {
+
+std::wstring TextOf(HWND window) {
+    std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+    const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
+    text.resize(static_cast<size_t>(length));
+    return text;
+}
+
+void ControlMirror::Show(Aspect aspect) {
+    switch (aspect) {
+        case Aspect::Text:
+            // Setting an equal text would still move the caret of an edit to its beginning.
+            if (const std::wstring text = ShownText(); TextOf(window_) != text)
+                SetWindowTextW(window_, text.c_str());
+            break;
+        case Aspect::Enabled:
+            if (!control_.IsEnabled()) MoveFocusAway();
+            EnableWindow(window_, control_.IsEnabled());
+            break;
+        case Aspect::Visible:
+            if (!control_.IsVisible()) MoveFocusAway();
+            ShowWindow(window_, control_.IsVisible() ? SW_SHOWNA : SW_HIDE);
+            break;
+        default:
+            break;
+    }
+}
+
+// A control that cannot be used must not hold the keyboard: nothing that the user presses would arrive
+// anywhere.
+void ControlMirror::MoveFocusAway() const {
+    const HWND focus = GetFocus();
+    if (focus != window_ && !IsChild(window_, focus)) return;
+    const HWND dialog = GetParent(window_);
+    const HWND next = GetNextDlgTabItem(dialog, window_, FALSE);
+    if (next != nullptr && next != window_)
+        SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+}
+
+}  // namespace ui::win32

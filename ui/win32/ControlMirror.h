@@ -1,0 +1,57 @@
+// The window of one control. It shows the control's state and says what the user does with it; whether the
+// user did it, or the program itself, has been decided before its notifications arrive here.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+#include "ui/Control.h"
+
+namespace ui::win32 {
+
+// The whole text of a window.
+std::wstring TextOf(HWND window);
+
+class ControlMirror {
+  public:
+    ControlMirror(Control& control, HWND window) : control_(control), window_(window) {}
+    virtual ~ControlMirror() = default;
+    ControlMirror(const ControlMirror&) = delete;
+    ControlMirror& operator=(const ControlMirror&) = delete;
+
+    Control& Mirrored() const { return control_; }
+    HWND Window() const { return window_; }
+
+    // Makes the window match the control's state, once after its creation and whenever a part of it changed.
+    virtual void ShowAll() { Show(Aspect::Text); }
+    virtual void Show(Aspect aspect);
+    // The monitor's resolution changed, and the font and the bounds with it.
+    virtual void ShowRescaled() {}
+
+    // What the user did, as the system notifies a dialog of it.
+    virtual void OnCommand(int /*notification*/) {}
+    virtual LRESULT OnNotify(const NMHDR& /*notification*/) { return 0; }
+    // Notifications that ask what to draw. They are answered at any time. No answer: it was not a question.
+    virtual std::optional<LRESULT> Answer(NMHDR& /*question*/) const { return std::nullopt; }
+
+    // How far a window reaches below its bounds: a combo box with its list.
+    virtual int DropHeight() const { return 0; }
+
+  protected:
+    LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+        return SendMessageW(window_, message, wParam, lParam);
+    }
+    virtual std::wstring ShownText() const { return control_.Text(); }
+    void Focused() const { control_.UserFocused(); }
+    void Left() const { control_.UserLeft(); }
+
+  private:
+    void MoveFocusAway() const;
+
+    Control& control_;
+    const HWND window_;
+};
+
+}  // namespace ui::win32

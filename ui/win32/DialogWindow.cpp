@@ -1,0 +1,220 @@
+#include "ui/win32/DialogWindow.h"
+
+#include <system_error>
+#include <utility>
+
+#include "ui/win32/DialogTemplate.h"
+#include "ui/win32/MirrorFactory.h"
+#include "ui/win32/Placing.h"
+#include "ui/win32/SystemFunctions.h"
+
+namespace ui::win32 {
+
+// While one lives, what the controls notify of is the echo of what the program itself is changing.
+class DialogWindow::Writing {
+  public:
+    explicit Writing(DialogWindow& window) : window_(window) { ++window_.writing_; }
+    ~Writing() { --window_.writing_; }
+    Writing(const Writing&) = delete;
+    Writing& operator=(const Writing&) = delete;
+
+  private:
+    DialogWindow& window_;
+};
+
+DialogWindow::DialogWindow(Dialog& dialog, ExceptionTaker taker)
+    : dialog_(dialog),
+      taker_(std::move(taker)) {}
+
+DialogWindow::~DialogWindow() {
+    if (window_ != nullptr) DestroyWindow(window_);
+}
+
+int DialogWindow::RunModal(HWND owner) {
+    const DialogTemplate layout(dialog_);
+    const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), layout.Data(), owner, Procedure,
+                                                   reinterpret_cast<LPARAM>(this));
+    const DWORD error = GetLastError();
+    if (exception_) std::rethrow_exception(std::exchange(exception_, nullptr));
+    if (!ended_)
+        throw std::system_error(static_cast<int>(error), std::system_category(), "DialogBoxIndirectParam");
+    return static_cast<int>(result);
+}
+
+void DialogWindow::OpenModeless(HWND owner) {
+    modal_ = false;
+    const DialogTemplate layout(dialog_);
+    const HWND window = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), layout.Data(), owner, Procedure,
+                                                   reinterpret_cast<LPARAM>(this));
+    const DWORD error = GetLastError();
+    if (exception_) std::rethrow_exception(std::exchange(exception_, nullptr));
+    if (ended_) return;
+    if (window == nullptr)
+        throw std::system_error(static_cast<int>(error), std::system_category(), "CreateDialogIndirectParam");
+    unattended_ = true;
+    ShowWindow(window, SW_SHOW);
+    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW | RDW_ALLCHILDREN);
+}
+
+void DialogWindow::Fail(std::exception_ptr exception) {
+    if (unattended_ && taker_) {
+        taker_(std::move(exception));
+    } else if (!exception_) {
+        exception_ = std::move(exception);
+    }
+    dialog_.Close();
+    if (!ended_) End(IdCancel);
+}
+
+INT_PTR DialogWindow::OnInit() {
+    const uint32_t dpi = DpiOf(window_);
+    KeepSystemFromRescaling(window_);
+    rescaling_.Attach(window_, dpi);
+    {
+        const Writing writing(*this);
+        MakeMirrors();
+        ShowAll();
+        ReportOpeningBounds();
+    }
+    opened_ = true;
+    dialog_.Opened(*this, Client(), dpi);
+    if (ended_) return TRUE;
+    if (!placed_) CenterOnOwner(window_);
+    // The focus that the program chose holds only if the system is told that it need not choose any.
+    return dialog_.Focus() == nullptr ? TRUE : FALSE;
+}
+
+void DialogWindow::MakeMirrors() {
+    tooltips_.Attach(window_);
+    for (Control* control : dialog_.Controls())
+        mirrors_.push_back(MakeMirror(*control, GetDlgItem(window_, control->Id())));
+}
+
+void DialogWindow::ShowAll() {
+    SetWindowTextW(window_, dialog_.Caption().c_str());
+    ShowIcon();
+    ShowMenuBar();
+    for (const MenuItem& entry : dialog_.SystemMenuEntries()) AppendToSystemMenu(window_, entry);
+    for (const auto& mirror : mirrors_) {
+        mirror->ShowAll();
+        tooltips_.SetText(mirror->Window(), mirror->Mirrored().Tooltip());
+    }
+}
+
+void DialogWindow::ReportOpeningBounds() {
+    for (const auto& mirror : mirrors_)
+        mirror->Mirrored().SetOpeningBounds(BoundsIn(window_, mirror->Window()));
+}
+
+void DialogWindow::Show(const Control& control, Aspect aspect) {
+    ControlMirror* const mirror = MirrorOf(control);
+    if (mirror == nullptr) return;
+    const Writing writing(*this);
+    mirror->Show(aspect);
+    if (aspect == Aspect::Tooltip) tooltips_.SetText(mirror->Window(), control.Tooltip());
+    if (aspect == Aspect::Enabled || aspect == Aspect::Visible) tooltips_.Follow(mirror->Window());
+    if (control.HasFocus() && !(control.IsEnabled() && control.IsVisible())) FollowFocus();
+}
+
+// The focused control was taken from the user, who did not move the focus but finds it elsewhere.
+void DialogWindow::FollowFocus() const {
+    dialog_.UserLeft(*dialog_.Focus());
+    const HWND focus = GetFocus();
+    for (const auto& mirror : mirrors_) {
+        const bool holdsFocus = mirror->Window() == focus || IsChild(mirror->Window(), focus) != FALSE;
+        if (holdsFocus && IsWindowEnabled(mirror->Window()) != FALSE) dialog_.UserFocused(mirror->Mirrored());
+    }
+}
+
+void DialogWindow::Show(const Dialog& dialog, DialogAspect aspect) {
+    const Writing writing(*this);
+    switch (aspect) {
+        case DialogAspect::Caption:
+            SetWindowTextW(window_, dialog.Caption().c_str());
+            break;
+        case DialogAspect::Icon:
+            ShowIcon();
+            break;
+        case DialogAspect::MenuBar:
+            ShowMenuBar();
+            break;
+        case DialogAspect::SystemMenu:
+            AppendToSystemMenu(window_, dialog.SystemMenuEntries().back());
+            break;
+        case DialogAspect::Focus:
+            ShowFocus();
+            break;
+    }
+}
+
+void DialogWindow::ShowMenuBar() {
+    const Size client = Client();
+    // The bar takes its room from outside: the controls keep theirs and need not hear of it.
+    const bool wasOpened = std::exchange(opened_, false);
+    if (menuBar_.Show(window_, dialog_.MenuBar())) ResizeClient(window_, client);
+    opened_ = wasOpened;
+}
+
+void DialogWindow::ShowIcon() {
+    const uint32_t dpi = DpiOf(window_);
+    IconHandle largeIcon = LoadPicture(dialog_.Icon(), SystemMetric(SM_CXICON, dpi));
+    IconHandle smallIcon = LoadPicture(dialog_.Icon(), SystemMetric(SM_CXSMICON, dpi));
+    SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(largeIcon.get()));
+    SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.get()));
+    largeIcon_.swap(largeIcon);
+    smallIcon_.swap(smallIcon);
+}
+
+void DialogWindow::ShowFocus() const {
+    const Control* const focus = dialog_.Focus();
+    const ControlMirror* const mirror = focus == nullptr ? nullptr : MirrorOf(*focus);
+    if (mirror != nullptr)
+        SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(mirror->Window()), TRUE);
+}
+
+void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
+    const Writing writing(*this);
+    HDWP moves = BeginDeferWindowPos(static_cast<int>(mirrors_.size()));
+    for (const auto& mirror : mirrors_) {
+        const Rect& to = mirror->Mirrored().Bounds();
+        if (moves != nullptr)
+            moves = DeferWindowPos(moves, mirror->Window(), nullptr, to.x, to.y, to.width,
+                                   to.height + mirror->DropHeight(), SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+    if (moves != nullptr) EndDeferWindowPos(moves);
+    for (const auto& mirror : mirrors_) tooltips_.Follow(mirror->Window());
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void DialogWindow::End(int result) {
+    if (std::exchange(ended_, true) || window_ == nullptr) return;
+    if (modal_) {
+        EndDialog(window_, result);
+    } else {
+        DestroyWindow(window_);
+    }
+}
+
+void DialogWindow::ShowRescaled() {
+    const Writing writing(*this);
+    for (const auto& mirror : mirrors_) mirror->ShowRescaled();
+    ShowIcon();
+}
+
+int DialogWindow::ClientWidth(const Control& control) const {
+    const ControlMirror* const mirror = MirrorOf(control);
+    RECT client{};
+    if (mirror != nullptr) GetClientRect(mirror->Window(), &client);
+    return client.right;
+}
+
+Rect DialogWindow::NormalRect() const {
+    return NormalRectOf(window_);
+}
+
+void DialogWindow::SetNormalRect(const Rect& rect) {
+    placed_ = true;
+    MoveNormalRect(window_, rect);
+}
+
+}  // namespace ui::win32

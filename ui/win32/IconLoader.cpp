@@ -1,0 +1,124 @@
+#include "ui/win32/IconLoader.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <utility>
+#include <vector>
+
+namespace ui::win32 {
+namespace {
+
+constexpr std::array<std::pair<Icon, const wchar_t*>, 34> Resources{{
+    {Icon::None, nullptr},
+    {Icon::App, L"APP"},
+    {Icon::Save, L"SAVE"},
+    {Icon::LogSettings, L"LOG_SETTINGS"},
+    {Icon::RuleAdd, L"RULE_ADD"},
+    {Icon::RuleCopy, L"RULE_COPY"},
+    {Icon::RuleEdit, L"RULE_EDIT"},
+    {Icon::RuleDelete, L"RULE_DELETE"},
+    {Icon::RuleFirst, L"RULE_FIRST"},
+    {Icon::RuleUp, L"RULE_UP"},
+    {Icon::RuleDown, L"RULE_DOWN"},
+    {Icon::RuleLast, L"RULE_LAST"},
+    {Icon::ProfileAdd, L"PROFILE_ADD"},
+    {Icon::ProfileEdit, L"PROFILE_EDIT"},
+    {Icon::ProfileDelete, L"PROFILE_DELETE"},
+    {Icon::RulesExport, L"RULES_EXPORT"},
+    {Icon::RulesImport, L"RULES_IMPORT"},
+    {Icon::Warning, L"WARNING"},
+    {Icon::Error, L"ERROR"},
+    {Icon::Information, L"INFORMATION"},
+    {Icon::FolderIn, L"FOLDER_IN"},
+    {Icon::FolderOut, L"FOLDER_OUT"},
+    {Icon::FolderError, L"FOLDER_ERROR"},
+    {Icon::Folder, L"FOLDER"},
+    {Icon::Recipients, L"RECIPIENTS"},
+    {Icon::Signers, L"SIGNERS"},
+    {Icon::Executable, L"EXECUTABLE"},
+    {Icon::MaskAdd, L"MASK_ADD"},
+    {Icon::MaskEdit, L"MASK_EDIT"},
+    {Icon::MaskDelete, L"MASK_DELETE"},
+    {Icon::ItemAdd, L"ITEM_ADD"},
+    {Icon::ItemDelete, L"ITEM_DELETE"},
+    {Icon::MoveDown, L"ARROW_DOWN_MOVE"},
+    {Icon::MoveUp, L"ARROW_UP_REMOVE"},
+}};
+
+const wchar_t* ResourceOf(Icon icon) {
+    const auto* const found = std::find_if(Resources.begin(), Resources.end(),
+                                           [icon](const auto& resource) { return resource.first == icon; });
+    return found == Resources.end() ? nullptr : found->second;
+}
+
+struct BitmapDeleter {
+    void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
+};
+using BitmapHandle = std::unique_ptr<std::remove_pointer_t<HBITMAP>, BitmapDeleter>;
+
+// Grey of the same brightness, letting more of the ground through.
+uint32_t Fade(uint32_t pixel) {
+    const uint32_t alpha = pixel >> 24;
+    const uint32_t grey = ((pixel >> 16 & 0xFF) * 30 + (pixel >> 8 & 0xFF) * 59 + (pixel & 0xFF) * 11) / 100;
+    return (alpha * 2 / 5) << 24 | grey << 16 | grey << 8 | grey;
+}
+
+BitmapHandle Faded(HDC screen, HBITMAP picture) {
+    BITMAP shape{};
+    if (GetObjectW(picture, sizeof shape, &shape) == 0) return {};
+    BITMAPINFO format{};
+    format.bmiHeader.biSize = sizeof format.bmiHeader;
+    format.bmiHeader.biWidth = shape.bmWidth;
+    format.bmiHeader.biHeight = -shape.bmHeight;  // top row first
+    format.bmiHeader.biPlanes = 1;
+    format.bmiHeader.biBitCount = 32;
+    const auto rows = static_cast<UINT>(shape.bmHeight);
+    std::vector<uint32_t> pixels(static_cast<size_t>(shape.bmWidth) * rows);
+    if (GetDIBits(screen, picture, 0, rows, pixels.data(), &format, DIB_RGB_COLORS) == 0) return {};
+    std::transform(pixels.begin(), pixels.end(), pixels.begin(), Fade);
+    void* content = nullptr;
+    BitmapHandle faded(CreateDIBSection(screen, &format, DIB_RGB_COLORS, &content, nullptr, 0));
+    if (faded != nullptr) std::copy(pixels.begin(), pixels.end(), static_cast<uint32_t*>(content));
+    return faded;
+}
+
+}  // namespace
+
+IconHandle LoadPicture(Icon icon, int pixels) {
+    const wchar_t* const name = ResourceOf(icon);
+    if (name == nullptr) return {};
+    const HANDLE image =
+        LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_ICON, pixels, pixels, LR_DEFAULTCOLOR);
+    return IconHandle(static_cast<HICON>(image));
+}
+
+IconHandle FadedPicture(HICON icon) {
+    ICONINFO parts{};
+    if (icon == nullptr || GetIconInfo(icon, &parts) == FALSE) return {};
+    const BitmapHandle mask(parts.hbmMask);
+    const BitmapHandle color(parts.hbmColor);
+    const HDC screen = GetDC(nullptr);
+    const BitmapHandle faded = Faded(screen, parts.hbmColor);
+    ReleaseDC(nullptr, screen);
+    if (faded == nullptr) return {};
+    parts.hbmColor = faded.get();
+    return IconHandle(CreateIconIndirect(&parts));
+}
+
+IconHandle EmptyPicture() {
+    constexpr std::array<BYTE, 2> Keep{0xFF, 0xFF};
+    constexpr std::array<BYTE, 2> Nothing{};
+    return IconHandle(CreateIcon(GetModuleHandleW(nullptr), 1, 1, 1, 1, Keep.data(), Nothing.data()));
+}
+
+int PictureSizeFor(Size control) {
+    constexpr std::array Drawn{48, 32, 24, 20, 16};
+    constexpr int Edge = 6;  // both borders of a button, with a little air
+    const int room = std::min(control.width, control.height) - Edge;
+    for (const int size : Drawn)
+        if (size <= room) return size;
+    return Drawn.back();
+}
+
+}  // namespace ui::win32

@@ -1,0 +1,31 @@
+// The pictures of the program as the system's icons.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <type_traits>
+
+#include "ui/Geometry.h"
+#include "ui/Icons.h"
+
+namespace ui::win32 {
+
+struct IconDeleter {
+    void operator()(HICON icon) const { DestroyIcon(icon); }
+};
+using IconHandle = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
+
+// The icon in a square of so many pixels; none when the program carries no such picture.
+IconHandle LoadPicture(Icon icon, int pixels);
+
+// The same in pale grey, for what cannot be used.
+IconHandle FadedPicture(HICON icon);
+
+// One through which everything is seen: it keeps a button that draws its own picture from showing its text.
+IconHandle EmptyPicture();
+
+// The largest size in which icons are drawn that fits into a control of this size.
+int PictureSizeFor(Size control);
+
+}  // namespace ui::win32

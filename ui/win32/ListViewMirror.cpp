@@ -1,0 +1,153 @@
+#include "ui/win32/ListViewMirror.h"
+
+namespace ui::win32 {
+namespace {
+
+// Keeps a window from drawing every step of a change, and draws it once at the end.
+class RedrawPause {
+  public:
+    // Switching drawing back on would make a hidden window appear.
+    explicit RedrawPause(HWND window)
+        : window_(window),
+          paused_((GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0) {
+        if (paused_) SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+    }
+    ~RedrawPause() {
+        if (paused_) SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+        InvalidateRect(window_, nullptr, TRUE);
+    }
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
+
+  private:
+    const HWND window_;
+    const bool paused_;
+};
+
+int FormatOf(SortArrow arrow) {
+    if (arrow == SortArrow::Up) return HDF_SORTUP;
+    return arrow == SortArrow::Down ? HDF_SORTDOWN : 0;
+}
+
+}  // namespace
+
+HWND ListViewMirror::Header() const {
+    return reinterpret_cast<HWND>(Send(LVM_GETHEADER));
+}
+
+void ListViewMirror::ShowAll() {
+    if (list_.Style().checkBoxes) Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
+    ShowExtendedStyle();
+    ShowColumns();
+    ShowRows();
+    ShowSelection();
+}
+
+void ListViewMirror::Show(Aspect aspect) {
+    switch (aspect) {
+        case Aspect::Text:
+            break;  // a list has none
+        case Aspect::Columns:
+            ShowColumns();
+            break;
+        case Aspect::Rows:
+            ShowRows();
+            break;
+        case Aspect::RowChecks:
+            ShowChecks();
+            break;
+        case Aspect::Selection:
+            ShowSelection();
+            break;
+        case Aspect::Scroll:
+            Send(LVM_ENSUREVISIBLE, list_.ScrollTarget(), FALSE);
+            break;
+        default:
+            ControlMirror::Show(aspect);
+    }
+}
+
+void ListViewMirror::ShowExtendedStyle() {
+    DWORD style = LVS_EX_FULLROWSELECT | LVS_EX_LABELTIP | LVS_EX_DOUBLEBUFFER;
+    if (list_.Style().checkBoxes) style |= LVS_EX_CHECKBOXES;
+    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, static_cast<LPARAM>(style));
+}
+
+// The pictures of check boxes are made in the size that suits the monitor when the style is switched on.
+void ListViewMirror::ShowRescaled() {
+    const RedrawPause pause(Window());
+    Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, 0);
+    ShowExtendedStyle();
+}
+
+void ListViewMirror::ShowColumns() {
+    const RedrawPause pause(Window());
+    const size_t wanted = list_.Columns().size();
+    for (; shownColumns_ > wanted; --shownColumns_) Send(LVM_DELETECOLUMN, shownColumns_ - 1);
+    for (size_t i = 0; i < wanted; ++i) ShowColumn(i, i < shownColumns_);
+    shownColumns_ = wanted;
+}
+
+void ListViewMirror::ShowColumn(size_t index, bool exists) const {
+    const Column& column = list_.Columns()[index];
+    std::wstring header = column.header;
+    LVCOLUMNW shown{};
+    shown.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+    shown.pszText = header.data();
+    shown.cx = column.width;
+    shown.iSubItem = static_cast<int>(index);
+    Send(exists ? LVM_SETCOLUMNW : LVM_INSERTCOLUMNW, index, reinterpret_cast<LPARAM>(&shown));
+
+    HDITEMW item{};
+    item.mask = HDI_FORMAT;
+    const auto place = static_cast<WPARAM>(index);
+    if (SendMessageW(Header(), HDM_GETITEMW, place, reinterpret_cast<LPARAM>(&item)) == FALSE) return;
+    item.fmt = (item.fmt & ~(HDF_SORTUP | HDF_SORTDOWN)) | FormatOf(column.arrow);
+    SendMessageW(Header(), HDM_SETITEMW, place, reinterpret_cast<LPARAM>(&item));
+}
+
+// Taking all rows away first forgets selection, focus and scroll position with them.
+void ListViewMirror::ShowRows() const {
+    const RedrawPause pause(Window());
+    Send(LVM_SETITEMCOUNT, 0);
+    Send(LVM_SETITEMCOUNT, list_.RowCount());
+    Send(LVM_SETSELECTIONMARK, 0, -1);
+}
+
+void ListViewMirror::ShowSelection() const {
+    const RedrawPause pause(Window());
+    SelectNone();
+    for (const size_t row : list_.SelectedRows())
+        SetState(static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
+    if (!list_.FocusedRow()) return;
+    SetState(static_cast<int>(*list_.FocusedRow()), LVIS_FOCUSED, LVIS_FOCUSED);
+    Send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(*list_.FocusedRow()));
+}
+
+// Some systems visit every row of the list when told to change all: that pays only where most rows are
+// selected.
+void ListViewMirror::SelectNone() const {
+    constexpr int AllRows = -1;
+    const auto next = [this](int row, LPARAM kind) {
+        return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), kind));
+    };
+    if (const int focused = next(AllRows, LVNI_FOCUSED); focused >= 0) SetState(focused, 0, LVIS_FOCUSED);
+    const auto selected = static_cast<size_t>(Send(LVM_GETSELECTEDCOUNT));
+    if (selected > list_.RowCount() / 2) return SetState(AllRows, 0, LVIS_SELECTED);
+    if (selected == 0) return;
+    for (int row = next(AllRows, LVNI_SELECTED); row >= 0; row = next(row, LVNI_SELECTED))
+        SetState(row, 0, LVIS_SELECTED);
+}
+
+void ListViewMirror::SetState(int row, UINT state, UINT mask) const {
+    LVITEMW item{};
+    item.state = state;
+    item.stateMask = mask;
+    Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+}
+
+void ListViewMirror::ShowChecks() const {
+    InvalidateRect(Window(), nullptr, FALSE);
+}
+
+}  // namespace ui::win32

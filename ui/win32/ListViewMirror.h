@@ -1,0 +1,61 @@
+// The window of a list view. It holds no rows of its own: it asks for the cells that it draws and tells of
+// changes of the selection, which are followed as they come and never read back as a whole.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ui/ListView.h"
+#include "ui/win32/ControlMirror.h"
+
+namespace ui::win32 {
+
+class ListViewMirror : public ControlMirror {
+  public:
+    ListViewMirror(ListView& list, HWND window) : ControlMirror(list, window), list_(list) {}
+    void ShowAll() override;
+    void Show(Aspect aspect) override;
+    void ShowRescaled() override;
+    LRESULT OnNotify(const NMHDR& notification) override;
+    std::optional<LRESULT> Answer(NMHDR& question) const override;
+
+    // Header windows notify their dialog through the list that they belong to.
+    HWND Header() const;
+
+  private:
+    enum class Press { Click, DoubleClick, RightClick };
+
+    void ShowExtendedStyle();
+    void ShowColumns();
+    void ShowColumn(size_t index, bool exists) const;
+    void ShowRows() const;
+    void ShowSelection() const;
+    void SelectNone() const;
+    void SetState(int row, UINT state, UINT mask) const;
+    void ShowChecks() const;
+
+    void FillCell(LVITEMW& item) const;
+    LRESULT FindRow(const NMLVFINDITEMW& wanted) const;
+    bool RowBeginsWith(size_t row, std::wstring_view beginning) const;
+
+    void SelectionChanged(const NMLISTVIEW& change);
+    void FocusChanged(const NMLISTVIEW& change);
+    void RangeChanged(const NMLVODSTATECHANGE& change);
+    void Pressed(const NMITEMACTIVATE& place, Press press);
+    void KeyPressed(int virtualKey);
+    void ColumnResized(const NMHEADERW& change);
+
+    ListView& list_;
+    size_t shownColumns_ = 0;
+    // A text handed to the window has to outlive the next two that it asks for.
+    mutable std::array<std::wstring, 4> cellTexts_;
+    mutable size_t nextCellText_ = 0;
+};
+
+}  // namespace ui::win32

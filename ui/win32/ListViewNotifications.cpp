@@ -1,0 +1,168 @@
+// What list view windows tell and ask.
+#include <algorithm>
+
+#include "text/Upper.h"
+#include "ui/win32/ListViewMirror.h"
+
+namespace ui::win32 {
+namespace {
+
+constexpr UINT UnchosenState = INDEXTOSTATEIMAGEMASK(1);
+constexpr UINT ChosenState = INDEXTOSTATEIMAGEMASK(2);
+
+template <class Notification>
+const Notification& As(const NMHDR& notification) {
+    return reinterpret_cast<const Notification&>(notification);
+}
+
+}  // namespace
+
+std::optional<LRESULT> ListViewMirror::Answer(NMHDR& question) const {
+    switch (question.code) {
+        case static_cast<UINT>(LVN_GETDISPINFOW):
+            FillCell(reinterpret_cast<NMLVDISPINFOW&>(question).item);
+            return 0;
+        case static_cast<UINT>(LVN_ODFINDITEMW):
+            return FindRow(As<NMLVFINDITEMW>(question));
+        default:
+            return std::nullopt;
+    }
+}
+
+void ListViewMirror::FillCell(LVITEMW& item) const {
+    const auto row = static_cast<size_t>(item.iItem);
+    const auto column = static_cast<size_t>(item.iSubItem);
+    if (row >= list_.RowCount() || column >= list_.Columns().size()) return;
+    if ((item.mask & LVIF_TEXT) != 0) {
+        std::wstring& text = cellTexts_[nextCellText_++ % cellTexts_.size()];
+        text = list_.CellText(row, column);
+        item.pszText = text.data();
+    }
+    if ((item.mask & LVIF_STATE) != 0 && column == 0 && list_.Style().checkBoxes) {
+        item.stateMask |= LVIS_STATEIMAGEMASK;
+        item.state =
+            (item.state & ~UINT{LVIS_STATEIMAGEMASK}) | (list_.IsChecked(row) ? ChosenState : UnchosenState);
+    }
+}
+
+// The user types the beginning of a row's first cell.
+LRESULT ListViewMirror::FindRow(const NMLVFINDITEMW& wanted) const {
+    constexpr LRESULT NoRow = -1;
+    const size_t count = list_.RowCount();
+    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || count == 0) return NoRow;
+    const std::wstring beginning = text::Upper(wanted.lvfi.psz);
+    const size_t start = wanted.iStart < 0 ? 0 : static_cast<size_t>(wanted.iStart);
+    for (size_t i = 0; i < count; ++i) {
+        const size_t row = (start + i) % count;
+        if (RowBeginsWith(row, beginning)) return static_cast<LRESULT>(row);
+    }
+    return NoRow;
+}
+
+bool ListViewMirror::RowBeginsWith(size_t row, std::wstring_view beginning) const {
+    const std::wstring cell = list_.CellText(row, 0);
+    return cell.size() >= beginning.size() &&
+           std::equal(beginning.begin(), beginning.end(), cell.begin(),
+                      [](wchar_t wanted, wchar_t unit) { return wanted == text::Upper(unit); });
+}
+
+LRESULT ListViewMirror::OnNotify(const NMHDR& notification) {
+    switch (notification.code) {
+        case static_cast<UINT>(LVN_ITEMCHANGED):
+            SelectionChanged(As<NMLISTVIEW>(notification));
+            FocusChanged(As<NMLISTVIEW>(notification));
+            break;
+        case static_cast<UINT>(LVN_ODSTATECHANGED):
+            RangeChanged(As<NMLVODSTATECHANGE>(notification));
+            break;
+        case static_cast<UINT>(NM_CLICK):
+            Pressed(As<NMITEMACTIVATE>(notification), Press::Click);
+            break;
+        case static_cast<UINT>(NM_DBLCLK):
+            Pressed(As<NMITEMACTIVATE>(notification), Press::DoubleClick);
+            break;
+        case static_cast<UINT>(NM_RCLICK):
+            Pressed(As<NMITEMACTIVATE>(notification), Press::RightClick);
+            break;
+        case static_cast<UINT>(LVN_KEYDOWN):
+            KeyPressed(As<NMLVKEYDOWN>(notification).wVKey);
+            break;
+        case static_cast<UINT>(LVN_COLUMNCLICK):
+            list_.UserClickedHeader(static_cast<size_t>(As<NMLISTVIEW>(notification).iSubItem));
+            break;
+        case static_cast<UINT>(HDN_ITEMCHANGEDW):
+            ColumnResized(As<NMHEADERW>(notification));
+            break;
+        case static_cast<UINT>(NM_SETFOCUS):
+            Focused();
+            break;
+        case static_cast<UINT>(NM_KILLFOCUS):
+            Left();
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+// The old state that comes with a change is not always what was told before, so the new one counts wherever
+// it says something. Row -1 stands for all rows.
+void ListViewMirror::SelectionChanged(const NMLISTVIEW& change) {
+    const bool selected = (change.uNewState & LVIS_SELECTED) != 0;
+    if ((!selected && (change.uOldState & LVIS_SELECTED) == 0) || list_.RowCount() == 0) return;
+    const bool all = change.iItem < 0;
+    const size_t first = all ? 0 : static_cast<size_t>(change.iItem);
+    list_.UserSelected(first, all ? list_.RowCount() - 1 : first, selected);
+}
+
+void ListViewMirror::FocusChanged(const NMLISTVIEW& change) {
+    const auto row = static_cast<size_t>(change.iItem);
+    if ((change.uNewState & LVIS_FOCUSED) != 0) {
+        if (change.iItem >= 0) list_.UserFocusedRow(row);
+    } else if ((change.uOldState & LVIS_FOCUSED) != 0 && (change.iItem < 0 || list_.FocusedRow() == row)) {
+        list_.UserFocusedRow(std::nullopt);
+    }
+}
+
+void ListViewMirror::RangeChanged(const NMLVODSTATECHANGE& change) {
+    if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) == 0 || change.iFrom < 0) return;
+    list_.UserSelected(static_cast<size_t>(change.iFrom), static_cast<size_t>(change.iTo),
+                       (change.uNewState & LVIS_SELECTED) != 0);
+}
+
+void ListViewMirror::Pressed(const NMITEMACTIVATE& place, Press press) {
+    LVHITTESTINFO test{};
+    test.pt = place.ptAction;
+    Send(LVM_SUBITEMHITTEST, 0, reinterpret_cast<LPARAM>(&test));
+    ListHit hit;
+    if (test.iItem >= 0) {
+        hit.row = static_cast<size_t>(test.iItem);
+        hit.column = static_cast<size_t>(test.iSubItem);
+    }
+    // The system leaves it to the owner of the data to turn a check mark over; the second click of a quick
+    // pair on a check box is one more turn, not a double click.
+    const bool onBox = hit.row && list_.Style().checkBoxes && test.flags == LVHT_ONITEMSTATEICON;
+    if (onBox && press != Press::RightClick) {
+        SetFocus(Window());
+        list_.UserToggledCheck(*hit.row);
+        press = Press::Click;
+    }
+    if (press == Press::Click) list_.UserClicked(hit);
+    if (press == Press::DoubleClick) list_.UserDoubleClicked(hit);
+    if (press == Press::RightClick) list_.UserRightClicked(hit);
+}
+
+void ListViewMirror::KeyPressed(int virtualKey) {
+    const std::optional<size_t> row = list_.FocusedRow();
+    if (virtualKey == VK_SPACE && list_.Style().checkBoxes && row) list_.UserToggledCheck(*row);
+    list_.UserPressedKey(virtualKey);
+}
+
+void ListViewMirror::ColumnResized(const NMHEADERW& change) {
+    const auto column = static_cast<size_t>(change.iItem);
+    if (change.pitem == nullptr || (change.pitem->mask & HDI_WIDTH) == 0 || column >= list_.Columns().size())
+        return;
+    list_.UserResizedColumn(column, change.pitem->cxy);
+}
+
+}  // namespace ui::win32

@@ -1,0 +1,118 @@
+#include "ui/win32/SimpleMirrors.h"
+
+#include <commctrl.h>
+
+namespace ui::win32 {
+namespace {
+
+IconHandle LoadToFit(Icon icon, HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    return LoadPicture(icon, PictureSizeFor({area.right, area.bottom}));
+}
+
+}  // namespace
+
+std::wstring CaptionMirror::WithDoubledAmpersands(const std::wstring& text) {
+    std::wstring doubled;
+    for (const wchar_t unit : text) doubled.append(unit == L'&' ? 2 : 1, unit);
+    return doubled;
+}
+
+void PictureMirror::Show(Aspect aspect) {
+    ControlMirror::Show(aspect);
+    if (aspect != Aspect::Icon) return;
+    IconHandle icon = LoadToFit(picture_.Icon(), Window());
+    Send(STM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+    icon_.swap(icon);  // the old one goes once the window has let go of it
+}
+
+void EditMirror::ShowAll() {
+    Send(EM_SETLIMITTEXT, 0);  // as much as the system can hold
+    Show(Aspect::Text);
+}
+
+void EditMirror::Show(Aspect aspect) {
+    ControlMirror::Show(aspect);
+    if (aspect == Aspect::ReadOnly) Send(EM_SETREADONLY, edit_.IsReadOnly());
+}
+
+void EditMirror::OnCommand(int notification) {
+    if (notification == EN_CHANGE) edit_.UserTyped(TextOf(Window()));
+    if (notification == EN_SETFOCUS) Focused();
+    if (notification == EN_KILLFOCUS) Left();
+}
+
+void ButtonMirror::OnCommand(int notification) {
+    // The second click of a quick pair comes under another name; it is a click all the same.
+    if (notification == BN_CLICKED || notification == BN_DOUBLECLICKED) Clicked();
+    if (notification == BN_SETFOCUS) Focused();
+    if (notification == BN_KILLFOCUS) Left();
+}
+
+std::wstring IconButtonMirror::ShownText() const {
+    return WithDoubledAmpersands(button_.Text().empty() ? button_.Tooltip() : button_.Text());
+}
+
+void IconButtonMirror::ShowAll() {
+    Show(Aspect::Text);
+    Show(Aspect::Icon);
+}
+
+void IconButtonMirror::Show(Aspect aspect) {
+    ControlMirror::Show(aspect == Aspect::Tooltip ? Aspect::Text : aspect);
+    if (aspect == Aspect::Icon || aspect == Aspect::Enabled) ShowPicture();
+}
+
+void IconButtonMirror::ShowPicture() {
+    IconHandle icon = LoadToFit(button_.Icon(), Window());
+    fadedIcon_ = button_.IsEnabled() ? IconHandle() : FadedPicture(icon.get());
+    if (fadedIcon_ != nullptr) icon = EmptyPicture();
+    Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+    icon_.swap(icon);  // the old one goes once the window has let go of it
+    InvalidateRect(Window(), nullptr, TRUE);
+}
+
+std::optional<LRESULT> IconButtonMirror::Answer(NMHDR& question) const {
+    if (question.code != static_cast<UINT>(NM_CUSTOMDRAW)) return std::nullopt;
+    const auto& stage = reinterpret_cast<const NMCUSTOMDRAW&>(question);
+    if (stage.dwDrawStage == CDDS_PREPAINT && fadedIcon_ != nullptr) return CDRF_NOTIFYPOSTPAINT;
+    if (stage.dwDrawStage == CDDS_POSTPAINT) DrawFaded(stage.hdc);
+    return CDRF_DODEFAULT;
+}
+
+void IconButtonMirror::DrawFaded(HDC canvas) const {
+    RECT area{};
+    GetClientRect(Window(), &area);
+    const int size = PictureSizeFor({area.right, area.bottom});
+    const int x = (area.right - size) / 2;
+    const int y = (area.bottom - size) / 2;
+    DrawIconEx(canvas, x, y, fadedIcon_.get(), size, size, 0, nullptr, DI_NORMAL);
+}
+
+void CheckBoxMirror::ShowAll() {
+    Show(Aspect::Text);
+    Show(Aspect::Check);
+}
+
+void CheckBoxMirror::Show(Aspect aspect) {
+    ControlMirror::Show(aspect);
+    if (aspect == Aspect::Check) Send(BM_SETCHECK, box_.IsChecked() ? BST_CHECKED : BST_UNCHECKED);
+}
+
+void UpDownMirror::ShowAll() {
+    Send(UDM_SETBUDDY, reinterpret_cast<WPARAM>(GetDlgItem(GetParent(Window()), arrows_.Buddy().Id())));
+    // The edit holds the number and the control its range. The arrows only say "up" and "down", so their own
+    // number never moves from the middle, where both ways are open.
+    constexpr int Far = 1'000'000'000;
+    Send(UDM_SETRANGE32, static_cast<WPARAM>(-Far), Far);
+    Send(UDM_SETPOS32, 0, 0);
+}
+
+LRESULT UpDownMirror::OnNotify(const NMHDR& notification) {
+    if (notification.code != static_cast<UINT>(UDN_DELTAPOS)) return 0;
+    arrows_.UserStepped(reinterpret_cast<const NMUPDOWN&>(notification).iDelta);
+    return TRUE;  // keeps the arrows' own number
+}
+
+}  // namespace ui::win32

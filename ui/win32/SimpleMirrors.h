@@ -1,0 +1,103 @@
+// The windows of texts, pictures, edits, buttons, check boxes and up-down arrows.
+#pragma once
+
+#include "ui/Controls.h"
+#include "ui/win32/ControlMirror.h"
+#include "ui/win32/IconLoader.h"
+
+namespace ui::win32 {
+
+// Windows that take a single ampersand for the mark of an access key. The program's texts mean what they say.
+class CaptionMirror : public ControlMirror {
+  public:
+    using ControlMirror::ControlMirror;
+
+  protected:
+    std::wstring ShownText() const override { return WithDoubledAmpersands(Mirrored().Text()); }
+    static std::wstring WithDoubledAmpersands(const std::wstring& text);
+};
+
+class PictureMirror : public ControlMirror {
+  public:
+    PictureMirror(Picture& picture, HWND window) : ControlMirror(picture, window), picture_(picture) {}
+    void ShowAll() override { Show(Aspect::Icon); }
+    void Show(Aspect aspect) override;
+    void ShowRescaled() override { Show(Aspect::Icon); }
+
+  private:
+    Picture& picture_;
+    IconHandle icon_;
+};
+
+class EditMirror : public ControlMirror {
+  public:
+    EditMirror(Edit& edit, HWND window) : ControlMirror(edit, window), edit_(edit) {}
+    void ShowAll() override;
+    void Show(Aspect aspect) override;
+    void OnCommand(int notification) override;
+
+  private:
+    Edit& edit_;
+};
+
+// What push buttons and check boxes share.
+class ButtonMirror : public CaptionMirror {
+  public:
+    using CaptionMirror::CaptionMirror;
+    void OnCommand(int notification) override;
+
+  protected:
+    virtual void Clicked() const = 0;
+};
+
+class PushButtonMirror : public ButtonMirror {
+  public:
+    PushButtonMirror(Button& button, HWND window) : ButtonMirror(button, window), button_(button) {}
+
+  private:
+    void Clicked() const override { button_.UserClicked(); }
+    Button& button_;
+};
+
+// A disabled one draws its own pale picture: the system would leave little more than an outline of it.
+class IconButtonMirror : public ButtonMirror {
+  public:
+    IconButtonMirror(IconButton& button, HWND window) : ButtonMirror(button, window), button_(button) {}
+    void ShowAll() override;
+    void Show(Aspect aspect) override;
+    void ShowRescaled() override { Show(Aspect::Icon); }
+    std::optional<LRESULT> Answer(NMHDR& question) const override;
+
+  private:
+    void Clicked() const override { button_.UserClicked(); }
+    std::wstring ShownText() const override;
+    void ShowPicture();
+    void DrawFaded(HDC canvas) const;
+
+    IconButton& button_;
+    IconHandle icon_;
+    IconHandle fadedIcon_;
+};
+
+class CheckBoxMirror : public ButtonMirror {
+  public:
+    CheckBoxMirror(CheckBox& box, HWND window) : ButtonMirror(box, window), box_(box) {}
+    void ShowAll() override;
+    void Show(Aspect aspect) override;
+
+  private:
+    void Clicked() const override { box_.UserClicked(); }
+    CheckBox& box_;
+};
+
+class UpDownMirror : public ControlMirror {
+  public:
+    UpDownMirror(UpDown& arrows, HWND window) : ControlMirror(arrows, window), arrows_(arrows) {}
+    void ShowAll() override;
+    LRESULT OnNotify(const NMHDR& notification) override;
+
+  private:
+    UpDown& arrows_;
+};
+
+}  // namespace ui::win32

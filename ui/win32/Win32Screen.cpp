@@ -1,0 +1,108 @@
+#include "ui/win32/Win32Screen.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "ui/win32/DialogWindow.h"
+#include "ui/win32/Pickers.h"
+
+namespace ui::win32 {
+namespace {
+
+// Keeps a window in the list of those that are open.
+class Listed {
+  public:
+    Listed(std::vector<DialogWindow*>& list, DialogWindow& window) : list_(list) { list_.push_back(&window); }
+    ~Listed() { list_.pop_back(); }
+    Listed(const Listed&) = delete;
+    Listed& operator=(const Listed&) = delete;
+
+  private:
+    std::vector<DialogWindow*>& list_;
+};
+
+HWND HandleOf(const DialogWindow* window) {
+    return window == nullptr ? nullptr : window->Handle();
+}
+
+}  // namespace
+
+struct Win32Screen::Waiting {
+    int count = 0;
+    HCURSOR before = nullptr;
+};
+
+Win32Screen::Win32Screen(const platform::ScreenMetrics& metrics)
+    : metrics_(metrics),
+      waiting_(std::make_unique<Waiting>()) {}
+
+Win32Screen::~Win32Screen() = default;
+
+int Win32Screen::RunModal(Dialog& dialog) {
+    ThrowStray();
+    SweepClosed();
+    DialogWindow window(dialog);
+    const HWND owner = HandleOf(WindowOf(dialog.Parent()));
+    const Listed listed(modal_, window);
+    return window.RunModal(owner);
+}
+
+void Win32Screen::OpenModeless(Dialog& dialog) {
+    ThrowStray();
+    SweepClosed();
+    auto window =
+        std::make_unique<DialogWindow>(dialog, [this](std::exception_ptr e) { TakeStray(std::move(e)); });
+    DialogWindow& opened = *window;
+    modeless_.push_back(std::move(window));
+    opened.OpenModeless(HandleOf(WindowOf(dialog.Parent())));
+}
+
+DialogWindow* Win32Screen::WindowOf(const Dialog* dialog) const {
+    if (dialog == nullptr) return nullptr;
+    for (DialogWindow* window : modal_)
+        if (&window->Mirrored() == dialog) return window;
+    for (const auto& window : modeless_)
+        if (window->Handle() != nullptr && &window->Mirrored() == dialog) return window.get();
+    return nullptr;
+}
+
+void Win32Screen::SweepClosed() {
+    std::erase_if(modeless_, [](const auto& window) { return window->IsOver(); });
+}
+
+void Win32Screen::TakeStray(std::exception_ptr exception) {
+    if (!modal_.empty()) {
+        modal_.back()->Fail(std::move(exception));
+    } else if (!stray_) {
+        stray_ = std::move(exception);
+    }
+}
+
+void Win32Screen::ThrowStray() {
+    if (stray_) std::rethrow_exception(std::exchange(stray_, nullptr));
+}
+
+int Win32Screen::ShowMessageBox(const Dialog* owner, const std::wstring& text, const std::wstring& caption,
+                                uint32_t flags) {
+    return MessageBoxW(HandleOf(WindowOf(owner)), text.c_str(), caption.c_str(), flags);
+}
+
+std::optional<std::wstring> Win32Screen::PickFolder(const Dialog* owner) {
+    return ui::win32::PickFolder(HandleOf(WindowOf(owner)));
+}
+
+std::optional<std::wstring> Win32Screen::PickFile(const Dialog* owner, const FilePicker& picker) {
+    return ui::win32::PickFile(HandleOf(WindowOf(owner)), picker);
+}
+
+void Win32Screen::ShowWaitCursor(bool shown) {
+    if (shown) {
+        if (waiting_->count++ == 0) waiting_->before = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    } else if (--waiting_->count == 0) {
+        SetCursor(waiting_->before);
+    }
+}
+
+}  // namespace ui::win32
