@@ -1,6 +1,7 @@
 #include "app/BrisgateDlg.h"
 
 #include <algorithm>
+#include <map>
 
 #include "app/AboutDlg.h"
 #include "config/Load.h"
@@ -29,6 +30,10 @@ CBrisgateDlg::CBrisgateDlg(const config::Services& services)
     profiles_.SetCells([this](size_t row, size_t) { return profileNames_.at(row); });
     profiles_.OnClick([this](const ui::ListHit&) { OpenProfile(); });
     rules_.OnFocusLost([this] { TakeCheckBoxes(); });
+    rules_.OnDoubleClick([this](const ui::ListHit&) { EditRule(); });
+    rules_.OnKeyDown([this](int virtualKey) {
+        if (virtualKey == ui::key::Delete) DeleteRules();
+    });
 }
 
 void CBrisgateDlg::OnInitDialog() {
@@ -140,25 +145,23 @@ void CBrisgateDlg::RefillRules() {
     ruleList_.Fill(search_.Text());
 }
 
-void CBrisgateDlg::TakeCheckBoxes() {
-    config::ServiceProfile* profile = OpenedProfile();
-    if (profile != nullptr && SwitchRules(rules_.Checks(), profile->Rules)) changed_ = true;
-}
-
 void CBrisgateDlg::OnMenuCommand(int command) {
-    switch (command) {
-        case command::Save:
-            Save();
-            break;
-        case command::Exit:
-            OnCancel();
-            break;
-        case command::OpenProfile:
-            OpenProfile();
-            break;
-        default:
-            break;
-    }
+    const std::map<int, void (CBrisgateDlg::*)()> handlers{
+        {command::Save, &CBrisgateDlg::Save},
+        {command::Exit, &CBrisgateDlg::OnCancel},
+        {command::OpenProfile, &CBrisgateDlg::OpenProfile},
+        {command::ImportRules, &CBrisgateDlg::ImportRules},
+        {command::ExportRules, &CBrisgateDlg::ExportRules},
+        {command::AddRule, &CBrisgateDlg::AddRule},
+        {command::CopyRule, &CBrisgateDlg::CopyRule},
+        {command::EditRule, &CBrisgateDlg::EditRule},
+        {command::DeleteRule, &CBrisgateDlg::DeleteRules},
+        {command::MakeFirst, &CBrisgateDlg::MakeFirst},
+        {command::MoveUp, &CBrisgateDlg::MoveUp},
+        {command::MoveDown, &CBrisgateDlg::MoveDown},
+        {command::MakeLast, &CBrisgateDlg::MakeLast},
+    };
+    if (const auto handler = handlers.find(command); handler != handlers.end()) (this->*handler->second)();
 }
 
 void CBrisgateDlg::OnSystemCommand(int command) {

@@ -2,12 +2,15 @@
 // whole configuration from loading to leaving.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "app/MainMenu.h"
 #include "app/RuleList.h"
 #include "config/Configuration.h"
 #include "config/Services.h"
+#include "editors/EditorMemory.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
 #include "ui/ListView.h"
@@ -39,7 +42,29 @@ class CBrisgateDlg : public ui::Dialog {
     config::ServiceProfile* OpenedProfile();
     void EnableProfileControls(bool enabled);
     void RefillRules();
+
+    // The first selected row as the rule at its position.
+    struct ChosenRule {
+        std::vector<config::Rule>& rules;
+        size_t position;
+    };
+    std::optional<ChosenRule> FirstChosenRule();
+    std::optional<config::Rule> RunRuleEditor(const config::ServiceProfile& profile,
+                                              const config::Rule& rule);
+    // Rows beyond the last one mean the last one. rowToSee: brought into view; the selected one when there is
+    // none.
+    void ShowChangedRules(std::optional<size_t> selectedRow, std::optional<size_t> rowToSee = std::nullopt);
+    void AddRule();
+    void CopyRule();
+    void EditRule();
+    void DeleteRules();
+    void MakeFirst();
+    void MoveUp();
+    void MoveDown();
+    void MakeLast();
     void TakeCheckBoxes();
+    void ExportRules();
+    void ImportRules();
 
     void Save();
     bool MayLeave();
@@ -49,24 +74,40 @@ class CBrisgateDlg : public ui::Dialog {
     std::vector<std::wstring> profileNames_;  // as the profile list shows them
     std::wstring openedProfile_;              // empty: none
     bool changed_ = false;                    // memory differs from the registry
+    editors::EditorMemory editorMemory_;
 
     ui::IconButton saveIcon_{*this, 1021, {7, 9, 32, 32}, ui::Icon::Save, L"Save", [this] { Save(); }};
     ui::IconButton logPath_{*this, 1022, {39, 9, 32, 32}, ui::Icon::LogSettings, L"Log path"};
-    ui::IconButton addRule_{*this, 1023, {76, 9, 32, 32}, ui::Icon::RuleAdd, L"Add rule"};
-    ui::IconButton copyRule_{*this, 1037, {108, 9, 32, 32}, ui::Icon::RuleCopy, L"Copy rule"};
-    ui::IconButton editRule_{*this, 1024, {140, 9, 32, 32}, ui::Icon::RuleEdit, L"Edit rule"};
-    ui::IconButton deleteRule_{*this, 1025, {172, 9, 32, 32}, ui::Icon::RuleDelete, L"Delete rule"};
-    ui::IconButton makeFirst_{*this, 1026, {204, 9, 32, 32}, ui::Icon::RuleFirst, L"Make first"};
-    ui::IconButton moveUp_{*this, 1027, {236, 9, 32, 32}, ui::Icon::RuleUp, L"Move up"};
-    ui::IconButton moveDown_{*this, 1028, {268, 9, 32, 32}, ui::Icon::RuleDown, L"Move down"};
-    ui::IconButton makeLast_{*this, 1029, {300, 9, 32, 32}, ui::Icon::RuleLast, L"Make last"};
+    ui::IconButton addRule_{
+        *this, 1023, {76, 9, 32, 32}, ui::Icon::RuleAdd, L"Add rule", [this] { AddRule(); }};
+    ui::IconButton copyRule_{
+        *this, 1037, {108, 9, 32, 32}, ui::Icon::RuleCopy, L"Copy rule", [this] { CopyRule(); }};
+    ui::IconButton editRule_{
+        *this, 1024, {140, 9, 32, 32}, ui::Icon::RuleEdit, L"Edit rule", [this] { EditRule(); }};
+    ui::IconButton deleteRule_{
+        *this, 1025, {172, 9, 32, 32}, ui::Icon::RuleDelete, L"Delete rule", [this] { DeleteRules(); }};
+    ui::IconButton makeFirst_{
+        *this, 1026, {204, 9, 32, 32}, ui::Icon::RuleFirst, L"Make first", [this] { MakeFirst(); }};
+    ui::IconButton moveUp_{*this, 1027, {236, 9, 32, 32}, ui::Icon::RuleUp, L"Move up", [this] { MoveUp(); }};
+    ui::IconButton moveDown_{
+        *this, 1028, {268, 9, 32, 32}, ui::Icon::RuleDown, L"Move down", [this] { MoveDown(); }};
+    ui::IconButton makeLast_{
+        *this, 1029, {300, 9, 32, 32}, ui::Icon::RuleLast, L"Make last", [this] { MakeLast(); }};
     ui::IconButton addProfile_{*this, 1031, {337, 9, 32, 32}, ui::Icon::ProfileAdd, L"Add profile"};
     ui::IconButton editProfile_{*this, 1032, {369, 9, 32, 32}, ui::Icon::ProfileEdit, L"Edit profile"};
     ui::IconButton deleteProfile_{*this, 1033, {401, 9, 32, 32}, ui::Icon::ProfileDelete, L"Delete profile"};
-    ui::IconButton exportRules_{
-        *this, 1034, {433, 9, 32, 32}, ui::Icon::RulesExport, L"Export profile rules"};
-    ui::IconButton importRules_{
-        *this, 1035, {465, 9, 32, 32}, ui::Icon::RulesImport, L"Import profile rules"};
+    ui::IconButton exportRules_{*this,
+                                1034,
+                                {433, 9, 32, 32},
+                                ui::Icon::RulesExport,
+                                L"Export profile rules",
+                                [this] { ExportRules(); }};
+    ui::IconButton importRules_{*this,
+                                1035,
+                                {465, 9, 32, 32},
+                                ui::Icon::RulesImport,
+                                L"Import profile rules",
+                                [this] { ImportRules(); }};
     ui::Label searchCaption_{*this, 1120, {506, 9, 100, 16}, L"Search by field \"Description\""};
     ui::Edit search_{*this, 1079, {506, 26, 100, 14, ui::GrowX}, {}, [this] { RefillRules(); }};
     ui::Edit profileLabel_{*this, 1041, {8, 43, 112, 14}, {.readOnly = true}};

@@ -135,7 +135,7 @@ bool Loader::LoadRule(const std::wstring& rulePath, Rule& rule) {
     if (!Open(rulePath)) return false;
     FieldReader reader(store_, owner_);
     VisitRule(rule, reader);
-    if ((rule.Operation == L"ARCH" || rule.Operation == L"UNAR") && rule.ZipFile == 0) rule.ZipFile = 1;
+    GiveArchiveKind(rule);
     reader.Certificates(L"C", rule.Certificates);
     MoveOlderFields(rule);
     return LoadSignerLists(rulePath, rule);

@@ -48,6 +48,11 @@ struct Rule {
     bool operator==(const Rule&) const = default;
 };
 
+// An archive has a kind: rules of before there was a choice mean ZIP.
+inline void GiveArchiveKind(Rule& rule) {
+    if ((rule.Operation == L"ARCH" || rule.Operation == L"UNAR") && rule.ZipFile == 0) rule.ZipFile = 1;
+}
+
 // Everything a rule's key holds up to its certificates. Besides texts and numbers a visitor meets the masks
 // (their number, then one value each) and the number of certificates, whose values come last, behind the
 // store locations.

@@ -27,16 +27,19 @@ void Control::SetText(std::wstring text) {
 }
 
 void Control::Enable(bool enabled) {
+    if (enabled == enabled_) return;
     enabled_ = enabled;
     Changed(Aspect::Enabled);
 }
 
 void Control::Show(bool visible) {
+    if (visible == visible_) return;
     visible_ = visible;
     Changed(Aspect::Visible);
 }
 
 void Control::SetTooltip(std::wstring tooltip) {
+    if (tooltip == tooltip_) return;
     tooltip_ = std::move(tooltip);
     Changed(Aspect::Tooltip);
 }

@@ -29,6 +29,7 @@ Edit::Edit(Dialog& owner, int id, const Place& place, const EditStyle& style, Ha
       onChange_(std::move(onChange)) {}
 
 void Edit::SetReadOnly(bool readOnly) {
+    if (readOnly == readOnly_) return;
     readOnly_ = readOnly;
     Changed(Aspect::ReadOnly);
 }
@@ -38,7 +39,10 @@ int32_t Edit::Number() const {
 }
 
 void Edit::SetNumber(int32_t number) {
-    SetText(text::Decimal(number));
+    const std::wstring digits = text::Decimal(number);
+    // Zeros in front may stay: the user is still typing.
+    const bool saysSo = Text().ends_with(digits) && Text().find_first_not_of(L'0') >= Text().size() - digits.size();
+    if (!saysSo) SetText(digits);
 }
 
 void Edit::UserTyped(std::wstring text) {
@@ -69,6 +73,7 @@ IconButton::IconButton(Dialog& owner, int id, const Place& place, ui::Icon icon,
 }
 
 void IconButton::SetIcon(ui::Icon icon) {
+    if (icon == icon_) return;
     icon_ = icon;
     Changed(Aspect::Icon);
 }

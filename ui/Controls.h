@@ -53,7 +53,7 @@ class Edit : public Control {
 
     // The number in a digits-only edit: 0 when it is empty, the largest int32_t when it is beyond that.
     int32_t Number() const;
-    void SetNumber(int32_t number);
+    void SetNumber(int32_t number);  // a text that already means this number stays as it is
 
     void UserTyped(std::wstring text);  // the whole new content
 

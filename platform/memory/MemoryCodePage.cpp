@@ -63,14 +63,12 @@ std::string MemoryCodePage::ToAnsi(std::wstring_view wide) const {
     std::string ansi;
     ansi.reserve(wide.size());
     for (const wchar_t unit : wide) {
-        const auto found = std::find(upperHalf.begin(), upperHalf.end(), unit);
         if (unit < 0x80) {
             ansi += static_cast<char>(unit);
-        } else if (found != upperHalf.end()) {
-            ansi += static_cast<char>(0x80 + (found - upperHalf.begin()));
-        } else {
-            ansi += '?';
+            continue;
         }
+        const auto found = std::find(upperHalf.begin(), upperHalf.end(), unit);
+        ansi += found == upperHalf.end() ? '?' : static_cast<char>(0x80 + (found - upperHalf.begin()));
     }
     return ansi;
 }

@@ -56,13 +56,14 @@ class RandomModel {
         for (int32_t& number : numbers) number = Number();
         return numbers;
     }
-    // Different names of keys, also without regard to case, in the registry's order.
+    // Different names of keys, also without regard to case, in the registry's order. No underscore: it stands
+    // between capitals and small letters, and not all registries agree on which of them are compared.
     Texts Names(size_t fewest, size_t most) {
         std::set<std::wstring> upper;
         const size_t count = fewest + Below(most - fewest + 1);
         while (upper.size() < count) {
             std::wstring name(1 + Below(6), L' ');
-            for (wchar_t& unit : name) unit = L"ABCXYZ019_-. \x0416\x00C4"[Below(15)];
+            for (wchar_t& unit : name) unit = L"ABCXYZ019-. \x0416\x00C4"[Below(14)];
             if (name.front() != L' ' && name.back() != L' ') upper.insert(name);
         }
         Texts names(upper.begin(), upper.end());

@@ -1,0 +1,12 @@
+// What the editors remember from one opening to the next, as long as the program runs.
+#pragma once
+
+namespace editors {
+
+struct EditorMemory {
+    // The store profile, by its index in the service profile, that the rule editor last took to be selected.
+    // Kept: opening the editor for a new rule leaves it as the rule before left it.
+    int RememberedCsProfile = 0;
+};
+
+}  // namespace editors

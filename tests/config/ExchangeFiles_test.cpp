@@ -1,0 +1,164 @@
+// Whole files, and what is told of every step that fails.
+#include "config/ExchangeFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "tests/config/ExchangeTest.h"
+
+namespace {
+
+using namespace std::string_literals;
+using tests::FileCall;
+using tests::Journal;
+namespace code = platform::code;
+
+class ExchangeFiles : public tests::ExchangeTest {
+  protected:
+    std::optional<std::string> Read(const std::wstring& path) {
+        const auto content = config::ReadWholeFile(exchange_, nullptr, path);
+        return content ? std::optional(std::string(content->Bytes())) : std::nullopt;
+    }
+    bool Write(std::string_view bytes) { return config::WriteWholeFile(exchange_, nullptr, file_, bytes); }
+
+    const std::wstring file_ = Path(L"100% %s.prx");
+};
+
+TEST_F(ExchangeFiles, AreReadAsTheyAre) {
+    for (const std::string& bytes : {""s, "a"s, "a\0b\n\r\xFF"s, std::string(100'000, 'x')}) {
+        Put(file_, bytes);
+        EXPECT_EQ(Read(file_), bytes);
+        EXPECT_EQ(TakeJournal(), (Journal{"open", "size", "read", "close"}));
+    }
+}
+
+TEST_F(ExchangeFiles, AreReadAtOnceIntoABufferOneByteLarger) {
+    Put(file_, "12345");
+    EXPECT_EQ(Read(file_), "12345");
+    EXPECT_EQ(watched_.readSizes, std::vector<size_t>{5});
+    EXPECT_EQ(memory_.sizes, std::vector<size_t>{6});
+}
+
+TEST_F(ExchangeFiles, ThatShrankOrGrewMeanwhileGiveWhatWasRead) {
+    Put(file_, "12345");
+    watched_.claimedSize = 100;
+    EXPECT_EQ(Read(file_), "12345");
+    watched_.claimedSize = 3;
+    EXPECT_EQ(Read(file_), "123");
+    watched_.claimedSize = 0;
+    EXPECT_EQ(Read(file_), "");
+}
+
+TEST_F(ExchangeFiles, AreWrittenAtOnceAndReplaced) {
+    Put(file_, "something longer");
+    EXPECT_TRUE(Write("a\0b\n\r\xFF"s));
+    EXPECT_EQ(TakeJournal(), (Journal{"create", "write", "close"}));
+    EXPECT_EQ(Content(file_), "a\0b\n\r\xFF"s);
+}
+
+TEST_F(ExchangeFiles, MayBeReadByOthersWhileTheyAreOpen) {
+    Put(file_, "12345");
+    config::ReportingFile file(exchange_, nullptr, file_);
+    ASSERT_TRUE(file.Open());
+    EXPECT_EQ(Content(file_), "12345");
+}
+
+TEST_F(ExchangeFiles, EveryFailureOfReadingIsReportedOnceAndTheFileClosed) {
+    Put(file_, "12345");
+    struct Case {
+        FileCall step;
+        std::wstring operation;
+        Journal journal;
+    };
+    const Case cases[] = {
+        {FileCall::Open, L"Opening file ", {"open", "box"}},
+        {FileCall::Size, L"Getting size of file ", {"open", "size", "box", "close"}},
+        {FileCall::Read, L"Reading file ", {"open", "size", "read", "box", "close"}},
+        {FileCall::Close, L"Closing file ", {"open", "size", "read", "close", "box"}},
+    };
+    for (const Case& c : cases) {
+        watched_.faults = {{c.step, Fault}};
+        EXPECT_EQ(Read(file_), std::nullopt);
+        ExpectReported(c.operation + file_, Fault);
+        EXPECT_EQ(TakeJournal(), c.journal);
+        EXPECT_EQ(watched_.openFiles, 0);
+    }
+}
+
+TEST_F(ExchangeFiles, EveryFailureOfWritingIsReportedOnceAndTheFileClosed) {
+    struct Case {
+        FileCall step;
+        std::wstring operation;
+        Journal journal;
+        std::optional<std::string> left;
+    };
+    const Case cases[] = {
+        {FileCall::Create, L"Creating file ", {"create", "box"}, std::nullopt},
+        {FileCall::Write, L"Writing file ", {"create", "write", "box", "close"}, ""},
+        {FileCall::Close, L"Closing file ", {"create", "write", "close", "box"}, "12345"},
+    };
+    for (const Case& c : cases) {
+        watched_.faults = {{c.step, Fault}};
+        EXPECT_FALSE(Write("12345"));
+        ExpectReported(c.operation + file_, Fault);
+        EXPECT_EQ(TakeJournal(), c.journal);
+        EXPECT_EQ(watched_.openFiles, 0);
+        EXPECT_EQ(Content(file_), c.left);
+    }
+}
+
+TEST_F(ExchangeFiles, ACloseThatFailsBehindAnotherFailureIsNotReported) {
+    Put(file_, "12345");
+    watched_.faults = {
+        {FileCall::Read, Fault}, {FileCall::Write, Fault}, {FileCall::Close, code::InvalidHandle}};
+    EXPECT_EQ(Read(file_), std::nullopt);
+    ExpectReported(L"Reading file " + file_, Fault);
+    EXPECT_FALSE(Write("12345"));
+    ExpectReported(L"Writing file " + file_, Fault);
+}
+
+TEST_F(ExchangeFiles, AFileThatIsCutShortIsReported) {
+    constexpr platform::Win32Code diskFull = 112;
+    watched_.unwritten = 2;
+    EXPECT_FALSE(Write("12345"));
+    ExpectReported(L"Writing file " + file_, diskFull);
+    EXPECT_EQ(Content(file_), "123");
+}
+
+TEST_F(ExchangeFiles, WhatTheSystemRefusesIsReportedWithItsCode) {
+    const std::wstring missing = Path(L"missing.prx");
+    EXPECT_EQ(Read(missing), std::nullopt);
+    ExpectReported(L"Opening file " + missing, code::FileNotFound);
+    const std::wstring lost = Path(L"no folder\\a.prx");
+    EXPECT_FALSE(config::WriteWholeFile(exchange_, nullptr, lost, "a"));
+    ExpectReported(L"Creating file " + lost, code::PathNotFound);
+}
+
+TEST_F(ExchangeFiles, AFileBeyondMemoryIsReported) {
+    Put(file_, "12345");
+    memory_.refuses = true;
+    constexpr auto largest = std::numeric_limits<uint64_t>::max();
+    for (const uint64_t size : {uint64_t{5}, uint64_t{0xFFFF'FFFF}, largest - 1, largest}) {
+        watched_.claimedSize = size;
+        EXPECT_EQ(Read(file_), std::nullopt);
+        ExpectReported(L"Memory allocation", code::NotEnoughMemory);
+        EXPECT_EQ(memory_.sizes.back(), size == largest ? largest : size + 1);
+        EXPECT_EQ(TakeJournal(), (Journal{"open", "size", "box", "close"}));
+    }
+}
+
+TEST(ExchangeFilePicker, OffersItsOwnKindAndAllFiles) {
+    const ui::FilePicker picker =
+        config::ExchangeFilePicker(ui::FilePickerKind::Save, L"Profiles", L"prx", L"Alpha");
+    EXPECT_EQ(picker.kind, ui::FilePickerKind::Save);
+    EXPECT_EQ(picker.filterName, L"Profiles (*.prx)");
+    EXPECT_EQ(picker.filterPattern, L"*.prx");
+    ASSERT_EQ(picker.furtherFilters.size(), 1U);
+    EXPECT_EQ(picker.furtherFilters[0].name, L"All files (*.*)");
+    EXPECT_EQ(picker.furtherFilters[0].pattern, L"*.*");
+    EXPECT_EQ(picker.defaultExtension, L"prx");
+    EXPECT_EQ(picker.initialPath, L"Alpha");
+}
+
+}  // namespace

@@ -1,0 +1,67 @@
+#include "editors/AddExtDlg.h"
+
+#include "tests/support/Fixture.h"
+
+namespace tests {
+namespace {
+
+using editors::CAddExtDlg;
+
+class AddExtDlgTest : public WorldTest {
+  protected:
+    int Run(const std::function<void()>& script) {
+        user_.Expect<CAddExtDlg>([&script](CAddExtDlg&) { script(); });
+        return dialog_.DoModal();
+    }
+    CAddExtDlg dialog_{world_->Screen(), nullptr};
+};
+
+TEST_F(AddExtDlgTest, AsksUnderItsTitleAndStartsInTheField) {
+    const int result = Run([this] {
+        EXPECT_EQ(dialog_.Caption(), L"Add additional extension:");
+        EXPECT_EQ(user_.Text(269), L"Add additional extension:");
+        EXPECT_EQ(user_.Text(266), L"");
+        EXPECT_EQ(user_.Text(ui::IdOk), L"OK");
+        EXPECT_EQ(user_.Text(ui::IdCancel), L"Exit");
+        EXPECT_EQ(dialog_.Focus(), &dialog_.Find(266));
+        user_.Type(266, L"doc");
+        user_.PressCloseBox();
+    });
+    EXPECT_EQ(result, ui::IdCancel);
+    EXPECT_EQ(dialog_.Extension(), L"");
+}
+
+TEST_F(AddExtDlgTest, TrimsBlanksAndTurnsToLowerCase) {
+    const std::vector<std::pair<std::wstring, std::wstring>> cases{
+        {L"  P7S ", L"p7s"},
+        {L"xml", L"xml"},
+        {L"A B", L"a b"},
+        {L"@[Z`{", L"@[z`{"},
+        {L"\x00C4\x00D6\x00DF", L"\x00E4\x00F6\x00DF"},              // umlauts; sharp s has no capital
+        {L"\x0410\x042F\x0401\x0407", L"\x0430\x044F\x0451\x0457"},  // Cyrillic
+        {L"\x0391\x03A3\x039C", L"\x03B1\x03C3\x03BC"},              // Greek
+        {L"\x0100\x017D", L"\x0101\x017E"},                          // Latin with marks
+    };
+    for (const auto& [typed, extension] : cases) {
+        Run([this, &typed = typed] {
+            user_.Type(266, typed);
+            user_.Press(Key::Enter);
+        });
+        EXPECT_EQ(dialog_.Extension(), extension);
+    }
+}
+
+TEST_F(AddExtDlgTest, NothingButBlanksDoesNothing) {
+    Run([this] {
+        user_.Click(ui::IdOk);
+        user_.Type(266, L"   ");
+        user_.Click(ui::IdOk);
+        EXPECT_FALSE(dialog_.HasEnded());
+        EXPECT_EQ(user_.Text(266), L"   ");
+        user_.Press(Key::Escape);
+    });
+    EXPECT_EQ(dialog_.Extension(), L"");
+}
+
+}  // namespace
+}  // namespace tests
