@@ -41,7 +41,8 @@ int32_t Edit::Number() const {
 void Edit::SetNumber(int32_t number) {
     const std::wstring digits = text::Decimal(number);
     // Zeros in front may stay: the user is still typing.
-    const bool saysSo = Text().ends_with(digits) && Text().find_first_not_of(L'0') >= Text().size() - digits.size();
+    const bool saysSo =
+        Text().ends_with(digits) && Text().find_first_not_of(L'0') >= Text().size() - digits.size();
     if (!saysSo) SetText(digits);
 }
 

@@ -80,6 +80,14 @@ class OperationWalk : public RuleEditorTest {
     size_t step_ = 0;
 };
 
+// All 24 x 24 changes where they cost nothing; with real windows, which take a quarter of a second for each,
+// every fifth.
+#ifdef _WIN32
+constexpr size_t stride = 5;
+#else
+constexpr size_t stride = 1;
+#endif
+
 TEST_F(OperationWalk, EachOfThemKeepsAndDropsWhatItShould) {
     const std::vector<std::wstring> codes = OperationCodes();
     Edit({}, [&](ui::Dialog&) {
@@ -94,7 +102,7 @@ TEST_F(OperationWalk, EachOfThemKeepsAndDropsWhatItShould) {
         for (size_t from = 0; from < codes.size(); ++from) {
             go(codes[from]);  // the first time from its neighbour, then from itself
             go(codes[from]);
-            for (size_t to = from + 1; to < codes.size(); ++to) {
+            for (size_t to = from + 1; to < codes.size(); to += stride) {
                 go(codes[to]);
                 go(codes[from]);
             }
