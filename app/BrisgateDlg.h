@@ -116,9 +116,9 @@ class CBrisgateDlg : public ui::Dialog {
     ui::ListView rules_{*this, 1030, {133, 60, 473, 90, ui::GrowBoth}, {.checkBoxes = true}};
     ui::Button configurations_{*this, 1036, {21, 151, 12, 11}, L"Configurations"};
     ui::Button openProfile_{*this, 1053, {7, 152, 12, 8}, L"Open profile", [this] { OpenProfile(); }};
-    ui::Button save_{*this, 1000, {444, 167, 50, 19, ui::MoveBoth}, L"Save", [this] { Save(); }};
-    ui::Button saveAndExit_{*this, ui::IdOk, {500, 167, 50, 19, ui::MoveBoth}, L"Save and exit"};
-    ui::Button exit_{*this, ui::IdCancel, {556, 167, 50, 19, ui::MoveBoth}, L"Exit without saving"};
+    ui::Button save_{*this, 1000, {426, 167, 50, 19, ui::MoveBoth}, L"Save", [this] { Save(); }};
+    ui::Button saveAndExit_{*this, ui::IdOk, {482, 167, 50, 19, ui::MoveBoth}, L"Save and exit"};
+    ui::Button exit_{*this, ui::IdCancel, {538, 167, 68, 19, ui::MoveBoth}, L"Exit without saving"};
 
     RuleList ruleList_;
 };

@@ -39,8 +39,7 @@ class KindFinder : public ControlVisitor {
     void Visit(Edit& control) override { kind_ = {WC_EDITW, StyleOf(control.Style())}; }
     void Visit(Button& control) override {
         const DWORD type = control.Id() == IdOk ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-        // A text that is too wide for its button goes on two lines.
-        kind_ = {WC_BUTTONW, type | BS_MULTILINE | BS_NOTIFY};
+        kind_ = {WC_BUTTONW, type | BS_NOTIFY};
     }
     void Visit(IconButton&) override { kind_ = {WC_BUTTONW, BS_PUSHBUTTON | BS_ICON | BS_NOTIFY}; }
     void Visit(CheckBox&) override { kind_ = {WC_BUTTONW, BS_CHECKBOX | BS_NOTIFY}; }
