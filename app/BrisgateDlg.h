@@ -10,6 +10,7 @@
 #include "app/RuleList.h"
 #include "config/Configuration.h"
 #include "config/Services.h"
+#include "editors/CertificateActions.h"
 #include "editors/EditorMemory.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
@@ -19,7 +20,9 @@ namespace app {
 
 class CBrisgateDlg : public ui::Dialog {
   public:
-    explicit CBrisgateDlg(const config::Services& services);
+    // certificates: may be null; choosing recipients and signers then does nothing.
+    explicit CBrisgateDlg(const config::Services& services,
+                          editors::CertificateActions* certificates = nullptr);
 
     ui::Size MinimumTrackSize() const override;
 
@@ -70,6 +73,7 @@ class CBrisgateDlg : public ui::Dialog {
     bool MayLeave();
 
     const config::Services services_;
+    editors::CertificateActions* const certificates_;
     config::Configuration configuration_;
     std::vector<std::wstring> profileNames_;  // as the profile list shows them
     std::wstring openedProfile_;              // empty: none

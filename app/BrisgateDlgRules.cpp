@@ -33,7 +33,7 @@ void CBrisgateDlg::ShowChangedRules(std::optional<size_t> selectedRow, std::opti
 std::optional<config::Rule> CBrisgateDlg::RunRuleEditor(const config::ServiceProfile& profile,
                                                         const config::Rule& rule) {
     editors::CAddRule editor(services_, this, profile, SuggestedMasks(configuration_.Settings, profile.Rules),
-                             rule, editorMemory_, nullptr);
+                             rule, editorMemory_, certificates_);
     if (editor.DoModal() != ui::IdOk) return std::nullopt;
     return editor.Result();
 }

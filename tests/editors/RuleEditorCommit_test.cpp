@@ -3,8 +3,11 @@
 
 #include <map>
 
+#include "app/BrisgateDlg.h"
+#include "config/Load.h"
 #include "editors/AddMask.h"
 #include "tests/editors/RuleEditor.h"
+#include "tests/support/TestFiles.h"
 
 namespace tests {
 namespace {
@@ -198,6 +201,71 @@ TEST_F(RuleEditorCommit, APathThatIsNotSetIsWrittenAsItStands) {
     });
     ASSERT_TRUE(result);
     EXPECT_EQ(result->PathOut2, L"0");
+}
+
+// The whole way of a rule: made by hand in the main window, saved, loaded again, and carried to another
+// profile.
+class RuleJourney : public RuleEditorCommit {
+  protected:
+    void SetUp() override {
+        Seed(R"([HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\1]
+ProfileName = "Bank"
+BasePath = "C:\Keys"
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha\rules]
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Beta\rules]
+)");
+        for (const wchar_t* name : {L"Alpha", L"Beta"}) {
+            ASSERT_EQ(store_.Open(platform::RootKey::LocalMachine,
+                                  std::wstring(L"SOFTWARE\\TALVERON\\morcelservice\\") + name),
+                      0U);
+            ASSERT_TRUE(store_.WriteTextList(L"ZCSProfile", profile_.ZCSProfile, nullptr));
+        }
+        files_.AddFolder(realFiles_->Folder());
+    }
+
+    void AddByHand(const Rule& rule) {
+        user_.Expect<editors::CAddRule>([this, rule](editors::CAddRule&) {
+            PutIn(rule);
+            user_.Click(ui::IdOk);
+        });
+        user_.Click(1023);
+    }
+    void ExportAndImportIntoTheOtherProfile() {
+        const std::wstring path = realFiles_->Folder() + L"\\rules.prx";
+        user_.ExpectFilePicker(ui::FilePickerKind::Save, path);
+        user_.Click(1034);
+        platform::FileHandle
+            file{};  // the picker looks for it on the real disk, the program among the test's files
+        ASSERT_EQ(realFiles_->Files().Create(path, file), 0U);
+        ASSERT_EQ(realFiles_->Files().Close(file), 0U);
+        user_.ClickRow(1001, 1);
+        user_.ExpectFilePicker(ui::FilePickerKind::Open, path);
+        user_.Click(1035);
+    }
+
+    const std::unique_ptr<TestFiles> realFiles_ = MakeTestFiles();
+};
+
+TEST_F(RuleJourney, RulesOfEveryOperationSurviveSavingLoadingAndTheExchangeFile) {
+    std::vector<Rule> expected;
+    for (const std::wstring& code : OperationCodes()) {
+        expected.push_back(Expected(code));
+        expected.back().Descryption = L"Rule for " + code;  // the exchange file carries single lines only
+    }
+    user_.Expect<app::CBrisgateDlg>([&](app::CBrisgateDlg&) {
+        for (const Rule& rule : expected) AddByHand(rule);
+        ExportAndImportIntoTheOtherProfile();
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(app::CBrisgateDlg(editorServices_, &certificates_).DoModal(), ui::IdOk);
+
+    const auto loaded = config::LoadConfiguration(store_, reporter_, nullptr);
+    ASSERT_TRUE(loaded);
+    ASSERT_EQ(loaded->Profiles.size(), 2U);
+    EXPECT_EQ(loaded->Profiles[0].Rules, expected);
+    EXPECT_EQ(loaded->Profiles[1].Rules, expected);
 }
 
 }  // namespace
