@@ -13,7 +13,7 @@ need_packages() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "${missing[@]}"
 }
 
-build_packages=(cmake ninja-build g++ python3)
+build_packages=(git cmake ninja-build g++ python3)
 native_packages=(googletest libbenchmark-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 googletest wine wine64 fonts-wine xvfb xauth)
-screenshot_packages=(x11-apps imagemagick)
+screenshot_packages=(imagemagick)
