@@ -16,15 +16,11 @@ std::vector<std::wstring> OperationNames() {
     return names;
 }
 
-void Enable(ui::Control& control, bool enabled) {
-    if (control.IsEnabled() != enabled) control.Enable(enabled);
-}
-
-// Most controls stay as they are when the operation changes; those are not touched. control: may be null.
+// control: may be null.
 void Use(ui::Control* control, bool used) {
     if (control == nullptr) return;
-    if (control->IsVisible() != used) control->Show(used);
-    Enable(*control, used);
+    control->Show(used);
+    control->Enable(used);
 }
 
 void SelectIn(ui::ComboBox& list, int index) {
@@ -105,12 +101,12 @@ void CAddRule::ReadAndPush() {
 void CAddRule::Reshape() {
     const OperationShape& shape = ShapeOf(form_.Operation);
     const ActionLook& look = LookOf(shape.action);
-    if (action_.Icon() != look.icon) action_.SetIcon(look.icon);
-    if (action_.Tooltip() != look.tooltip) action_.SetTooltip(std::wstring(look.tooltip));
-    Enable(action_, look.isEnabled);
+    action_.SetIcon(look.icon);
+    action_.SetTooltip(std::wstring(look.tooltip));
+    action_.Enable(look.isEnabled);
     actionField_.SetReadOnly(!look.takesPath);
-    Enable(pickPathOut_, shape.outputFolder);
-    Enable(pathOut_, shape.outputFolder);
+    pickPathOut_.Enable(shape.outputFolder);
+    pathOut_.Enable(shape.outputFolder);
     storeProfileLabel_.SetText(shape.storeProfile ? L"CS profile: " : L"");
     Use(&storeProfile_, shape.storeProfile);
     for (size_t i = RowA; i < RowCount; ++i) ReshapeRow(rows_.at(i), FieldOf(shape.options.at(i)));

@@ -58,6 +58,27 @@ TEST_F(MainWindowTest, IsLaidOutWithTheseControls) {
     });
 }
 
+TEST_F(MainWindowTest, ItsControlsStandInTheirPlaces) {
+    SeedSmallConfiguration();
+    std::map<int, ui::Rect> places{
+        {1120, {506, 9, 100, 16}},  {1079, {506, 26, 100, 14}}, {1041, {8, 43, 112, 14}},
+        {1042, {133, 43, 473, 14}}, {1001, {8, 60, 112, 90}},   {1030, {133, 60, 473, 90}},
+        {1036, {21, 151, 12, 11}},  {1053, {7, 152, 12, 8}},    {1000, {426, 167, 50, 19}},
+        {1, {482, 167, 50, 19}},    {2, {538, 167, 68, 19}}};
+    const std::map<int, int> iconColumns{{1021, 7},   {1022, 39},  {1023, 76},  {1037, 108}, {1024, 140},
+                                         {1025, 172}, {1026, 204}, {1027, 236}, {1028, 268}, {1029, 300},
+                                         {1031, 337}, {1032, 369}, {1033, 401}, {1034, 433}, {1035, 465}};
+    for (const auto& [control, x] : iconColumns) places[control] = {x, 9, 32, 32};
+    Run([&](CBrisgateDlg& dialog) {
+        EXPECT_EQ(dialog.Controls().size(), places.size());
+        for (const auto& [control, place] : places) {
+            const ui::Place& found = dialog.Find(control).Placement();
+            EXPECT_EQ((ui::Rect{found.x, found.y, found.width, found.height}), place) << control;
+        }
+        user_.PressCloseBox();
+    });
+}
+
 TEST_F(MainWindowTest, EveryIconButtonHasAnIconOfItsOwn) {
     SeedSmallConfiguration();
     Run([&](CBrisgateDlg& dialog) {

@@ -148,17 +148,4 @@ TEST_F(ExchangeFiles, AFileBeyondMemoryIsReported) {
     }
 }
 
-TEST(ExchangeFilePicker, OffersItsOwnKindAndAllFiles) {
-    const ui::FilePicker picker =
-        config::ExchangeFilePicker(ui::FilePickerKind::Save, L"Profiles", L"prx", L"Alpha");
-    EXPECT_EQ(picker.kind, ui::FilePickerKind::Save);
-    EXPECT_EQ(picker.filterName, L"Profiles (*.prx)");
-    EXPECT_EQ(picker.filterPattern, L"*.prx");
-    ASSERT_EQ(picker.furtherFilters.size(), 1U);
-    EXPECT_EQ(picker.furtherFilters[0].name, L"All files (*.*)");
-    EXPECT_EQ(picker.furtherFilters[0].pattern, L"*.*");
-    EXPECT_EQ(picker.defaultExtension, L"prx");
-    EXPECT_EQ(picker.initialPath, L"Alpha");
-}
-
 }  // namespace
