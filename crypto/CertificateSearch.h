@@ -1,0 +1,34 @@
+// Looking certificates up in the open stores.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "crypto/NameList.h"
+#include "ui/Dialog.h"
+
+namespace crypto {
+
+// The certificates of one owner, index for index.
+struct OwnerCertificates {
+    std::vector<std::wstring> Texts;
+    std::vector<std::wstring> Serials;  // "01:A2"
+};
+
+// Every out list is emptied first. False: the search failed, which has been reported with the parent as
+// owner.
+class CertificateSearch {
+  public:
+    virtual ~CertificateSearch() = default;
+
+    // Every owner name of the local store, once.
+    virtual bool FindAllLocalNames(ui::Dialog& parent, NameList& names) = 0;
+    // Every owner name that the query matches ("CN=Iv*"; "*" for everything), once. Finding none is a
+    // success.
+    virtual bool FindOwnerNames(ui::Dialog& parent, const std::wstring& pattern, NameList& names) = 0;
+    // The certificates whose owner has this name; letter case does not matter.
+    virtual bool FindCertificatesByName(ui::Dialog& parent, const std::wstring& name,
+                                        OwnerCertificates& found) = 0;
+};
+
+}  // namespace crypto
