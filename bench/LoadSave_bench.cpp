@@ -14,13 +14,7 @@ using platform::memory::MemoryMachine;
 // A machine whose registry holds a saved sample.
 struct Setting {
     explicit Setting(size_t rules) : sample(bench::SampleConfiguration(rules)) {
-        platform::KeyHandle key{};
-        const platform::RootKey user = platform::RootKey::CurrentUser;
-        machine.StoredRegistry.Create(user, L"SOFTWARE\\TALVERON\\morcel\\Profiles", key);
-        machine.StoredRegistry.Close(key);
-        machine.StoredRegistry.Create(platform::RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcelservice",
-                                      key);
-        machine.StoredRegistry.Close(key);
+        bench::CreateTrees(machine.StoredRegistry);
         bench::Save(Over(machine.StoredRegistry), screen, sample);
     }
 

@@ -39,6 +39,14 @@ config::Configuration SampleConfiguration(size_t rules) {
     return configuration;
 }
 
+void CreateTrees(platform::RegistryBackend& registry) {
+    platform::KeyHandle key{};
+    registry.Create(platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\Profiles", key);
+    registry.Close(key);
+    registry.Create(platform::RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcelservice", key);
+    registry.Close(key);
+}
+
 config::Configuration Load(const platform::Machine& machine, ui::Screen& screen) {
     const errors::ErrorReporter reporter(machine, screen);
     config::RegistryStore store(machine, reporter);

@@ -11,6 +11,9 @@ namespace bench {
 config::Configuration SampleConfiguration(size_t rules);
 
 // Each throws std::runtime_error when it does not succeed.
+// Creates the empty trees of the library and the service.
+void CreateTrees(platform::RegistryBackend& registry);
+
 config::Configuration Load(const platform::Machine& machine, ui::Screen& screen);
 void Save(const platform::Machine& machine, ui::Screen& screen, const config::Configuration& configuration);
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr wchar_t fieldEnd = L'\n';
 constexpr wchar_t recordEnd = L'\r';  // behind the end of the last field
+constexpr char fieldEndByte = '\n';
 constexpr std::string_view recordEndBytes = "\n\r";
 constexpr std::wstring_view betweenEntries = L";;";
 constexpr std::wstring_view betweenSignerLists = L";\\;";
@@ -137,12 +138,10 @@ class RecordReader {
     bool ended_ = false;  // the last field has been taken
 };
 
-Rule ReadRule(std::wstring_view record) {
-    Rule rule;
+void ReadRule(std::wstring_view record, Rule& rule) {
     RecordReader reader(record);
     VisitRecord(rule, reader);
     GiveArchiveKind(rule);
-    return rule;
 }
 
 }  // namespace
@@ -163,14 +162,18 @@ std::string ExchangeText(std::span<const Rule> rules, const platform::CodePage& 
 ExchangedRules ParseExchangeText(std::string_view text, const platform::CodePage& codePage) {
     text = text.substr(0, text.find('\0'));
     ExchangedRules exchanged;
+    std::vector<std::string_view> records;
     for (size_t end = text.find(recordEndBytes); end != std::string_view::npos;
          end = text.find(recordEndBytes)) {
-        const std::wstring record = codePage.ToWide(text.substr(0, end));
+        const std::string_view record = text.substr(0, end);
         text.remove_prefix(end + recordEndBytes.size());
-        const auto separators = std::count(record.begin(), record.end(), fieldEnd);
+        const auto separators = std::count(record.begin(), record.end(), fieldEndByte);
         if (separators > 0) exchanged.anyRecord = true;
-        if (separators + 1 >= fewestFields) exchanged.rules.push_back(ReadRule(record));
+        if (separators + 1 >= fewestFields) records.push_back(record);
     }
+    exchanged.rules.reserve(records.size());
+    for (const std::string_view record : records)
+        ReadRule(codePage.ToWide(record), exchanged.rules.emplace_back());
     return exchanged;
 }
 

@@ -78,21 +78,21 @@ class CAddRule : public ui::Dialog {
     ui::IconButton pickPathIn_{*this,           1000,
                                {7, 62, 28, 20}, ui::Icon::FolderIn,
                                L"Input folder", [this] { PickFolder(form_.PathIn); }};
-    ui::Edit pathIn_{*this, 1045, {41, 65, 210, 14}};
+    ui::Edit pathIn_{*this, 1045, {41, 65, 210, 14}, {.takesPaths = true}};
     ui::IconButton pickPathOut_{*this,
                                 1043,
                                 {7, 84, 28, 20},
                                 ui::Icon::FolderOut,
                                 L"Output folder",
                                 [this] { PickFolder(form_.PathOut); }};
-    ui::Edit pathOut_{*this, 1046, {41, 87, 210, 14}};
+    ui::Edit pathOut_{*this, 1046, {41, 87, 210, 14}, {.takesPaths = true}};
     ui::IconButton pickPathError_{
         *this, 1044, {7, 106, 28, 20}, ui::Icon::FolderError, L"Error folder", [this] {
             PickFolder(form_.PathError);
         }};
-    ui::Edit pathError_{*this, 1047, {41, 109, 210, 14}};
+    ui::Edit pathError_{*this, 1047, {41, 109, 210, 14}, {.takesPaths = true}};
     ui::IconButton action_{*this, 1050, {7, 128, 28, 20}, ui::Icon::Recipients, L"", [this] { DoAction(); }};
-    ui::Edit actionField_{*this, 1049, {41, 131, 210, 14}};
+    ui::Edit actionField_{*this, 1049, {41, 131, 210, 14}, {.takesPaths = true}};
 
     ui::ListView masks_{*this, 1001, {258, 62, 97, 86}};
     ui::IconButton addMask_{

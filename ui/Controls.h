@@ -40,6 +40,7 @@ struct EditStyle {
     bool readOnly = false;
     bool multiLine = false;   // Enter starts a new line; lines end with "\r\n"
     bool scrollBars = false;  // both
+    bool takesPaths = false;  // a file or folder dropped onto it becomes its content
 };
 
 class Edit : public Control {
@@ -50,6 +51,7 @@ class Edit : public Control {
     const EditStyle& Style() const { return style_; }
     bool IsReadOnly() const { return readOnly_; }
     void SetReadOnly(bool readOnly);
+    bool TakesDrops() const { return style_.takesPaths && !readOnly_ && IsEnabled() && IsVisible(); }
 
     // The number in a digits-only edit: 0 when it is empty, the largest int32_t when it is beyond that.
     int32_t Number() const;

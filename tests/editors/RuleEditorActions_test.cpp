@@ -53,6 +53,23 @@ TEST_F(RuleEditorActions, ExecutingPicksAFile) {
     });
 }
 
+TEST_F(RuleEditorActions, FolderFieldsTakeADroppedFolder) {
+    Edit(PlainRule(L"MOVE"), [this](ui::Dialog&) {
+        for (const int field : {ruleid::PathIn, ruleid::PathOut, ruleid::PathError, ruleid::ActionField}) {
+            user_.Drop(field, L"D:\\Exchange\\" + std::to_wstring(field));
+            EXPECT_EQ(user_.Text(field), L"D:\\Exchange\\" + std::to_wstring(field));
+        }
+        Leave();
+    });
+    Edit(PlainRule(L"HASH"), [this](ui::Dialog& dialog) {
+        const Seen before = Look(dialog);
+        user_.Drop(ruleid::ActionField, L"D:\\Exchange");  // only shows a number here
+        user_.Drop(ruleid::Description, L"D:\\Exchange");
+        EXPECT_EQ(Look(dialog), before);
+        Leave();
+    });
+}
+
 TEST_F(RuleEditorActions, RecipientsAreChosenFromThoseThereAre) {
     for (const wchar_t* code : {L"ENCR", L"LENC", L"SGEN"}) {
         const auto rule = Edit(FullRule(code), [this](ui::Dialog& dialog) {
@@ -113,12 +130,14 @@ TEST_F(RuleEditorActions, NumbersTakeDigitsOnly) {
         user_.Type(ruleid::NumberC, L"7");
         user_.Type(ruleid::NumberC, L"");
         EXPECT_EQ(user_.Text(ruleid::NumberC), L"0");
+        user_.Type(ruleid::NumberC, L"\b57");
+        EXPECT_EQ(user_.Text(ruleid::NumberC), L"57");
         user_.Click(ui::IdOk);
     });
     ASSERT_TRUE(rule);
     EXPECT_EQ(rule->ArchCount, 12);
     EXPECT_EQ(rule->ArchSize, 2147483647);
-    EXPECT_EQ(rule->ArchTimeout, 0);
+    EXPECT_EQ(rule->ArchTimeout, 57);
 }
 
 // No key and no clipboard brings a sign into such a field, but a window message can.

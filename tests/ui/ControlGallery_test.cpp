@@ -1,5 +1,7 @@
 // Each gesture on a simple control reaches its handler once, with the state already changed; what the program
 // sets is shown and heard by nobody.
+#include <algorithm>
+
 #include "tests/ui/Gallery.h"
 
 namespace tests {
@@ -93,6 +95,54 @@ TEST_F(ControlGalleryTest, AHandlerMayCorrectWhatIsTyped) {
         user_.Type(Digits, L"3");
         EXPECT_EQ(L"4", user_.Text(Digits));
         EXPECT_EQ(1U, gallery_.TakeHeard().size());
+    });
+}
+
+TEST_F(ControlGalleryTest, BackspaceDeletes) {
+    Run([this] {
+        user_.Type(Name, L"abc\bd");
+        EXPECT_EQ(L"abd", user_.Text(Name));
+        user_.Type(Name, L"\b");
+        EXPECT_EQ(L"", user_.Text(Name));
+    });
+}
+
+TEST_F(ControlGalleryTest, WhatTheProgramPutsIntoAnEmptiedEditGivesWayToTheNextKey) {
+    gallery_.onHear = [this](const std::wstring&) {
+        gallery_.digits.SetNumber(std::min(gallery_.digits.Number(), 60));
+    };
+    Run([this] {
+        user_.Type(Digits, L"3\b57");
+        EXPECT_EQ(L"57", user_.Text(Digits));
+        user_.Type(Digits, L"999");
+        EXPECT_EQ(L"60", user_.Text(Digits));
+    });
+}
+
+TEST_F(ControlGalleryTest, ADroppedPathReplacesTheContent) {
+    const std::wstring folder = L"D:\\Exchange\\\x0412 \x00E9\\" + std::wstring(300, L'x');
+    Run([this, &folder] {
+        user_.Type(Name, L"before");
+        user_.Click(Tick);
+        gallery_.TakeHeard();
+        user_.Drop(Name, folder);
+        EXPECT_EQ(folder, user_.Text(Name));
+        EXPECT_EQ(Heard{L"name " + folder}, gallery_.TakeHeard());
+        EXPECT_EQ(&gallery_.tick, gallery_.Focus());
+    });
+}
+
+TEST_F(ControlGalleryTest, APathDroppedElsewhereDoesNothing) {
+    Run([this] {
+        for (const int id : {Fixed, Notes, Digits, Tick, Rows, Kinds}) user_.Drop(id, L"D:\\In");
+        gallery_.name.Enable(false);
+        user_.Drop(Name, L"D:\\In");
+        gallery_.name.Enable(true);
+        gallery_.name.SetReadOnly(true);
+        user_.Drop(Name, L"D:\\In");
+        EXPECT_EQ(Heard{}, gallery_.TakeHeard());
+        EXPECT_EQ(L"", user_.Text(Name));
+        EXPECT_EQ(L"fixed", user_.Text(Fixed));
     });
 }
 

@@ -53,7 +53,9 @@ class Gallery : public ui::Dialog {
     ui::Size smallest;
 
     ui::Label hint{*this, gallery::Hint, {7, 7, 60, 8}, L"Name & more:"};
-    ui::Edit name{*this, gallery::Name, {70, 5, 90, 14}, {}, [this] { Hear(L"name " + name.Text()); }};
+    ui::Edit name{*this, gallery::Name, {70, 5, 90, 14}, {.takesPaths = true}, [this] {
+                      Hear(L"name " + name.Text());
+                  }};
     ui::Edit digits{*this, gallery::Digits, {165, 5, 40, 14}, {.digitsOnly = true}, [this] {
                         Hear(L"digits " + digits.Text());
                     }};

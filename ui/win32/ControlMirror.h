@@ -33,6 +33,10 @@ class ControlMirror {
     // What the user did, as the system notifies a dialog of it.
     virtual void OnCommand(int /*notification*/) {}
     virtual LRESULT OnNotify(const NMHDR& /*notification*/) { return 0; }
+    // Whether files may be dropped onto the window at some time.
+    virtual bool TakesPaths() const { return false; }
+    // A file or folder dropped onto the window, with its full path.
+    virtual void OnDrop(const std::wstring& /*path*/) {}
     // Notifications that ask what to draw. They are answered at any time. No answer: it was not a question.
     virtual std::optional<LRESULT> Answer(NMHDR& /*question*/) const { return std::nullopt; }
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "ui/win32/DialogWindow.h"
+#include "ui/win32/DroppedFiles.h"
 
 namespace ui::win32 {
 namespace {
@@ -69,6 +70,9 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_GETMINMAXINFO:
             OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam));
             return FALSE;
+        case WM_DROPFILES:
+            OnDrop(DroppedFiles(reinterpret_cast<HDROP>(wParam)));
+            return Reply(0);
         case WM_DPICHANGED:
             OnChangedDpi(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return Reply(0);
@@ -101,6 +105,12 @@ INT_PTR DialogWindow::OnNotify(NMHDR& notification) {
     if (mirror == nullptr) return FALSE;
     if (const std::optional<LRESULT> answer = mirror->Answer(notification)) return Reply(*answer);
     return writing_ > 0 ? FALSE : Reply(mirror->OnNotify(notification));
+}
+
+void DialogWindow::OnDrop(const DroppedFiles& dropped) {
+    const HWND target =
+        ChildWindowFromPointEx(window_, dropped.Place(), CWP_SKIPINVISIBLE | CWP_SKIPDISABLED);
+    if (ControlMirror* const mirror = MirrorOf(target)) mirror->OnDrop(dropped.FirstPath());
 }
 
 void DialogWindow::OnSize(WPARAM kind, Size client) {

@@ -1,9 +1,11 @@
 #include "ui/win32/DialogWindow.h"
 
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
 #include "ui/win32/DialogTemplate.h"
+#include "ui/win32/DroppedFiles.h"
 #include "ui/win32/MirrorFactory.h"
 #include "ui/win32/Placing.h"
 #include "ui/win32/SystemFunctions.h"
@@ -95,6 +97,9 @@ void DialogWindow::ShowAll() {
     ShowIcon();
     ShowMenuBar();
     for (const MenuItem& entry : dialog_.SystemMenuEntries()) AppendToSystemMenu(window_, entry);
+    if (std::any_of(mirrors_.begin(), mirrors_.end(),
+                    [](const auto& mirror) { return mirror->TakesPaths(); }))
+        AcceptDrops(window_);
     for (const auto& mirror : mirrors_) {
         mirror->ShowAll();
         tooltips_.SetText(mirror->Window(), mirror->Mirrored().Tooltip());

@@ -20,6 +20,8 @@
 
 namespace ui::win32 {
 
+class DroppedFiles;
+
 class DialogWindow : public ui::Window {
   public:
     // Takes what handlers of a modeless dialog throw, which has no run to leave through.
@@ -70,6 +72,7 @@ class DialogWindow : public ui::Window {
     void ReportOpeningBounds();
     void OnCommand(int id, int notification, HWND control);
     INT_PTR OnNotify(NMHDR& notification);
+    void OnDrop(const DroppedFiles& dropped);
     void OnSize(WPARAM kind, Size client);
     void OnMinMaxInfo(MINMAXINFO& info) const;
     void OnChangedDpi(uint32_t dpi, const RECT& suggested);

@@ -33,7 +33,11 @@ void EditMirror::ShowAll() {
 }
 
 void EditMirror::Show(Aspect aspect) {
+    const bool refilled =
+        aspect == Aspect::Text && GetFocus() == Window() && GetWindowTextLengthW(Window()) == 0;
     ControlMirror::Show(aspect);
+    // What the program puts where the user has just deleted everything gives way to the next key.
+    if (refilled) Send(EM_SETSEL, 0, -1);
     if (aspect == Aspect::ReadOnly) Send(EM_SETREADONLY, edit_.IsReadOnly());
 }
 
@@ -41,6 +45,10 @@ void EditMirror::OnCommand(int notification) {
     if (notification == EN_CHANGE) edit_.UserTyped(TextOf(Window()));
     if (notification == EN_SETFOCUS) Focused();
     if (notification == EN_KILLFOCUS) Left();
+}
+
+void EditMirror::OnDrop(const std::wstring& path) {
+    if (edit_.TakesDrops()) SetWindowTextW(Window(), path.c_str());  // heard like typing
 }
 
 void ButtonMirror::OnCommand(int notification) {

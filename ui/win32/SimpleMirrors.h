@@ -35,6 +35,8 @@ class EditMirror : public ControlMirror {
     void ShowAll() override;
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
+    bool TakesPaths() const override { return edit_.Style().takesPaths; }
+    void OnDrop(const std::wstring& path) override;
 
   private:
     Edit& edit_;

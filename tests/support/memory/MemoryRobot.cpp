@@ -189,6 +189,14 @@ void MemoryRobot::Paste(int id, const std::wstring& text) {
     Use<ui::Control>(id, [&text](ui::Control& control) { PasteInto(control, text); });
 }
 
+// Where nothing can be dropped, nothing happens; dropping does not move the focus.
+void MemoryRobot::Drop(int id, const std::wstring& path) {
+    Act([this, id, &path] {
+        auto* const edit = dynamic_cast<ui::Edit*>(&Top().Find(id));
+        if (edit != nullptr && edit->TakesDrops()) edit->UserTyped(path);
+    });
+}
+
 void MemoryRobot::Choose(int id, int index) {
     Use<ui::ChoiceControl>(id, [id, index](ui::ChoiceControl& choice) {
         if (index >= 0 && index < static_cast<int>(choice.Items().size())) {

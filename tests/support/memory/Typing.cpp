@@ -11,6 +11,8 @@
 namespace tests {
 namespace {
 
+constexpr wchar_t backspace = L'\b';
+
 bool IsDigit(wchar_t c) {
     return c >= L'0' && c <= L'9';
 }
@@ -52,7 +54,7 @@ class Field {
 std::vector<std::wstring> KeysFor(const Field& field, const std::wstring& text) {
     std::vector<std::wstring> keys;
     for (const wchar_t c : text) {
-        if (c == L'\r' || !field.Takes(c)) continue;
+        if (c == L'\r' || (c != backspace && !field.Takes(c))) continue;
         if (c != L'\n') {
             keys.emplace_back(1, c);
         } else if (field.TakesLines()) {
@@ -71,14 +73,24 @@ void TypeInto(ui::Control& control, const std::wstring& text, const std::functio
     size_t caret = 0;
     bool allSelected = true;
     for (const std::wstring& key : KeysFor(field, text)) {
-        std::wstring content = allSelected ? std::wstring() : field.Text();
-        allSelected = false;
+        const std::wstring before = field.Text();
+        std::wstring content = allSelected ? std::wstring() : before;
         caret = std::min(caret, content.size());
-        content.insert(caret, key);
-        caret += key.size();
+        if (key.front() != backspace) {
+            content.insert(caret, key);
+            caret += key.size();
+        } else if (caret > 0) {
+            content.erase(--caret, 1);
+        }
+        allSelected = false;
+        if (content == before) continue;
         field.Give(content);
         if (!goesOn()) return;
-        if (field.Text() != content) caret = 0;  // as in any edit whose text the program sets
+        if (field.Text() == content) continue;
+        // The program put something else there: in front of it stands the caret, unless it fills the void
+        // that the user left, which the next key replaces.
+        caret = 0;
+        allSelected = content.empty();
     }
 }
 

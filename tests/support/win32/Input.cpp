@@ -1,5 +1,7 @@
 #include "tests/support/win32/Input.h"
 
+#include <shlobj.h>
+
 #include <algorithm>
 #include <array>
 
@@ -122,6 +124,23 @@ void Paste(HWND edit, const std::wstring& text) {
     SetClipboardData(CF_UNICODETEXT, memory);
     CloseClipboard();
     PostMessageW(edit, WM_PASTE, 0, 0);
+    Settle();
+}
+
+void Drop(HWND control, const std::wstring& path) {
+    const HWND dialog = GetParent(control);
+    POINT place = CenterOf(control);
+    MapWindowPoints(control, dialog, &place, 1);
+    // The path and an empty one behind it end the list.
+    const size_t bytes = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
+    const HGLOBAL memory = GlobalAlloc(GHND, bytes);
+    auto* const dropped = static_cast<DROPFILES*>(GlobalLock(memory));
+    dropped->pFiles = sizeof(DROPFILES);
+    dropped->pt = place;
+    dropped->fWide = TRUE;
+    std::copy(path.begin(), path.end(), reinterpret_cast<wchar_t*>(dropped + 1));
+    GlobalUnlock(memory);
+    PostMessageW(dialog, WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
     Settle();
 }
 

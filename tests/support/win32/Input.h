@@ -27,6 +27,9 @@ void Type(HWND window, wchar_t unit);
 // Replaces the selection of an edit by way of the clipboard.
 void Paste(HWND edit, const std::wstring& text);
 
+// Lets go of a dragged file or folder over the middle of a control.
+void Drop(HWND control, const std::wstring& path);
+
 // Gives the keyboard focus as the dialog's own navigation does.
 void Focus(HWND dialog, HWND control);
 

@@ -30,6 +30,7 @@ class Win32Robot final : public Robot {
     void ClickHeader(int id, size_t column) override;
     void Type(int id, const std::wstring& text) override;
     void Paste(int id, const std::wstring& text) override;
+    void Drop(int id, const std::wstring& path) override;
     void Choose(int id, int index) override;
     void Step(int id, int steps) override;
     void Press(Key key, Held held = Held::Nothing) override;

@@ -85,6 +85,10 @@ void Win32Robot::Paste(int id, const std::wstring& text) {
     });
 }
 
+void Win32Robot::Drop(int id, const std::wstring& path) {
+    Act([this, id, &path](HWND dialog) { input::Drop(GetDlgItem(dialog, id), path); });
+}
+
 void Win32Robot::Choose(int id, int index) {
     Use(id, [id, index](const ui::Control& control, HWND window) {
         const auto* const choice = dynamic_cast<const ui::ChoiceControl*>(&control);

@@ -1,0 +1,25 @@
+#include "ui/win32/DroppedFiles.h"
+
+namespace ui::win32 {
+
+POINT DroppedFiles::Place() const {
+    POINT place{};
+    DragQueryPoint(drop_, &place);
+    return place;
+}
+
+std::wstring DroppedFiles::FirstPath() const {
+    std::wstring path(size_t{DragQueryFileW(drop_, 0, nullptr, 0)} + 1, L'\0');
+    const UINT length = DragQueryFileW(drop_, 0, path.data(), static_cast<UINT>(path.size()));
+    path.resize(length);
+    return path;
+}
+
+void AcceptDrops(HWND window) {
+    constexpr UINT CopyGlobalData = 0x0049;  // carries the dropped files from one process to another
+    ChangeWindowMessageFilterEx(window, WM_DROPFILES, MSGFLT_ALLOW, nullptr);
+    ChangeWindowMessageFilterEx(window, CopyGlobalData, MSGFLT_ALLOW, nullptr);
+    DragAcceptFiles(window, TRUE);
+}
+
+}  // namespace ui::win32
