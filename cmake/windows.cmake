@@ -3,6 +3,9 @@ file(GLOB win32_sources CONFIGURE_DEPENDS platform/win32/*.cpp ui/win32/*.cpp)
 add_library(win32 STATIC ${win32_sources})
 target_link_libraries(win32 PUBLIC product comctl32 comdlg32 ole32 shell32 shlwapi)
 
+file(GLOB resource_files CONFIGURE_DEPENDS resources/icons.rc resources/icons/*.ico resources/*.manifest)
+set_source_files_properties(resources/brisgate.rc PROPERTIES OBJECT_DEPENDS "${resource_files}")
+
 add_executable(brisgate WIN32 app/win32/main.cpp resources/brisgate.rc)
 target_link_libraries(brisgate PRIVATE win32)
 target_link_options(brisgate PRIVATE -municode)

@@ -113,7 +113,7 @@ IconHandle EmptyPicture() {
 }
 
 int PictureSizeFor(Size control) {
-    constexpr std::array Drawn{48, 32, 24, 20, 16};
+    constexpr std::array Drawn{96, 64, 48, 32, 24, 20, 16};
     constexpr int Edge = 6;  // both borders of a button, with a little air
     const int room = std::min(control.width, control.height) - Edge;
     for (const int size : Drawn)
