@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <unordered_set>
 
 #include "app/AboutDlg.h"
 #include "config/Load.h"
@@ -30,6 +31,7 @@ CBrisgateDlg::CBrisgateDlg(const config::Services& services, editors::Certificat
     }
     profiles_.SetCells([this](size_t row, size_t) { return profileNames_.at(row); });
     profiles_.OnClick([this](const ui::ListHit&) { OpenProfile(); });
+    profiles_.OnDoubleClick([this](const ui::ListHit&) { EditProfile(); });
     rules_.OnFocusLost([this] { TakeCheckBoxes(); });
     rules_.OnDoubleClick([this](const ui::ListHit&) { EditRule(); });
     rules_.OnKeyDown([this](int virtualKey) {
@@ -84,11 +86,9 @@ void CBrisgateDlg::RestorePlacement() {
 
 void CBrisgateDlg::FillProfileList() {
     profileNames_.clear();
-    for (const config::ServiceProfile& profile : configuration_.Profiles) {
-        const bool shown =
-            std::find(profileNames_.begin(), profileNames_.end(), profile.Name) != profileNames_.end();
-        if (!profile.Name.empty() && !shown) profileNames_.push_back(profile.Name);
-    }
+    std::unordered_set<std::wstring> shown;
+    for (const config::ServiceProfile& profile : configuration_.Profiles)
+        if (!profile.Name.empty() && shown.insert(profile.Name).second) profileNames_.push_back(profile.Name);
     profiles_.SetRows(profileNames_.size());
 }
 
@@ -150,7 +150,10 @@ void CBrisgateDlg::OnMenuCommand(int command) {
     const std::map<int, void (CBrisgateDlg::*)()> handlers{
         {command::Save, &CBrisgateDlg::Save},
         {command::Exit, &CBrisgateDlg::OnCancel},
+        {command::AddProfile, &CBrisgateDlg::AddProfile},
         {command::OpenProfile, &CBrisgateDlg::OpenProfile},
+        {command::EditProfile, &CBrisgateDlg::EditProfile},
+        {command::DeleteProfile, &CBrisgateDlg::DeleteProfile},
         {command::ImportRules, &CBrisgateDlg::ImportRules},
         {command::ExportRules, &CBrisgateDlg::ExportRules},
         {command::AddRule, &CBrisgateDlg::AddRule},

@@ -46,6 +46,18 @@ class CBrisgateDlg : public ui::Dialog {
     void EnableProfileControls(bool enabled);
     void RefillRules();
 
+    struct EditedProfile {
+        config::ServiceProfile record;
+        std::vector<std::wstring> removedCsProfiles;
+    };
+    std::optional<EditedProfile> RunProfileEditor(const config::ServiceProfile& profile);
+    // A row to see beyond the last one means the last one.
+    void ShowChangedProfiles(std::optional<size_t> selectedRow, size_t rowToSee);
+    void AddProfile();
+    void EditProfile();
+    void DeleteProfile();
+    void CloseProfile();
+
     // The first selected row as the rule at its position.
     struct ChosenRule {
         std::vector<config::Rule>& rules;
@@ -97,9 +109,16 @@ class CBrisgateDlg : public ui::Dialog {
         *this, 1028, {268, 9, 32, 32}, ui::Icon::RuleDown, L"Move down", [this] { MoveDown(); }};
     ui::IconButton makeLast_{
         *this, 1029, {300, 9, 32, 32}, ui::Icon::RuleLast, L"Make last", [this] { MakeLast(); }};
-    ui::IconButton addProfile_{*this, 1031, {337, 9, 32, 32}, ui::Icon::ProfileAdd, L"Add profile"};
-    ui::IconButton editProfile_{*this, 1032, {369, 9, 32, 32}, ui::Icon::ProfileEdit, L"Edit profile"};
-    ui::IconButton deleteProfile_{*this, 1033, {401, 9, 32, 32}, ui::Icon::ProfileDelete, L"Delete profile"};
+    ui::IconButton addProfile_{
+        *this, 1031, {337, 9, 32, 32}, ui::Icon::ProfileAdd, L"Add profile", [this] { AddProfile(); }};
+    ui::IconButton editProfile_{
+        *this, 1032, {369, 9, 32, 32}, ui::Icon::ProfileEdit, L"Edit profile", [this] { EditProfile(); }};
+    ui::IconButton deleteProfile_{*this,
+                                  1033,
+                                  {401, 9, 32, 32},
+                                  ui::Icon::ProfileDelete,
+                                  L"Delete profile",
+                                  [this] { DeleteProfile(); }};
     ui::IconButton exportRules_{*this,
                                 1034,
                                 {433, 9, 32, 32},

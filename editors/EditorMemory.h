@@ -7,6 +7,10 @@ struct EditorMemory {
     // The store profile, by its index in the service profile, that the rule editor last took to be selected.
     // Kept: opening the editor for a new rule leaves it as the rule before left it.
     int RememberedCsProfile = 0;
+
+    // The store profile, by its index in the service profile, whose settings the profile editor shows; -1 for
+    // none.
+    int ShownCsProfile = 0;
 };
 
 }  // namespace editors

@@ -1,0 +1,83 @@
+// The main dialog's commands on profiles. Adding and deleting work on the rows of the profile list, editing
+// on the opened profile.
+#include <algorithm>
+
+#include "app/BrisgateDlg.h"
+#include "app/ProfileCommands.h"
+#include "editors/AddProfile.h"
+#include "errors/MessageBoxes.h"
+#include "text/Format.h"
+
+namespace app {
+
+std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(
+    const config::ServiceProfile& profile) {
+    std::vector<std::wstring> names;
+    for (const config::ServiceProfile& known : configuration_.Profiles) names.push_back(known.Name);
+    editors::CAddProfile editor(services_, this, profile, std::move(names),
+                                crypto::CsProfileNames(configuration_.CsProfiles), editorMemory_);
+    if (editor.DoModal() != ui::IdOk) return std::nullopt;
+    return EditedProfile{editor.Result(), editor.RemovedCsProfiles()};
+}
+
+// How a command ends that changed which profiles there are.
+void CBrisgateDlg::ShowChangedProfiles(std::optional<size_t> selectedRow, size_t rowToSee) {
+    FillProfileList();
+    if (selectedRow) profiles_.SelectOnly(*selectedRow);
+    profiles_.EnsureVisible(std::min(rowToSee, profiles_.RowCount() - 1));
+    changed_ = true;
+}
+
+void CBrisgateDlg::AddProfile() {
+    if (configuration_.CsProfiles.empty()) return errors::Warn(Screen(), this, L"No CS profiles found.");
+    auto added = RunProfileEditor({});
+    if (!added) return;
+    configuration_.Profiles.push_back(std::move(added->record));
+    ShowChangedProfiles(profiles_.FirstSelected(), configuration_.Profiles.size() - 1);
+}
+
+void CBrisgateDlg::EditProfile() {
+    if (configuration_.Profiles.empty()) {
+        changed_ = true;  // kept: the command counts as a change even without a profile
+        return;
+    }
+    // The editor works on a copy, which has to hold what the check boxes say.
+    if (rules_.HasFocus()) TakeCheckBoxes();
+    config::ServiceProfile* const profile = OpenedProfile();
+    if (profile == nullptr) return;
+    auto edited = RunProfileEditor(*profile);
+    if (!edited) return;
+    *profile = std::move(edited->record);
+    LeadRulesToFirstStoreProfile(*profile, edited->removedCsProfiles);
+    std::replace(profileNames_.begin(), profileNames_.end(), openedProfile_, profile->Name);
+    profiles_.RefreshRows();
+    openedProfile_ = profile->Name;
+    profileLabel_.SetText(L"Profile: " + profile->Name);
+    csProfileLabel_.SetText(text::Format(L"CS profile's num: %d", profile->ZCSProfile.size()));
+    RefillRules();
+    changed_ = true;
+}
+
+void CBrisgateDlg::DeleteProfile() {
+    const std::optional<size_t> row = profiles_.FirstSelected();
+    if (!row || !errors::Confirm(Screen(), this, text::Format(L"Delete profile '%s'?", openedProfile_)))
+        return;
+    if (profiles_.RowCount() < 2) return errors::Warn(Screen(), this, L"Last profile cannot be deleted.");
+    CloseProfile();
+    configuration_.Profiles.erase(configuration_.Profiles.begin() + static_cast<std::ptrdiff_t>(*row));
+    ShowChangedProfiles(std::nullopt, *row);
+    // Kept: the rows are visited in their order and each becomes the opened profile, also those behind the
+    // deleted one. Its rules are seen again when the user searches.
+    if (*row < profileNames_.size()) openedProfile_ = profileNames_.back();
+}
+
+void CBrisgateDlg::CloseProfile() {
+    openedProfile_.clear();
+    ruleList_.Empty();
+    profileLabel_.SetText(L"Profile: ");
+    csProfileLabel_.SetText(text::Format(L"CS profile's num: %d", 0));
+    EnableProfileControls(false);
+    EnableMenuItems(ProfileCommands(), false);
+}
+
+}  // namespace app

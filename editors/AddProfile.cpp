@@ -1,0 +1,175 @@
+#include "editors/AddProfile.h"
+
+#include <algorithm>
+
+#include "editors/AddCSProfDlg.h"
+#include "errors/MessageBoxes.h"
+#include "text/Format.h"
+#include "text/Numbers.h"
+
+namespace editors {
+namespace {
+
+// A flag that already says so keeps its number: any but 0 means on.
+config::Flag TakenFlag(config::Flag before, const ui::CheckBox& box) {
+    if ((before != 0) == box.IsChecked()) return before;
+    return box.IsChecked() ? 1 : 0;
+}
+
+}  // namespace
+
+CAddProfile::CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
+                         std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames,
+                         EditorMemory& memory)
+    : Dialog(services.Screen, owner, {.size = {394, 270}}),
+      profile_(std::move(profile)),
+      profileNames_(std::move(profileNames)),
+      csProfileNames_(std::move(csProfileNames)),
+      memory_(memory) {}
+
+void CAddProfile::OnInitDialog() {
+    const bool isNew = profile_.Name.empty();
+    SetCaption(isNew ? L"Add profile" : L"Edit profile");
+    if (isNew && !csProfileNames_.empty()) AttachStoreProfile(profile_, csProfileNames_.front());
+    ShowProfileOptions();
+    csProfiles_.Replace(profile_.ZCSProfile);
+    ShowCsProfile(0);
+}
+
+void CAddProfile::ShowProfileOptions() {
+    name_.SetText(profile_.Name);
+    timeout_.SetText(text::Decimal(profile_.HandlerTimeout));
+    for (const OptionBox& option : optionBoxes_) option.box.SetChecked(profile_.*option.flag != 0);
+}
+
+void CAddProfile::TakeProfileOptions() {
+    profile_.Name = name_.Text();
+    profile_.HandlerTimeout = timeout_.Number();
+    for (const OptionBox& option : optionBoxes_)
+        profile_.*option.flag = TakenFlag(profile_.*option.flag, option.box);
+}
+
+void CAddProfile::ShowCsProfile(int index) {
+    csProfiles_.Select(index);
+    memory_.ShownCsProfile = csProfiles_.Selected();
+    settings_.SetText(L"CS profile setting's: " + csProfiles_.SelectedItem());
+    const bool any = csProfiles_.Selected() != ui::ListBox::None;
+    const StoreProfileSettings settings =
+        any ? SettingsAt(profile_, static_cast<size_t>(csProfiles_.Selected())) : StoreProfileSettings();
+    for (const SettingBox& setting : settingBoxes_) setting.box.SetChecked(settings.*setting.flag != 0);
+    period_.SetText(text::Decimal(settings.CrlUpdatePeriod));
+    tsp_.SetText(settings.ServerTSP);
+    EnableDependentFields();
+}
+
+StoreProfileSettings CAddProfile::ShownSettings(const StoreProfileSettings& before) const {
+    StoreProfileSettings settings = before;
+    for (const SettingBox& setting : settingBoxes_)
+        settings.*setting.flag = TakenFlag(before.*setting.flag, setting.box);
+    settings.CrlUpdatePeriod = period_.Number();
+    settings.ServerTSP = tsp_.Text().empty() ? NoTimeStampServer : tsp_.Text();
+    return settings;
+}
+
+void CAddProfile::KeepShownSettings() {
+    if (memory_.ShownCsProfile == ui::ListBox::None) return;
+    const auto index = static_cast<size_t>(memory_.ShownCsProfile);
+    PutSettings(profile_, index, ShownSettings(SettingsAt(profile_, index)));
+}
+
+void CAddProfile::EnableDependentFields() {
+    tsp_.Enable(useTsp_.IsChecked());
+    noTspIsError_.Enable(verifyTsp_.IsChecked());
+}
+
+void CAddProfile::SelectCsProfile() {
+    const int selected = csProfiles_.Selected();
+    if (LacksTimeStampServer() || selected == memory_.ShownCsProfile) return;
+    KeepShownSettings();
+    ShowCsProfile(selected);
+}
+
+void CAddProfile::AddCsProfile() {
+    if (LacksTimeStampServer()) return;
+    CAddCSProfDlg chooser(Screen(), this, csProfileNames_);
+    if (chooser.DoModal() != ui::IdOk || IsAttached(profile_, chooser.ProfileName())) return;
+    KeepShownSettings();
+    AttachStoreProfile(profile_, chooser.ProfileName());
+    ShowCsProfile(csProfiles_.Add(chooser.ProfileName()));
+}
+
+void CAddProfile::DeleteCsProfile() {
+    const int selected = csProfiles_.Selected();
+    if (csProfiles_.Items().size() == 1)
+        return errors::Warn(Screen(), this, L"Last CS profile in list cannot be deleted.");
+    if (selected == ui::ListBox::None) return errors::Warn(Screen(), this, L"Select list item to delete.");
+    const std::wstring name = csProfiles_.SelectedItem();
+    if (!errors::Confirm(Screen(), this, DeleteQuestion(name))) return;
+    csProfiles_.Remove(selected);
+    DetachStoreProfile(profile_, static_cast<size_t>(selected));
+    ShowCsProfile(0);
+    if (std::find(removed_.begin(), removed_.end(), name) == removed_.end()) removed_.push_back(name);
+}
+
+std::wstring CAddProfile::DeleteQuestion(const std::wstring& name) const {
+    const std::wstring question = text::Format(L"Delete CS profile '%s' from list?", name);
+    const std::wstring rules = RulesWithCertificatesOf(profile_.Rules, name);
+    if (rules.empty()) return question;
+    return text::Format(
+               L"Rule(s) '%s' of profile '%s' are using sertificates of CS profile '%s'.\r\n"
+               L"Validation of these rules will be nessesary for proper work.\r\n",
+               rules, profile_.Name, name) +
+           question;
+}
+
+void CAddProfile::SwitchTimeStampServer() {
+    if (!useTsp_.IsChecked()) tsp_.SetText(NoTimeStampServer);
+    EnableDependentFields();
+}
+
+void CAddProfile::SwitchTimeStampCheck() {
+    if (!verifyTsp_.IsChecked()) noTspIsError_.SetChecked(false);
+    EnableDependentFields();
+}
+
+void CAddProfile::ClampPeriod() {
+    period_.SetNumber(std::clamp(period_.Number(), periodArrows_.Lowest(), periodArrows_.Highest()));
+}
+
+bool CAddProfile::LacksTimeStampServer() {
+    const auto refusal = FindMissingTimeStampServer(useTsp_.IsChecked(), tsp_.Text());
+    if (!refusal) return false;
+    csProfiles_.Select(memory_.ShownCsProfile);
+    Tell(*refusal);
+    return true;
+}
+
+void CAddProfile::OnOK() {
+    const ProfileForm form{.Name = name_.Text(),
+                           .HandlerTimeout = timeout_.Number(),
+                           .UsesTimeStampServer = useTsp_.IsChecked(),
+                           .TimeStampServer = tsp_.Text()};
+    if (const auto refusal = FindRefusal(form, profile_.Name, profileNames_)) return Tell(*refusal);
+    KeepShownSettings();
+    TakeProfileOptions();
+    EndDialog(ui::IdOk);
+}
+
+void CAddProfile::Tell(const ProfileRefusal& refusal) {
+    errors::Warn(Screen(), this, refusal.text);
+    ControlOf(refusal.field).SetFocus();
+}
+
+ui::Control& CAddProfile::ControlOf(ProfileField field) {
+    switch (field) {
+        case ProfileField::HandlerTimeout:
+            return timeout_;
+        case ProfileField::TimeStampServer:
+            return tsp_;
+        case ProfileField::Name:
+            break;
+    }
+    return name_;
+}
+
+}  // namespace editors

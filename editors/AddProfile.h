@@ -1,0 +1,133 @@
+// The profile editor: the name and the options of a service profile, the store profiles attached to it, and
+// the settings of the one that is selected.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "config/Services.h"
+#include "editors/EditorMemory.h"
+#include "editors/ProfileChecks.h"
+#include "editors/StoreProfileSettings.h"
+#include "ui/Choices.h"
+#include "ui/Controls.h"
+#include "ui/Dialog.h"
+
+namespace editors {
+
+class CAddProfile : public ui::Dialog {
+  public:
+    // profile: one without a name is a new one. profileNames: of all profiles. csProfileNames: the store
+    // profiles that can be attached. memory must outlive the dialog.
+    CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
+                std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames,
+                EditorMemory& memory);
+
+    // As accepted by OK; not to be used before.
+    const config::ServiceProfile& Result() const { return profile_; }
+    // The store profiles that were taken out of the list, each once, attached again or not.
+    const std::vector<std::wstring>& RemovedCsProfiles() const { return removed_; }
+
+  private:
+    void OnInitDialog() override;
+    void OnOK() override;
+
+    void ShowProfileOptions();
+    void TakeProfileOptions();
+    void ShowCsProfile(int index);  // selects it as well; an index beyond the list shows none
+    StoreProfileSettings ShownSettings(const StoreProfileSettings& before) const;
+    void KeepShownSettings();
+    void EnableDependentFields();
+
+    void SelectCsProfile();
+    void AddCsProfile();
+    void DeleteCsProfile();
+    void SwitchTimeStampServer();
+    void SwitchTimeStampCheck();
+    void ClampPeriod();
+
+    std::wstring DeleteQuestion(const std::wstring& name) const;
+    bool LacksTimeStampServer();  // and has told so
+    void Tell(const ProfileRefusal& refusal);
+    ui::Control& ControlOf(ProfileField field);
+
+    config::ServiceProfile profile_;
+    const std::vector<std::wstring> profileNames_;
+    const std::vector<std::wstring> csProfileNames_;
+    EditorMemory& memory_;
+    std::vector<std::wstring> removed_;
+
+    ui::Label nameLabel_{*this, 1070, {7, 9, 68, 8}, L"Type profile name"};
+    ui::Edit name_{*this, 1037, {78, 7, 106, 14}};
+
+    ui::ListBox csProfiles_{
+        *this, 1001, {7, 29, 108, 140}, ui::ListBox::Order::AsAdded, [this] { SelectCsProfile(); }};
+    ui::IconButton addCsProfile_{
+        *this, 1098, {119, 29, 28, 20}, ui::Icon::ItemAdd, L"Add", [this] { AddCsProfile(); }};
+    ui::IconButton deleteCsProfile_{
+        *this, 1099, {119, 51, 28, 20}, ui::Icon::ItemDelete, L"Delete", [this] { DeleteCsProfile(); }};
+
+    ui::GroupBox settings_{*this, 1100, {153, 26, 234, 143}};
+    ui::CheckBox notUseLdap_{*this, 1054, {161, 38, 218, 10}, L"Do not use LDAP"};
+    ui::CheckBox notAddCert_{*this, 1055, {161, 51, 218, 10}, L"Do not add certificate into signature"};
+    ui::CheckBox notCopyToLocal_{*this, 1056, {161, 64, 218, 10}, L"Do not add certificate into local store"};
+    ui::CheckBox notLoadCrl_{*this, 1057, {161, 77, 218, 10}, L"Do not load CRL from distribution point"};
+    ui::Label periodLabel_{*this, 1094, {172, 93, 62, 8}, L"Frequency (h.):"};
+    ui::Edit period_{*this, 1064, {237, 91, 50, 14}, {.digitsOnly = true}, [this] { ClampPeriod(); }};
+    ui::UpDown periodArrows_{*this, 1129, period_, 0, 8760};
+    ui::CheckBox useTsp_{
+        *this, 1058, {161, 111, 74, 10}, L"Use TSP server:", [this] { SwitchTimeStampServer(); }};
+    ui::Edit tsp_{*this, 1059, {237, 109, 142, 14}};
+    ui::CheckBox verifyTsp_{
+        *this, 1060, {161, 127, 218, 10}, L"Verify time stamp while signature verification", [this] {
+            SwitchTimeStampCheck();
+        }};
+    ui::CheckBox noTspIsError_{*this, 1061, {172, 140, 207, 10}, L"Admit the lack of time stamp as an error"};
+    ui::CheckBox useAia_{*this, 1062, {161, 153, 218, 10}, L"Allow AIA and CDP access while building chains"};
+
+    ui::CheckBox verifyFile_{
+        *this, 1076, {7, 177, 380, 10}, L"Create report file after verifying attached signature"};
+    ui::CheckBox verifyXFile_{*this,
+                              1077,
+                              {7, 190, 380, 10},
+                              L"Create report file after verifying and deleting attached signature"};
+    ui::CheckBox verifyDetFile_{
+        *this, 1078, {7, 203, 380, 10}, L"Create report file after verifying detached signature"};
+    ui::CheckBox verifyResignFile_{
+        *this, 1080, {7, 216, 380, 10}, L"Create report file after verifying resigning file"};
+    ui::Label timeoutLabel_{*this, 1092, {7, 233, 82, 8}, L"Handler timeout (sec.):"};
+    ui::Edit timeout_{*this, 1079, {92, 231, 50, 14}, {.digitsOnly = true}};
+    ui::CheckBox renameConfFiles_{
+        *this, 1093, {7, 251, 256, 10}, L"Rename files in Output directory if name conflict happens"};
+
+    ui::Button ok_{*this, ui::IdOk, {283, 249, 50, 14}, L"OK"};
+    ui::Button exit_{*this, ui::IdCancel, {337, 249, 50, 14}, L"Exit"};
+
+    // Which flag each check box shows.
+    struct SettingBox {
+        ui::CheckBox& box;
+        config::Flag StoreProfileSettings::*flag;
+    };
+    const std::array<SettingBox, 8> settingBoxes_{{{notUseLdap_, &StoreProfileSettings::NotUseLDAP},
+                                                   {notAddCert_, &StoreProfileSettings::NotAddCert},
+                                                   {notCopyToLocal_, &StoreProfileSettings::NotCopyToLocal},
+                                                   {notLoadCrl_, &StoreProfileSettings::NotLoadCrl},
+                                                   {useTsp_, &StoreProfileSettings::AutoUseTSP},
+                                                   {verifyTsp_, &StoreProfileSettings::AutoVerifyTSP},
+                                                   {noTspIsError_, &StoreProfileSettings::NoTSPisError},
+                                                   {useAia_, &StoreProfileSettings::UseAIA}}};
+    struct OptionBox {
+        ui::CheckBox& box;
+        config::Flag config::ServiceProfile::*flag;
+    };
+    const std::array<OptionBox, 5> optionBoxes_{
+        {{verifyFile_, &config::ServiceProfile::VerifyFile},
+         {verifyXFile_, &config::ServiceProfile::VerifyXFile},
+         {verifyDetFile_, &config::ServiceProfile::VerifyDetFile},
+         {verifyResignFile_, &config::ServiceProfile::VerifyResignFile},
+         {renameConfFiles_, &config::ServiceProfile::RenameConfFiles}}};
+};
+
+}  // namespace editors

@@ -1,0 +1,36 @@
+// What has to be right before the profile editor accepts its form.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace editors {
+
+struct ProfileForm {
+    std::wstring Name{};
+    int32_t HandlerTimeout = 0;  // seconds
+    bool UsesTimeStampServer = false;
+    std::wstring TimeStampServer{};  // of the store profile that is shown
+};
+
+enum class ProfileField { Name, HandlerTimeout, TimeStampServer };
+
+// Why a form is not accepted.
+struct ProfileRefusal {
+    ProfileField field = ProfileField::Name;  // the one to be put right
+    std::wstring text;
+    bool operator==(const ProfileRefusal&) const = default;
+};
+
+// A server is to be used and none is named: there is no text, or the one that stands for none.
+std::optional<ProfileRefusal> FindMissingTimeStampServer(bool isUsed, std::wstring_view server);
+
+// The first check that the form fails; nothing when it passes them all. nameBefore: empty for a new profile.
+// names: those of all profiles.
+std::optional<ProfileRefusal> FindRefusal(const ProfileForm& form, const std::wstring& nameBefore,
+                                          std::span<const std::wstring> names);
+
+}  // namespace editors

@@ -1,0 +1,76 @@
+// Scenarios in the profile editor: a profile with two store profiles whose settings all differ, and the ids
+// of the controls that a user works with.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "editors/AddCSProfDlg.h"
+#include "editors/AddProfile.h"
+#include "tests/support/Fixture.h"
+
+namespace tests {
+
+namespace profileid {
+inline constexpr int NameLabel = 1070, Name = 1037;
+inline constexpr int CsProfiles = 1001, Add = 1098, Delete = 1099, Settings = 1100;
+inline constexpr int NotUseLdap = 1054, NotAddCert = 1055, NotCopyToLocal = 1056, NotLoadCrl = 1057;
+inline constexpr int PeriodLabel = 1094, Period = 1064, PeriodArrows = 1129;
+inline constexpr int UseTsp = 1058, Tsp = 1059, VerifyTsp = 1060, NoTspIsError = 1061, UseAia = 1062;
+inline constexpr int VerifyFile = 1076, VerifyXFile = 1077, VerifyDetFile = 1078, VerifyResignFile = 1080;
+inline constexpr int TimeoutLabel = 1092, Timeout = 1079, RenameConfFiles = 1093;
+inline constexpr int Choice = 1102;  // of the chooser
+}  // namespace profileid
+
+class ProfileEditorTest : public WorldTest {
+  protected:
+    using Texts = std::vector<std::wstring>;
+
+    static constexpr uint32_t Hint = ui::box::Ok | ui::box::ExclamationIcon;
+    static constexpr uint32_t YesNoQuestion =
+        ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
+
+    // "Alpha" with the store profiles "Office" and "Bank".
+    static config::ServiceProfile Alpha();
+    static config::ServiceProfile With(
+        const Texts& csProfiles);  // the settings of all are those of a new one
+
+    // Opens the editor on the profile; the user does what the script says and has to leave. The finished
+    // profile, nothing when the user gave up.
+    std::optional<config::ServiceProfile> Edit(const config::ServiceProfile& profile,
+                                               const std::function<void(ui::Dialog&)>& script);
+
+    void Leave() { user_.Click(ui::IdCancel); }
+    void ExpectHint(const std::wstring& text) {
+        user_.ExpectBox(text, Hint, ui::IdOk, L"ZEMA AC QLD Service - configuration");
+    }
+    void ExpectQuestion(const std::wstring& text, int answer) {
+        user_.ExpectBox(text, YesNoQuestion, answer, L"ZEMA AC QLD Service - configuration");
+    }
+    void ExpectFocus(int id) { EXPECT_EQ(user_.Top().Focus(), &user_.Top().Find(id)); }
+
+    // Adds the store profile that the chooser offers at this place.
+    void AddFromChooser(int index);
+    // Deletes the selected store profile, which no rule uses.
+    void DeleteSelected();
+
+    bool IsChecked(int id) const { return user_.Get<ui::CheckBox>(id).IsChecked(); }
+    // The shown settings in one line: the checked boxes by their ids, the period and the server.
+    std::wstring ShownSettings() const;
+    Texts CsProfiles() const { return user_.Get<ui::ListBox>(profileid::CsProfiles).Items(); }
+    std::wstring SelectedCsProfile() const {
+        return user_.Get<ui::ListBox>(profileid::CsProfiles).SelectedItem();
+    }
+
+    Texts profileNames_{L"Alpha", L"Beta"};
+    Texts csProfileNames_{L"Office", L"Bank", L"Tax", L"OFFICE"};
+    editors::EditorMemory memory_;
+    Texts removed_;  // as the editor reported them
+};
+
+// The lengths of the names and of the ten lists beside them.
+std::vector<size_t> ListLengths(const config::ServiceProfile& profile);
+
+}  // namespace tests

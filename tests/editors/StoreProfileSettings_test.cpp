@@ -1,0 +1,128 @@
+// The parallel lists of a service profile, equal in length and not.
+#include "editors/StoreProfileSettings.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/editors/ProfileEditor.h"
+
+namespace tests {
+namespace {
+
+using config::ServiceProfile;
+using editors::AttachStoreProfile;
+using editors::DetachStoreProfile;
+using editors::PutSettings;
+using editors::SettingsAt;
+using editors::StoreProfileSettings;
+using Flags = std::vector<config::Flag>;
+
+// Settings that are told apart in every list.
+StoreProfileSettings Marked(int mark) {
+    return {.ServerTSP = std::to_wstring(mark),
+            .NotUseLDAP = mark + 1,
+            .NotCopyToLocal = mark + 2,
+            .AutoUseTSP = mark + 3,
+            .AutoVerifyTSP = mark + 4,
+            .NoTSPisError = mark + 5,
+            .UseAIA = mark + 6,
+            .NotAddCert = mark + 7,
+            .NotLoadCrl = mark + 8,
+            .CrlUpdatePeriod = mark + 9};
+}
+
+TEST(StoreProfileSettings, EachGoesToTheListOfItsName) {
+    ServiceProfile profile;
+    AttachStoreProfile(profile, L"Office");
+    PutSettings(profile, 0, Marked(100));
+    ServiceProfile expected;
+    expected.ZCSProfile = {L"Office"};
+    expected.ServerTSP = {L"100"};
+    expected.NotUseLDAP = {101};
+    expected.NotCopyToLocal = {102};
+    expected.AutoUseTSP = {103};
+    expected.AutoVerifyTSP = {104};
+    expected.NoTSPisError = {105};
+    expected.UseAIA = {106};
+    expected.NotAddCert = {107};
+    expected.NotLoadCrl = {108};
+    expected.CrlUpdatePeriod = {109};
+    EXPECT_EQ(profile, expected);
+    EXPECT_EQ(SettingsAt(profile, 0), Marked(100));
+}
+
+TEST(StoreProfileSettings, WhatIsNotThereIsTheDefault) {
+    StoreProfileSettings defaults;
+    EXPECT_EQ(defaults.ServerTSP, L"0");
+    EXPECT_EQ(defaults.NotUseLDAP, 1);
+    EXPECT_EQ(defaults.CrlUpdatePeriod, 1);
+    ServiceProfile profile;
+    EXPECT_EQ(SettingsAt(profile, 0), defaults);
+    EXPECT_EQ(SettingsAt(profile, 1'000'000), defaults);
+    profile.UseAIA = {0, 7};
+    defaults.UseAIA = 7;
+    EXPECT_EQ(SettingsAt(profile, 1), defaults);
+}
+
+TEST(StoreProfileSettings, AMissingDefaultIsNotWritten) {
+    ServiceProfile profile;
+    profile.ZCSProfile = {L"Office", L"Bank", L"Tax"};
+    PutSettings(profile, 2, {});
+    EXPECT_EQ(ListLengths(profile), (std::vector<size_t>{3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+    StoreProfileSettings settings;
+    settings.NotUseLDAP = 0;
+    PutSettings(profile, 2, settings);
+    EXPECT_EQ(profile.NotUseLDAP, (Flags{1, 1, 0}));
+    PutSettings(profile, 2, {});
+    EXPECT_EQ(profile.NotUseLDAP, (Flags{1, 1, 1}));
+    EXPECT_TRUE(profile.ServerTSP.empty());
+}
+
+TEST(StoreProfileSettings, OneIsAttachedAtTheEndOfTheNames) {
+    ServiceProfile profile;
+    profile.ZCSProfile = {L"Office"};
+    profile.NotUseLDAP = {0, 0, 5};  // the second and third are nobody's
+    AttachStoreProfile(profile, L"Bank");
+    EXPECT_EQ(profile.ZCSProfile, (std::vector<std::wstring>{L"Office", L"Bank"}));
+    EXPECT_EQ(profile.NotUseLDAP, (Flags{0, 1, 0, 5}));
+    EXPECT_EQ(profile.ServerTSP, (std::vector<std::wstring>{L"0", L"0"}));
+    EXPECT_EQ(SettingsAt(profile, 1), StoreProfileSettings());
+}
+
+TEST(StoreProfileSettings, OneGoesFromEveryListThatReachesIt) {
+    ServiceProfile profile;
+    profile.ZCSProfile = {L"Office", L"Bank", L"Tax"};
+    profile.NotUseLDAP = {5};
+    profile.UseAIA = {1, 2};
+    profile.NotAddCert = {1, 2, 3, 4};
+    DetachStoreProfile(profile, 1);
+    EXPECT_EQ(profile.ZCSProfile, (std::vector<std::wstring>{L"Office", L"Tax"}));
+    EXPECT_EQ(profile.NotUseLDAP, Flags{5});
+    EXPECT_EQ(profile.UseAIA, Flags{1});
+    EXPECT_EQ(profile.NotAddCert, (Flags{1, 3, 4}));
+}
+
+TEST(StoreProfileSettings, AttachedIsWhatHasTheWholeNameInAnyCase) {
+    ServiceProfile profile;
+    profile.ZCSProfile = {L"Office", L"\u0411\u0430\u043D\u043A"};
+    for (const wchar_t* name : {L"Office", L"OFFICE", L"office", L"\u0431\u0410\u041D\u041A"})
+        EXPECT_TRUE(editors::IsAttached(profile, name));
+    for (const wchar_t* name : {L"", L"Offic", L"Office ", L"Bank"})
+        EXPECT_FALSE(editors::IsAttached(profile, name));
+}
+
+TEST(StoreProfileSettings, RulesWithCertificatesAreCountedFromOne) {
+    std::vector<config::Rule> rules(12);
+    EXPECT_EQ(editors::RulesWithCertificatesOf(rules, L"Office"), L"");
+    for (config::Rule& rule : rules) rule.ZCSProfile = L"Office";
+    EXPECT_EQ(editors::RulesWithCertificatesOf(rules, L"Office"), L"");
+    rules[0].Certificates = {L"CN=Anna"};
+    rules[11].SignerLists = {{L"chiefs", {L"CN=Boris"}}};
+    rules[5].Certificates = {L"CN=Anna"};
+    rules[5].ZCSProfile = L"office";
+    EXPECT_EQ(editors::RulesWithCertificatesOf(rules, L"Office"), L"1,12");
+    EXPECT_EQ(editors::RulesWithCertificatesOf(rules, L"office"), L"6");
+    EXPECT_EQ(editors::RulesWithCertificatesOf({}, L"Office"), L"");
+}
+
+}  // namespace
+}  // namespace tests
