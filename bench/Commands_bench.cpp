@@ -164,13 +164,13 @@ void Sizes(benchmark::internal::Benchmark* line) {
 BENCHMARK(OpenAProfile)->Apply(Sizes);
 BENCHMARK(TypeInSearch)->Apply(Sizes);
 BENCHMARK(LeaveTheRules)->Apply(Sizes);
-BENCHMARK(CopyTheFirst)->Apply(Sizes);
-BENCHMARK(DeleteTheSecondHalf)->Apply(Sizes);
+BENCHMARK(CopyTheFirst)->Apply(Sizes)->Iterations(200);
+BENCHMARK(DeleteTheSecondHalf)->Apply(Sizes)->Iterations(20);
 BENCHMARK(MoveFromTheMiddle<MakeFirst>)->Apply(Sizes);
 BENCHMARK(MoveFromTheMiddle<MoveUp>)->Apply(Sizes);
 BENCHMARK(MoveFromTheMiddle<MoveDown>)->Apply(Sizes);
 BENCHMARK(MoveFromTheMiddle<MakeLast>)->Apply(Sizes);
-BENCHMARK(ImportFile)->Apply(Sizes);
+BENCHMARK(ImportFile)->Apply(Sizes)->Iterations(20);
 BENCHMARK(ExportFile)->Apply(Sizes);
 
 }  // namespace

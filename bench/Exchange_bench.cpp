@@ -1,8 +1,10 @@
-// The exchange text of a profile written and read, beside a plain copy of the same bytes: the least that
-// carrying them in or out of the program costs.
+// The exchange text of a profile written and read, beside a file of the same bytes written and read: the
+// least that carrying them in or out of the program costs.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "bench/Sample.h"
@@ -56,12 +58,32 @@ void ImportText(benchmark::State& state) {
     rules.Count(state);
 }
 
-void CopyText(benchmark::State& state) {
+std::string BenchFile() {
+    return (std::filesystem::temp_directory_path() / "brisgate_bench.prx").string();
+}
+
+void WriteBytes(const std::string& bytes) {
+    std::ofstream(BenchFile(), std::ios::binary)
+        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+void WriteFile(benchmark::State& state) {
     const Rules rules(state);
+    for (auto _ : state) WriteBytes(rules.text);
+    std::filesystem::remove(BenchFile());
+    rules.Count(state);
+}
+
+void ReadFile(benchmark::State& state) {
+    const Rules rules(state);
+    WriteBytes(rules.text);
     for (auto _ : state) {
-        std::string copy(rules.text);
-        benchmark::DoNotOptimize(copy.data());
+        std::string bytes(rules.text.size(), '\0');
+        std::ifstream(BenchFile(), std::ios::binary)
+            .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        benchmark::DoNotOptimize(bytes.data());
     }
+    std::filesystem::remove(BenchFile());
     rules.Count(state);
 }
 
@@ -71,6 +93,7 @@ void Sizes(benchmark::internal::Benchmark* line) {
 
 BENCHMARK(ExportText)->Apply(Sizes);
 BENCHMARK(ImportText)->Apply(Sizes);
-BENCHMARK(CopyText)->Apply(Sizes);
+BENCHMARK(WriteFile)->Apply(Sizes);
+BENCHMARK(ReadFile)->Apply(Sizes);
 
 }  // namespace

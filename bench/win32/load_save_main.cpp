@@ -1,10 +1,13 @@
-// Times loading and saving one profile of 5,000 rules on the real registry beside a bare loop of the same
-// calls, in turn, so that a machine whose speed drifts does not favour either. Prints a table.
-#include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <functional>
+// Times loading and saving one profile on the real registry beside a bare loop of the same calls, and, as
+// whole processes, beside the system's own tool for copying a registry tree to a file and back. Prints lines
+// for the table.
+#include <windows.h>
 
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+#include "bench/Measuring.h"
 #include "bench/RecordedSession.h"
 #include "bench/Sample.h"
 #include "bench/win32/DirectCalls.h"
@@ -14,71 +17,123 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
-constexpr size_t rules = 5000;
-constexpr int rounds = 5;
-constexpr char emptyTrees[] =
-    "[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles]\n\n"
-    "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\n";
-
-double Milliseconds(const std::function<void()>& work) {
-    const Clock::time_point start = Clock::now();
-    work();
-    return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-double Median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-void Compare(const char* line, const std::function<void()>& ours, const bench::RecordedSession& session) {
-    std::vector<double> times;
-    std::vector<double> references;
-    std::vector<double> ratios;
-    for (int round = 0; round < rounds; ++round) {
-        times.push_back(Milliseconds(ours));
-        references.push_back(Milliseconds([&] { bench::ReplayDirectly(session); }));
-        ratios.push_back(times.back() / references.back());
-    }
-    std::printf("| %s | %zu | %.0f ms | %.0f ms | %.3f |\n", line, session.calls.size(), Median(times),
-                Median(references), Median(ratios));
-}
+constexpr const wchar_t* serviceTree = L"HKLM\\SOFTWARE\\TALVERON\\morcelservice";
+constexpr const wchar_t* treeFile = L"brisgate_bench.reg";
 
 platform::Machine Over(platform::RegistryBackend& registry, platform::win32::Win32Machine& real) {
     return {registry,          real.Files,         real.CodePage, real.SystemMessages, real.Clock,
             real.InstanceLock, real.ScreenMetrics, real.Memory,   real.CryptoLibrary};
 }
 
-}  // namespace
+// The real machine with empty trees of the service and the library, which are gone when it ends.
+class Trees {
+  public:
+    Trees() {
+        Clear();
+        bench::CreateTrees(machine.Registry);
+    }
+    ~Trees() { Clear(); }
+    Trees(const Trees&) = delete;
+    Trees& operator=(const Trees&) = delete;
 
-int main() {
-    platform::win32::Win32Machine machine;
-    ui::memory::MemoryScreen screen(machine.ScreenMetrics);  // there is no user: a report would throw
-    const auto clear = [&machine] {
+    void ClearService() {
         demo::DeleteRegistryTree(machine.Registry, platform::RootKey::LocalMachine,
                                  L"SOFTWARE\\TALVERON\\morcelservice");
+    }
+
+    platform::win32::Win32Machine machine;
+    ui::memory::MemoryScreen screen{machine.ScreenMetrics};  // there is no user: a report would throw
+
+  private:
+    void Clear() {
+        ClearService();
         demo::DeleteRegistryTree(machine.Registry, platform::RootKey::CurrentUser,
                                  L"SOFTWARE\\TALVERON\\morcel");
-    };
-    clear();
-    demo::ApplyRegistryText(emptyTrees, machine.Registry);
+    }
+};
+
+void RunProcess(std::wstring command) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                       &process) == FALSE)
+        throw std::runtime_error("a process does not start");
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD result = 1;
+    GetExitCodeProcess(process.hProcess, &result);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    if (result != 0) throw std::runtime_error("a process failed");
+}
+
+void CompareWithBareLoop(size_t rules, int rounds) {
+    Trees trees;
     const config::Configuration sample = bench::SampleConfiguration(rules);
-    bench::Save(machine.Machine, screen, sample);
+    bench::Save(trees.machine.Machine, trees.screen, sample);
+    bench::RecordingRegistry saving(trees.machine.Registry);
+    bench::Save(Over(saving, trees.machine), trees.screen, sample);
+    bench::RecordingRegistry loading(trees.machine.Registry);
+    bench::Load(Over(loading, trees.machine), trees.screen);
 
-    bench::RecordingRegistry saving(machine.Registry);
-    bench::Save(Over(saving, machine), screen, sample);
-    bench::RecordingRegistry loading(machine.Registry);
-    bench::Load(Over(loading, machine), screen);
+    bench::Pairs loads;
+    bench::Pairs saves;
+    for (int round = 0; round < rounds; ++round) {
+        const double load = bench::Milliseconds([&] { bench::Load(trees.machine.Machine, trees.screen); });
+        loads.Add(load, bench::Milliseconds([&] { bench::ReplayDirectly(loading.Session()); }));
+        const double save =
+            bench::Milliseconds([&] { bench::Save(trees.machine.Machine, trees.screen, sample); });
+        saves.Add(save, bench::Milliseconds([&] { bench::ReplayDirectly(saving.Session()); }));
+    }
+    const std::string size = std::to_string(rules) + " rules";
+    loads.Print("load, beside the same calls bare", size.c_str(), "ms");
+    saves.Print("save, beside the same calls bare", size.c_str(), "ms");
+}
 
-    std::printf(
-        "| 1 profile, %zu rules | registry calls | program | bare loop | ratio |\n|---|---|---|---|---|\n",
-        rules);
-    Compare(
-        "load", [&] { bench::Load(machine.Machine, screen); }, loading.Session());
-    Compare(
-        "save", [&] { bench::Save(machine.Machine, screen, sample); }, saving.Session());
-    clear();
+// Both save into a tree that is not there yet: the system's tool only adds.
+void CompareWithRegistryTool(const std::wstring& self, size_t rules, int rounds) {
+    Trees trees;
+    bench::Save(trees.machine.Machine, trees.screen, bench::SampleConfiguration(rules));
+    const std::wstring number = std::to_wstring(rules);
+    bench::Pairs loads;
+    bench::Pairs saves;
+    for (int round = 0; round < rounds; ++round) {
+        const double load = bench::Milliseconds([&] { RunProcess(self + L" load"); });
+        loads.Add(load, bench::Milliseconds([&] {
+                      RunProcess(std::wstring(L"reg export ") + serviceTree + L" " + treeFile + L" /y");
+                  }));
+        trees.ClearService();
+        const double import =
+            bench::Milliseconds([&] { RunProcess(std::wstring(L"reg import ") + treeFile); });
+        trees.ClearService();
+        saves.Add(bench::Milliseconds([&] { RunProcess(self + L" save " + number); }), import);
+    }
+    std::filesystem::remove(treeFile);
+    const std::string size = std::to_string(rules) + " rules";
+    loads.Print("load, beside reg export", size.c_str(), "ms");
+    saves.Print("save, beside reg import", size.c_str(), "ms");
+}
+
+}  // namespace
+
+// Without arguments it measures; "load" and "save RULES" are the processes that it starts for that.
+int wmain(int count, wchar_t** arguments) {
+    const std::wstring task = count > 1 ? arguments[1] : L"";
+    if (task.empty()) {
+        for (const size_t rules : {50U, 500U, 5000U}) {
+            const int rounds = rules > 1000 ? 5 : 11;
+            CompareWithBareLoop(rules, rounds);
+            CompareWithRegistryTool(L"\"" + std::wstring(arguments[0]) + L"\"", rules, rounds);
+        }
+        return 0;
+    }
+    platform::win32::Win32Machine machine;
+    ui::memory::MemoryScreen screen(machine.ScreenMetrics);
+    if (task == L"load") {
+        bench::Load(machine.Machine, screen);
+    } else {
+        bench::CreateTrees(machine.Registry);
+        bench::Save(machine.Machine, screen, bench::SampleConfiguration(std::stoul(arguments[2])));
+    }
     return 0;
 }
