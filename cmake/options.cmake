@@ -2,12 +2,13 @@
 add_library(brisgate_options INTERFACE)
 target_compile_options(brisgate_options INTERFACE
     -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
-    -Wold-style-cast -Wcast-qual -Wformat=2 -Wduplicated-cond -Wduplicated-branches -Wlogical-op -Wnull-dereference
-    -Wextra-semi -Wundef)
+    -Wold-style-cast -Wcast-qual -Wformat=2 -Wnull-dereference -Wextra-semi -Wundef)
 
 # Optimising std::string, GCC 12 warns of overruns that cannot happen; the sanitizers watch for real ones.
-target_compile_options(brisgate_options INTERFACE -Wno-array-bounds -Wno-stringop-overflow
-                       -Wno-stringop-overread -Wno-restrict)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(brisgate_options INTERFACE -Wduplicated-cond -Wduplicated-branches -Wlogical-op
+                           -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict)
+endif()
 set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 
 # What is tested runs under the sanitizers; the tests themselves are only linked with them, to be built in time.
