@@ -20,3 +20,12 @@ add_executable(brisgate-wait tools/win32/wait_window_main.cpp)
 target_link_libraries(brisgate-wait PRIVATE brisgate_options)
 target_link_options(brisgate-wait PRIVATE -municode)
 set_target_properties(brisgate-registry brisgate-wait PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools)
+
+# A stand-in for the cryptographic library, in a folder of its own: the product is never shipped with it.
+add_library(morcel1 SHARED demo/win32/morcel1.cpp demo/win32/morcel1.def demo/win32/morcel1.rc)
+target_link_libraries(morcel1 PRIVATE memory win32)
+set_target_properties(morcel1 PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/demo
+                      ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/demo/import)
+add_custom_command(TARGET morcel1 POST_BUILD
+    COMMAND ${CMAKE_STRIP} $<TARGET_FILE:morcel1>
+    COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_SOURCE_DIR}/demo/owners.txt ${CMAKE_BINARY_DIR}/demo/stand-in-owners.txt)

@@ -1,5 +1,6 @@
 #include "errors/ErrorReport.h"
 
+#include "errors/LibraryErrors.h"
 #include "errors/MessageBoxes.h"
 #include "text/Format.h"
 #include "text/Trim.h"
@@ -48,6 +49,10 @@ std::wstring ErrorReporter::Compose(const Failure& failure) const {
            Describe(failure) + L".";
 }
 
+std::wstring ErrorReporter::Description(uint32_t code) const {
+    return Describe({.code = code, .operation = {}, .argument = {}});
+}
+
 std::wstring ErrorReporter::Describe(const Failure& failure) const {
     if (failure.code >= firstBadParameter) return L"Bad parameter";
     const std::wstring description =
@@ -57,16 +62,16 @@ std::wstring ErrorReporter::Describe(const Failure& failure) const {
 
 std::wstring ErrorReporter::DescribeLibraryCode(const Failure& failure) const {
     const platform::CodePage& codePage = machine_.CodePage;
-    std::wstring description = codePage.ToWide(machine_.CryptoLibrary.ErrorText(failure.code));
+    std::wstring description = codePage.ToWide(LibraryErrorText(machine_.CryptoLibrary, failure.code));
     if (description.empty()) description = noDescription;
     description = text::TrimRight(description, lineEnds);
-    if (failure.context == platform::LibraryContext::None) return description;
+    if (failure.context == nullptr) return description;
 
     description += L"\r\n";
-    while (const auto entry = machine_.CryptoLibrary.NextError(failure.context))
+    for (const LibraryErrorEntry& entry : TakeLibraryErrors(machine_.CryptoLibrary, failure.context))
         description +=
-            text::Format(L"%s,\r\nfile: %s, line %d, data: %s.\r\n", codePage.ToWide(entry->ErrorText),
-                         codePage.ToWide(entry->SourceFile), entry->Line, codePage.ToWide(entry->Data));
+            text::Format(L"%s,\r\nfile: %s, line %d, data: %s.\r\n", codePage.ToWide(entry.ErrorText),
+                         codePage.ToWide(entry.SourceFile), entry.Line, codePage.ToWide(entry.Data));
     return description;
 }
 
@@ -76,14 +81,14 @@ std::wstring ErrorReporter::DescribeSystemCode(uint32_t code) const {
     return description.empty() ? noDescription : description;
 }
 
-std::wstring ErrorStackText(const platform::Machine& machine, platform::LibraryContext context) {
+std::wstring ErrorStackText(const platform::Machine& machine, platform::kseal::Context context) {
     const platform::CodePage& codePage = machine.CodePage;
     std::wstring stack;
     int number = 0;
-    while (const auto entry = machine.CryptoLibrary.NextError(context))
+    for (const LibraryErrorEntry& entry : TakeLibraryErrors(machine.CryptoLibrary, context))
         stack += text::Format(L"KSEAL stek, error number %d\r\nError: %s\r\nFile: %s\r\nData: %s\r\n",
-                              ++number, codePage.ToWide(entry->ErrorText), codePage.ToWide(entry->SourceFile),
-                              codePage.ToWide(entry->Data));
+                              ++number, codePage.ToWide(entry.ErrorText), codePage.ToWide(entry.SourceFile),
+                              codePage.ToWide(entry.Data));
     return stack;
 }
 

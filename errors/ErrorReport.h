@@ -26,7 +26,7 @@ struct Failure {
     std::wstring_view operation;  // may hold one "%s", which the argument replaces
     std::wstring_view argument;
     // Where given, the library's error stack is added to the description of a library code.
-    platform::LibraryContext context = platform::LibraryContext::None;
+    platform::kseal::Context context = nullptr;
 };
 
 class ErrorReporter {
@@ -39,6 +39,9 @@ class ErrorReporter {
     // the report alone.
     uint32_t ErrorReport(const ReportContext& context, const Failure& failure,
                          std::wstring* outText = nullptr) const;
+
+    // What is known of a code, as reports show it behind the code, for messages of another shape.
+    std::wstring Description(uint32_t code) const;
 
   private:
     std::wstring Compose(const Failure& failure) const;
@@ -55,6 +58,6 @@ std::wstring CodeText(uint32_t code);
 
 // The library's error stack as a text of its own, numbered from 1; empty when the stack is. Takes the entries
 // off.
-std::wstring ErrorStackText(const platform::Machine& machine, platform::LibraryContext context);
+std::wstring ErrorStackText(const platform::Machine& machine, platform::kseal::Context context);
 
 }  // namespace errors

@@ -5,11 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
+#include "platform/Kseal.h"
 #include "platform/Registry.h"
 #include "platform/Win32Codes.h"
 
@@ -80,25 +80,12 @@ class Memory {
     virtual std::unique_ptr<std::byte[]> Allocate(size_t bytes, Win32Code& error) = 0;
 };
 
-using LibraryCode = uint32_t;  // 0: success; the library's own codes have bit 29 set
-
-enum class LibraryContext : uintptr_t { None = 0 };
-
-// One entry of the library's error stack; texts in the ANSI code page.
-struct LibraryErrorEntry {
-    std::string ErrorText;
-    std::string SourceFile;
-    int32_t Line = 0;
-    std::string Data;
-};
-
-// The maker's cryptographic library. Where it is missing there are no texts and no entries.
+// Finds the maker's cryptographic library; what its functions answer is read by those who call them.
 class CryptoLibrary {
   public:
     virtual ~CryptoLibrary() = default;
-    virtual std::string ErrorText(LibraryCode code) const = 0;
-    // Takes the next entry off the library's error stack.
-    virtual std::optional<LibraryErrorEntry> NextError(LibraryContext context) const = 0;
+    // None: error tells why. 126: there is no library; 127: it lacks a function; or the system's own code.
+    virtual const kseal::Exports* Exports(Win32Code& error) = 0;
 };
 
 // References only: whoever makes the parts keeps them alive.

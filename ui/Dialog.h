@@ -57,6 +57,8 @@ class Dialog {
     // Of the client area, at the last size event of the restored kind.
     Size ClientSize() const { return clientSize_; }
     uint32_t Dpi() const { return dpi_; }
+    // The outer rectangle of the window that is neither minimised nor maximised, in pixels of the screen.
+    Rect NormalRect() const;
     // The smallest outer size to which the user can drag the window, in pixels; 0: the system's.
     virtual Size MinimumTrackSize() const { return {}; }
 
@@ -96,8 +98,6 @@ class Dialog {
     // Puts a separator and the entry at the end of the system menu. command: a multiple of 16 below 0xF000.
     void AppendToSystemMenu(int command, std::wstring text);
 
-    // The outer rectangle of the window that is neither minimised nor maximised, in pixels of the screen.
-    Rect NormalRect() const;
     void SetNormalRect(const Rect& rect);
 
     ui::Screen& Screen() const { return screen_; }

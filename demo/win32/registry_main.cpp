@@ -9,12 +9,12 @@
 #include <exception>
 #include <iostream>
 #include <memory>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "demo/FileContent.h"
 #include "demo/RegistryTool.h"
 #include "platform/win32/Win32Files.h"
 #include "platform/win32/Win32Registry.h"
@@ -26,26 +26,6 @@ constexpr std::string_view usage =
     "  seed FILE       delete the trees of the service and of the library, then build them from FILE\n"
     "  seed-once FILE  the same, but only when the service has no profile yet\n"
     "  dump            write both trees to the standard output, in UTF-8\n";
-
-void Check(platform::Win32Code code) {
-    if (code != platform::code::Success) {
-        throw std::runtime_error("cannot read the file, code " + std::to_string(code));
-    }
-}
-
-std::string FileContent(const std::wstring& path) {
-    platform::win32::Win32Files files;
-    platform::FileHandle file = platform::FileHandle::None;
-    uint64_t size = 0;
-    uint32_t bytesRead = 0;
-    Check(files.Open(path, file));
-    Check(files.Size(file, size));
-    std::string content(size, '\0');
-    Check(files.Read(file, std::as_writable_bytes(std::span(content)), bytesRead));
-    Check(files.Close(file));
-    content.resize(bytesRead);
-    return content;
-}
 
 void Dump(platform::RegistryBackend& registry) {
     const std::string text = demo::DumpRegistry(registry);
@@ -66,11 +46,12 @@ std::vector<std::wstring> CommandLine() {
 // False when the arguments make no command.
 bool Run(const std::vector<std::wstring>& arguments) {
     platform::win32::Win32Registry registry;
+    platform::win32::Win32Files files;
     const std::wstring command = arguments.empty() ? std::wstring() : arguments[0];
     if (command == L"seed" && arguments.size() == 2) {
-        demo::SeedRegistry(FileContent(arguments[1]), registry);
+        demo::SeedRegistry(demo::FileContent(files, arguments[1]), registry);
     } else if (command == L"seed-once" && arguments.size() == 2) {
-        demo::SeedRegistryOnce(FileContent(arguments[1]), registry);
+        demo::SeedRegistryOnce(demo::FileContent(files, arguments[1]), registry);
     } else if (command == L"dump" && arguments.size() == 1) {
         Dump(registry);
     } else {

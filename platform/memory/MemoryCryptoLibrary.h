@@ -1,31 +1,28 @@
-// A cryptographic library that says what it was told to say.
+// A cryptographic library that is there when a test puts it there.
 #pragma once
-
-#include <deque>
-#include <map>
-#include <string>
 
 #include "platform/Machine.h"
 
 namespace platform::memory {
 
-// Knows no text and has no entry until it is given some.
+// Missing at first.
 class MemoryCryptoLibrary final : public CryptoLibrary {
   public:
-    void SetErrorText(LibraryCode code, std::string text) { texts_[code] = std::move(text); }
-    // Puts an entry behind those that wait in the context's error stack.
-    void AddError(LibraryContext context, LibraryErrorEntry entry) {
-        errors_[context].push_back(std::move(entry));
+    void Install(const kseal::Exports& exports) {
+        exports_ = exports;
+        error_ = code::Success;
     }
-    size_t WaitingErrors(LibraryContext context) const;
+    // It is not found from now on, with this code.
+    void Remove(Win32Code error = code::ModuleNotFound) { error_ = error; }
 
-    std::string ErrorText(LibraryCode code) const override;
-    std::optional<LibraryErrorEntry> NextError(LibraryContext context) const override;
+    const kseal::Exports* Exports(Win32Code& error) override {
+        error = error_;
+        return error == code::Success ? &exports_ : nullptr;
+    }
 
   private:
-    std::map<LibraryCode, std::string> texts_;
-    // Taking an entry changes the library's state, not that of its user.
-    mutable std::map<LibraryContext, std::deque<LibraryErrorEntry>> errors_;
+    kseal::Exports exports_;
+    Win32Code error_ = code::ModuleNotFound;
 };
 
 }  // namespace platform::memory

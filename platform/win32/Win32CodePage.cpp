@@ -20,9 +20,9 @@ int Length(size_t characters) {
 std::wstring Win32CodePage::ToWide(std::string_view ansi) const {
     if (ansi.empty()) return {};
     const int length = Length(ansi.size());
-    const int needed = MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, nullptr, 0);
-    std::wstring wide(static_cast<size_t>(needed), L'\0');
-    MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, wide.data(), needed);
+    std::wstring wide(ansi.size(), L'\0');  // no code page makes more units than there are bytes
+    const int units = MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, wide.data(), length);
+    wide.resize(static_cast<size_t>(units));
     return wide;
 }
 

@@ -1,6 +1,8 @@
-// The maker's cryptographic library, found when it is first needed: beside the program, else in the system
-// folder.
+// The maker's cryptographic library, looked for in named folders only when it is first needed.
 #pragma once
+
+#include <string>
+#include <vector>
 
 #include "platform/Machine.h"
 #include "platform/win32/Module.h"
@@ -9,15 +11,21 @@ namespace platform::win32 {
 
 class Win32CryptoLibrary final : public CryptoLibrary {
   public:
-    std::string ErrorText(LibraryCode code) const override;
-    std::optional<LibraryErrorEntry> NextError(LibraryContext context) const override;
+    // Beside the program, else in the system folder.
+    Win32CryptoLibrary();
+    // In the first of these folders that has one. Without backslashes at their ends.
+    explicit Win32CryptoLibrary(std::vector<std::wstring> folders) : folders_(std::move(folders)) {}
+
+    const kseal::Exports* Exports(Win32Code& error) override;
 
   private:
-    void* Library() const;
+    Module Load(Win32Code& error) const;
 
-    // Null until it was found; while it is missing, every use looks for it again. It is never unloaded,
+    const std::vector<std::wstring> folders_;
+    // None until it was found; while it is missing, every use looks for it again. It is never unloaded,
     // because threads that it may have started would lose their code.
-    mutable void* library_ = nullptr;
+    void* library_ = nullptr;
+    kseal::Exports exports_;
 };
 
 }  // namespace platform::win32

@@ -80,13 +80,14 @@ TEST_F(ErrorReport, TheModeDecidesWhatBecomesOfIt) {
 }
 
 TEST_F(ErrorReport, SilenceLeavesTheLibrarysErrorsWhereTheyAre) {
-    constexpr auto context = platform::LibraryContext{7};
-    machine_.CryptoLibrary.AddError(context, {"e", "f", 1, "d"});
+    int somewhere = 0;
+    const platform::kseal::Context context = &somewhere;
+    library_.AddError(context, {"e", "f", 1, "d"});
     EXPECT_EQ(
         reporter_.ErrorReport({.mode = ReportMode::Silent},
                               {.code = 0x20000005, .operation = L"a", .argument = L"", .context = context}),
         0x20000005U);
-    EXPECT_EQ(machine_.CryptoLibrary.WaitingErrors(context), 1U);
+    EXPECT_EQ(library_.WaitingErrors(context), 1U);
 }
 
 TEST_F(ErrorReport, FormerOutTextIsShownBehindTheReportAndThenReplaced) {
@@ -110,10 +111,10 @@ TEST_F(ErrorReport, BoxesBelongToTheDialogOnlyWhileItIsOpen) {
 TEST_F(ErrorReport, MinusNineToMinusOneAreBadParameters) {
     for (uint32_t code = 0xFFFFFFF7; code != 0; ++code) {
         machine_.SystemMessages.SetSystemText(code, L"never shown");
-        machine_.CryptoLibrary.SetErrorText(code, "never shown");
+        library_.SetErrorText(code, "never shown");
         EXPECT_EQ(Description(code), L"Bad parameter.") << std::hex << code;
     }
-    machine_.CryptoLibrary.SetErrorText(0xFFFFFFF6, "Minus ten");
+    library_.SetErrorText(0xFFFFFFF6, "Minus ten");
     EXPECT_EQ(Description(0xFFFFFFF6), L"Minus ten.");
     EXPECT_EQ(Shown({.code = 0xFFFFFFFF, .operation = L"a", .argument = L""}),
               L"a.\r\nError 0xFFFFFFFF - Bad parameter.");
@@ -124,7 +125,7 @@ TEST_F(ErrorReport, SystemCodesAreDescribedByTheSystemThenByWininet) {
     messages.SetSystemText(100, L"From the system.\r\n");
     messages.SetInternetText(100, L"never shown");
     messages.SetInternetText(12007, L"The server name or address could not be resolved\r\n");
-    machine_.CryptoLibrary.SetErrorText(100, "never shown");
+    library_.SetErrorText(100, "never shown");
     EXPECT_EQ(Description(100), L"From the system.");
     EXPECT_EQ(Description(12007), L"The server name or address could not be resolved.");
     EXPECT_EQ(Description(99999), L"Error description not found.");
@@ -136,7 +137,7 @@ TEST_F(ErrorReport, LibraryCodesAreDescribedByTheLibraryAlone) {
         machine_.SystemMessages.SetSystemText(code, L"never shown");
         machine_.SystemMessages.SetInternetText(code, L"never shown");
         EXPECT_EQ(Description(code), L"Error description not found.") << std::hex << code;
-        machine_.CryptoLibrary.SetErrorText(code, "No such certificate.\r\n");
+        library_.SetErrorText(code, "No such certificate.\r\n");
         EXPECT_EQ(Description(code), L"No such certificate.") << std::hex << code;
     }
     EXPECT_EQ(Shown({.code = 0, .operation = L"Opening", .argument = L""}),
@@ -145,7 +146,7 @@ TEST_F(ErrorReport, LibraryCodesAreDescribedByTheLibraryAlone) {
 
 TEST_F(ErrorReport, LibraryTextsAreInTheAnsiCodePage) {
     machine_.CodePage.Choose(platform::memory::AnsiCodePage::Cyrillic1251);
-    machine_.CryptoLibrary.SetErrorText(0x20000001, "\xCA\xEB\xFE\xF7");
+    library_.SetErrorText(0x20000001, "\xCA\xEB\xFE\xF7");
     EXPECT_EQ(Description(0x20000001), L"\x041A\x043B\x044E\x0447.");
 }
 
@@ -166,7 +167,7 @@ TEST_F(ErrorReport, EndsOfDescriptionsAreCutOff) {
         machine_.SystemMessages.SetSystemText(200, c.stored);
         EXPECT_EQ(Description(200), c.shown);
         const std::wstring stored = c.stored;
-        machine_.CryptoLibrary.SetErrorText(0x20000002, std::string(stored.begin(), stored.end()));
+        library_.SetErrorText(0x20000002, std::string(stored.begin(), stored.end()));
         EXPECT_EQ(Description(0x20000002), c.shown);
     }
 }

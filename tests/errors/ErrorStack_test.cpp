@@ -9,22 +9,23 @@
 namespace {
 
 using errors::ErrorStackText;
-using platform::LibraryContext;
 
-constexpr LibraryContext context{42};
-constexpr LibraryContext otherContext{43};
+int here = 0;
+int there = 0;
+const platform::kseal::Context context = &here;
+const platform::kseal::Context otherContext = &there;
 
 class ErrorStack : public tests::ReporterTest {
   protected:
     ErrorStack() {
-        machine_.CryptoLibrary.SetErrorText(0x20000010, "Search failed.\r\n");
+        library_.SetErrorText(0x20000010, "Search failed.\r\n");
         machine_.SystemMessages.SetSystemText(5, L"Access is denied.\r\n");
     }
     void AddTwo() {
-        machine_.CryptoLibrary.AddError(context, {"no answer", "ldap.c", 112, "host=a"});
-        machine_.CryptoLibrary.AddError(context, {"timeout", "sock.c", -7, ""});
+        library_.AddError(context, {"no answer", "ldap.c", 112, "host=a"});
+        library_.AddError(context, {"timeout", "sock.c", -7, ""});
     }
-    size_t Waiting() const { return machine_.CryptoLibrary.WaitingErrors(context); }
+    size_t Waiting() const { return library_.WaitingErrors(context); }
 };
 
 TEST_F(ErrorStack, FollowsTheDescriptionOfALibraryCode) {
@@ -37,16 +38,16 @@ TEST_F(ErrorStack, FollowsTheDescriptionOfALibraryCode) {
 }
 
 TEST_F(ErrorStack, FollowsTheDescriptionOfTheCodeZero) {
-    machine_.CryptoLibrary.AddError(context, {"e", "f", 1, "d"});
+    library_.AddError(context, {"e", "f", 1, "d"});
     EXPECT_EQ(Description(0, context), L"Error description not found\r\ne,\r\nfile: f, line 1, data: d.");
 }
 
 TEST_F(ErrorStack, IsNotAskedForWithoutAContext) {
-    machine_.CryptoLibrary.AddError(LibraryContext::None, {"e", "f", 1, "d"});
+    library_.AddError(nullptr, {"e", "f", 1, "d"});
     AddTwo();
     EXPECT_EQ(Description(0x20000010), L"Search failed.");
     EXPECT_EQ(Waiting(), 2U);
-    EXPECT_EQ(machine_.CryptoLibrary.WaitingErrors(LibraryContext::None), 1U);
+    EXPECT_EQ(library_.WaitingErrors(nullptr), 1U);
 }
 
 TEST_F(ErrorStack, AddsNothingWhenItIsEmpty) {
@@ -62,8 +63,8 @@ TEST_F(ErrorStack, DoesNotBelongToSystemCodesAndBadParameters) {
 
 TEST_F(ErrorStack, PerCentSignsAndForeignLettersInItStay) {
     machine_.CodePage.Choose(platform::memory::AnsiCodePage::Cyrillic1251);
-    machine_.CryptoLibrary.AddError(context, {"%s \xCA", "%d", 1, "100%"});
-    machine_.CryptoLibrary.AddError(otherContext, {"%s \xCA", "%d", 1, "100%"});
+    library_.AddError(context, {"%s \xCA", "%d", 1, "100%"});
+    library_.AddError(otherContext, {"%s \xCA", "%d", 1, "100%"});
     EXPECT_EQ(Description(0x20000010, context),
               L"Search failed\r\n%s \x041A,\r\nfile: %d, line 1, data: 100%.");
     EXPECT_EQ(ErrorStackText(machine_.Machine, otherContext),
@@ -79,9 +80,9 @@ TEST_F(ErrorStack, AsATextNumbersItsEntriesAndLeavesTheLinesOut) {
 }
 
 TEST_F(ErrorStack, AsATextIsEmptyWithoutEntries) {
-    machine_.CryptoLibrary.AddError(otherContext, {"e", "f", 1, "d"});
+    library_.AddError(otherContext, {"e", "f", 1, "d"});
     EXPECT_EQ(ErrorStackText(machine_.Machine, context), L"");
-    EXPECT_EQ(machine_.CryptoLibrary.WaitingErrors(otherContext), 1U);
+    EXPECT_EQ(library_.WaitingErrors(otherContext), 1U);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 
+#include "demo/StandInLibrary.h"
 #include "errors/ErrorReport.h"
 #include "platform/memory/MemoryMachine.h"
 #include "tests/errors/RecordingUser.h"
@@ -15,6 +16,11 @@ namespace tests {
 
 class ReporterTest : public testing::Test {
   protected:
+    ReporterTest() { machine_.CryptoLibrary.Install(demo::StandInLibrary::Exports()); }
+    void TearDown() override {
+        EXPECT_EQ(library_.OpenTexts(), 0U) << "a text of the library was not released";
+        EXPECT_EQ(library_.WrongReleases(), 0U);
+    }
     // What one report shows.
     std::wstring Shown(const errors::Failure& failure) {
         user_.boxes.clear();
@@ -23,8 +29,7 @@ class ReporterTest : public testing::Test {
         return user_.boxes.empty() ? std::wstring() : user_.boxes.front().text;
     }
     // The part behind operation and code.
-    std::wstring Description(uint32_t code,
-                             platform::LibraryContext context = platform::LibraryContext::None) {
+    std::wstring Description(uint32_t code, platform::kseal::Context context = nullptr) {
         const std::wstring shown =
             Shown({.code = code, .operation = L"a", .argument = L"", .context = context});
         const std::wstring before = L"a.\r\n" + errors::CodeText(code) + L" - ";
@@ -32,6 +37,7 @@ class ReporterTest : public testing::Test {
         return shown.substr(before.size());
     }
 
+    demo::StandInLibrary library_;
     platform::memory::MemoryMachine machine_;
     RecordingUser user_;
     ui::memory::MemoryScreen screen_{machine_.ScreenMetrics, user_};

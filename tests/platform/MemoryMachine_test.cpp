@@ -4,7 +4,6 @@
 
 namespace {
 
-using platform::LibraryContext;
 using platform::memory::AnsiCodePage;
 using platform::memory::MemoryCodePage;
 using platform::memory::MemoryMachine;
@@ -108,24 +107,18 @@ TEST(MemoryPartsTest, MemoryIsLimitedWhenToldSo) {
     EXPECT_EQ(error, code::Success);
 }
 
-TEST(MemoryCryptoLibraryTest, TextsAndEntriesAreThoseGiven) {
+TEST(MemoryCryptoLibraryTest, IsMissingUntilItIsInstalledAndAfterItWasRemoved) {
     platform::memory::MemoryCryptoLibrary library;
-    const LibraryContext context{1};
-    EXPECT_EQ(library.ErrorText(0x20000005), "");
-    EXPECT_FALSE(library.NextError(context));
-    library.SetErrorText(0x20000005, "Bad key.\r\n");
-    library.AddError(context, {"first", "a.c", 1, "x"});
-    library.AddError(context, {"second", "b.c", 2, ""});
-    library.AddError(LibraryContext::None, {"third", "", 0, ""});
-    EXPECT_EQ(library.ErrorText(0x20000005), "Bad key.\r\n");
-    EXPECT_EQ(library.WaitingErrors(context), 2U);
-    EXPECT_EQ(library.NextError(context)->ErrorText, "first");
-    const auto second = library.NextError(context);
-    ASSERT_TRUE(second);
-    EXPECT_EQ(second->SourceFile, "b.c");
-    EXPECT_EQ(second->Line, 2);
-    EXPECT_FALSE(library.NextError(context));
-    EXPECT_EQ(library.NextError(LibraryContext::None)->ErrorText, "third");
+    platform::Win32Code error = 77;
+    EXPECT_EQ(library.Exports(error), nullptr);
+    EXPECT_EQ(error, 126U);
+    library.Install({.FreeMem = [](void*) {}});
+    ASSERT_NE(library.Exports(error), nullptr);
+    EXPECT_NE(library.Exports(error)->FreeMem, nullptr);
+    EXPECT_EQ(error, 0U);
+    library.Remove(127);
+    EXPECT_EQ(library.Exports(error), nullptr);
+    EXPECT_EQ(error, 127U);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 
 #include "platform/Machine.h"
 #include "platform/memory/FaultyRegistry.h"
+#include "platform/memory/MemoryCryptoLibrary.h"
 #include "tests/support/Robot.h"
 #include "ui/Screen.h"
 
@@ -18,8 +19,10 @@ class World {
     static std::unique_ptr<World> Make();
     virtual ~World() = default;
 
-    virtual platform::Machine& Machine() = 0;  // its registry is the one below
+    virtual platform::Machine& Machine() = 0;  // its registry and library are those below
     virtual platform::memory::FaultyRegistry& Registry() = 0;
+    // Missing until the test installs one, whatever there is on the machine itself.
+    virtual platform::memory::MemoryCryptoLibrary& CryptoLibrary() = 0;
     virtual ui::Screen& Screen() = 0;
     virtual Robot& User() = 0;
 };

@@ -45,6 +45,7 @@ class MemoryScreen final : public Screen {
 
     // What there is to be seen. None: the dialog is not open.
     MemoryWindow* WindowOf(const Dialog& dialog) const;
+    size_t OpenDialogs() const { return windows_.size(); }
     int WaitCursors() const { return waitCursors_; }  // shown and not yet taken away
     // Of the message box or picker opened last; none when that dialog was not open.
     const Dialog* LastOwner() const { return lastOwner_; }

@@ -129,12 +129,4 @@ TEST(Win32PartsTest, MemoryThatIsNotToBeHadIsRefused) {
     EXPECT_EQ(error, code::NotEnoughMemory);
 }
 
-TEST(Win32CryptoLibraryTest, WithoutTheLibraryThereAreNoTextsAndNoEntries) {
-    const platform::win32::Win32CryptoLibrary library;
-    if (GetModuleHandleW(L"morcel1.dll") != nullptr) GTEST_SKIP() << "the library is on this machine";
-    EXPECT_EQ(library.ErrorText(0x20000005), "");
-    EXPECT_FALSE(library.NextError(platform::LibraryContext::None));
-    EXPECT_FALSE(library.NextError(platform::LibraryContext{1}));
-}
-
 }  // namespace

@@ -11,6 +11,7 @@ class MemoryWorld final : public World {
   public:
     platform::Machine& Machine() override { return machine_.Machine; }
     platform::memory::FaultyRegistry& Registry() override { return machine_.Registry; }
+    platform::memory::MemoryCryptoLibrary& CryptoLibrary() override { return machine_.CryptoLibrary; }
     ui::Screen& Screen() override { return screen_; }
     Robot& User() override { return robot_; }
 

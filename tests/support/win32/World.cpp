@@ -10,23 +10,26 @@
 namespace tests {
 namespace {
 
-// The real machine, with the registry of tests in place of the one that the machine's own programs use.
+// The real machine, with the registry of tests in place of the one that the machine's own programs use, and
+// with the library that a test chooses.
 class RealWorld final : public World {
   public:
     RealWorld() { ui::win32::RegisterControlClasses(); }
 
     platform::Machine& Machine() override { return machine_; }
     platform::memory::FaultyRegistry& Registry() override { return registry_; }
+    platform::memory::MemoryCryptoLibrary& CryptoLibrary() override { return library_; }
     ui::Screen& Screen() override { return screen_; }
     Robot& User() override { return robot_; }
 
   private:
     platform::win32::Win32Machine parts_;
     const std::unique_ptr<platform::RegistryBackend> storedRegistry_ = MakeTestRegistry();
+    platform::memory::MemoryCryptoLibrary library_;
     platform::memory::FaultyRegistry registry_{*storedRegistry_};
-    platform::Machine machine_{
-        registry_,           parts_.Files,         parts_.CodePage, parts_.SystemMessages, parts_.Clock,
-        parts_.InstanceLock, parts_.ScreenMetrics, parts_.Memory,   parts_.CryptoLibrary};
+    platform::Machine machine_{registry_,    parts_.Files,        parts_.CodePage,      parts_.SystemMessages,
+                               parts_.Clock, parts_.InstanceLock, parts_.ScreenMetrics, parts_.Memory,
+                               library_};
     ui::win32::Win32Screen realScreen_{parts_.ScreenMetrics};
     RecordingScreen screen_{realScreen_};
     Win32Robot robot_{screen_};

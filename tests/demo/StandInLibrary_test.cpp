@@ -1,0 +1,157 @@
+// The stand-in library keeps count: what was not released, or released twice, comes to light.
+#include "demo/StandInLibrary.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <stdexcept>
+
+namespace {
+
+namespace kseal = platform::kseal;
+using demo::StandInCall;
+using demo::StandInLibrary;
+
+class StandInLibraryTest : public testing::Test {
+  protected:
+    kseal::Context Open() {
+        kseal::Context context = nullptr;
+        EXPECT_EQ(exports_.Initialize("Office", 0x41, &context), 0U);
+        return context;
+    }
+    uint32_t Find(kseal::Context context, uint32_t word, const char* query) {
+        kseal::CertFindRequest request;
+        request.SearchWord = word;
+        request.Query = query;
+        result_ = {};
+        return exports_.FindCert(context, &request, &result_);
+    }
+
+    StandInLibrary library_;
+    const kseal::Exports& exports_ = StandInLibrary::Exports();
+    kseal::CertFindResult result_;
+};
+
+TEST_F(StandInLibraryTest, ThereIsOnlyOne) {
+    EXPECT_THROW(StandInLibrary(), std::logic_error);
+    EXPECT_EQ(exports_.Uninitialize(Open()), 0U);
+}
+
+TEST_F(StandInLibraryTest, ContextsAreCounted) {
+    const kseal::Context first = Open();
+    const kseal::Context second = Open();
+    EXPECT_NE(first, second);
+    EXPECT_EQ(library_.OpenContexts(), 2U);
+    EXPECT_EQ(library_.OnlyContext(), nullptr);
+    EXPECT_EQ(exports_.Uninitialize(first), 0U);
+    EXPECT_EQ(library_.OnlyContext(), second);
+    EXPECT_EQ(library_.WrongReleases(), 0U);
+    exports_.Uninitialize(first);
+    EXPECT_EQ(library_.WrongReleases(), 1U);
+    exports_.Uninitialize(second);
+    EXPECT_EQ(library_.OpenContexts(), 0U);
+}
+
+TEST_F(StandInLibraryTest, ResultsAreCountedTheEmptyOnesToo) {
+    const kseal::Context context = Open();
+    EXPECT_EQ(Find(context, 0, nullptr), 0U);
+    EXPECT_EQ(result_.Count, 0U);
+    EXPECT_EQ(library_.OpenResults(), 1U);
+    kseal::CertFindResult copy = result_;
+    EXPECT_EQ(exports_.FreeFindResult(context, &result_), 0U);
+    EXPECT_EQ(library_.OpenResults(), 0U);
+    EXPECT_EQ(result_.Entries, nullptr);
+    exports_.FreeFindResult(context, &result_);  // of a search that failed
+    EXPECT_EQ(library_.WrongReleases(), 0U);
+    exports_.FreeFindResult(context, &copy);
+    EXPECT_EQ(library_.WrongReleases(), 1U);
+    exports_.Uninitialize(context);
+    exports_.FreeFindResult(context, &result_);
+    EXPECT_EQ(library_.WrongReleases(), 2U);
+    EXPECT_EQ(Find(context, 0, nullptr), StandInLibrary::UnknownContext);
+}
+
+TEST_F(StandInLibraryTest, TextsAreCounted) {
+    char* text = nullptr;
+    char* file = nullptr;
+    char* data = nullptr;
+    int32_t line = 0;
+    EXPECT_NE(exports_.GetErrorLineEx(nullptr, &text, &file, &line, &data), 0U);
+    library_.AddError(nullptr, {"text", "", 5, "data"});
+    EXPECT_EQ(exports_.GetErrorLineEx(nullptr, &text, &file, &line, &data), 0U);
+    EXPECT_EQ(std::string(text), "text");
+    EXPECT_EQ(file, nullptr);
+    EXPECT_EQ(line, 5);
+    EXPECT_EQ(library_.OpenTexts(), 2U);
+    exports_.FreeMem(text);
+    exports_.FreeMem(data);
+    EXPECT_EQ(library_.OpenTexts(), 0U);
+    exports_.FreeMem(&line);
+    EXPECT_EQ(library_.WrongReleases(), 1U);
+}
+
+TEST_F(StandInLibraryTest, StoresAreSearchedAsTheWordSays) {
+    library_.Serve({.Certificates = {{.Serial = {7}, .OwnerName = "CN=Near", .SecondText = "text"},
+                                     {.InNetwork = true, .UsageBits = 3, .OwnerName = "CN=Far"}}});
+    const kseal::Context context = Open();
+    const auto found = [&](uint32_t word, const char* query) {
+        std::string names;
+        EXPECT_EQ(Find(context, word, query), 0U);
+        for (uint32_t i = 0; i < result_.Count; ++i) names += result_.Entries[i].OwnerName;
+        exports_.FreeFindResult(context, &result_);
+        return names;
+    };
+    EXPECT_EQ(found(0x100, nullptr), "CN=Near");
+    EXPECT_EQ(found(0x104, "CN=*"), "CN=NearCN=Far");
+    EXPECT_EQ(found(0xE04, "*=*"), "CN=Far");
+    EXPECT_EQ(found(0, "CN=Nobody"), "");
+    EXPECT_EQ(Find(context, 0xE04, "CN=Nobody"), kseal::NothingFound);
+    EXPECT_EQ(Find(context, 0, "*"), 0U);
+    EXPECT_EQ(result_.Entries[0].UsageBits, 0x1C);
+    EXPECT_EQ(std::string(result_.Entries[0].SecondText), "text");
+    EXPECT_EQ(result_.Entries[0].SerialLength, 1U);
+    EXPECT_EQ(*result_.Entries[0].Serial, 7);
+    exports_.FreeFindResult(context, &result_);
+    exports_.Uninitialize(context);
+}
+
+TEST_F(StandInLibraryTest, ANetworkThatIsOffSaysSo) {
+    library_.Serve({.Certificates = {{.InNetwork = true, .OwnerName = "CN=Far"}}, .NetworkAnswers = false});
+    const kseal::Context context = Open();
+    EXPECT_EQ(Find(context, 0xE04, "*"), StandInLibrary::NetworkSilent);
+    EXPECT_EQ(library_.WaitingErrors(context), 1U);
+    EXPECT_EQ(Find(context, 4, "*"), 0U);
+    EXPECT_EQ(result_.Count, 0U);
+    exports_.FreeFindResult(context, &result_);
+    exports_.Uninitialize(context);
+}
+
+TEST_F(StandInLibraryTest, RevocationListsFailWithTheirText) {
+    const kseal::Context context = Open();
+    std::array<char, 8> buffer{};
+    kseal::CrlControlBlock block;
+    block.BufferLength = buffer.size();
+    block.Buffer = buffer.data();
+    EXPECT_EQ(exports_.Ctrl(context, 4, &block), 0U);
+    EXPECT_EQ(std::string(buffer.data()), "");
+    library_.Serve({.CrlDiagnostic = "busy"});
+    EXPECT_EQ(exports_.Ctrl(context, 4, &block), StandInLibrary::CrlNotLoaded);
+    EXPECT_EQ(std::string(buffer.data()), "busy");
+    exports_.Uninitialize(context);
+}
+
+TEST_F(StandInLibraryTest, AnswersAsItIsTold) {
+    const kseal::Context context = Open();
+    library_.SetAnswer(StandInCall::FindCert, 5);
+    library_.SetAnswer(StandInCall::FreeFindResult, 6);
+    library_.SetAnswer(StandInCall::Uninitialize, 7);
+    library_.SetAnswer(StandInCall::Initialize, 8);
+    EXPECT_EQ(Find(context, 0, nullptr), 5U);
+    EXPECT_EQ(exports_.FreeFindResult(context, &result_), 6U);
+    EXPECT_EQ(exports_.Uninitialize(context), 7U);
+    kseal::Context none = nullptr;
+    EXPECT_EQ(exports_.Initialize("", 0, &none), 8U);
+    EXPECT_EQ(none, nullptr);
+}
+
+}  // namespace
