@@ -4,7 +4,9 @@
 #include <new>
 
 #include "app/BrisgateDlg.h"
+#include "app/CertificateForms.h"
 #include "config/RegistryStore.h"
+#include "crypto/LibraryOpener.h"
 #include "errors/ErrorReport.h"
 #include "errors/MessageBoxes.h"
 #include "errors/ProgramTitle.h"
@@ -59,7 +61,9 @@ void CBrisgateApp::RunMainDialog() {
     const errors::ErrorReporter reporter(machine_, screen_);
     config::RegistryStore registry(machine_, reporter);
     const config::Services services{machine_, screen_, reporter, registry};
-    CBrisgateDlg(services).DoModal();
+    crypto::LibraryOpener opener(services);
+    CertificateForms certificates(services, opener);
+    CBrisgateDlg(services, &certificates).DoModal();
 }
 
 }  // namespace app

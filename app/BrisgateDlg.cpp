@@ -149,6 +149,8 @@ void CBrisgateDlg::RefillRules() {
 void CBrisgateDlg::OnMenuCommand(int command) {
     const std::map<int, void (CBrisgateDlg::*)()> handlers{
         {command::Save, &CBrisgateDlg::Save},
+        {command::LogPath, &CBrisgateDlg::EditLogSettings},
+        {command::Configurations, &CBrisgateDlg::EditExtensions},
         {command::Exit, &CBrisgateDlg::OnCancel},
         {command::AddProfile, &CBrisgateDlg::AddProfile},
         {command::OpenProfile, &CBrisgateDlg::OpenProfile},

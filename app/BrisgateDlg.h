@@ -81,6 +81,9 @@ class CBrisgateDlg : public ui::Dialog {
     void ExportRules();
     void ImportRules();
 
+    void EditLogSettings();
+    void EditExtensions();
+
     void Save();
     bool MayLeave();
 
@@ -93,7 +96,8 @@ class CBrisgateDlg : public ui::Dialog {
     editors::EditorMemory editorMemory_;
 
     ui::IconButton saveIcon_{*this, 1021, {7, 9, 32, 32}, ui::Icon::Save, L"Save", [this] { Save(); }};
-    ui::IconButton logPath_{*this, 1022, {39, 9, 32, 32}, ui::Icon::LogSettings, L"Log path"};
+    ui::IconButton logPath_{
+        *this, 1022, {39, 9, 32, 32}, ui::Icon::LogSettings, L"Log path", [this] { EditLogSettings(); }};
     ui::IconButton addRule_{
         *this, 1023, {76, 9, 32, 32}, ui::Icon::RuleAdd, L"Add rule", [this] { AddRule(); }};
     ui::IconButton copyRule_{
@@ -137,7 +141,8 @@ class CBrisgateDlg : public ui::Dialog {
     ui::Edit csProfileLabel_{*this, 1042, {133, 43, 473, 14, ui::GrowX}, {.readOnly = true}};
     ui::ListView profiles_{*this, 1001, {8, 60, 112, 90, ui::GrowY}, {.singleSelection = true}};
     ui::ListView rules_{*this, 1030, {133, 60, 473, 90, ui::GrowBoth}, {.checkBoxes = true}};
-    ui::Button configurations_{*this, 1036, {21, 151, 12, 11}, L"Configurations"};
+    ui::Button configurations_{
+        *this, 1036, {21, 151, 12, 11}, L"Configurations", [this] { EditExtensions(); }};
     ui::Button openProfile_{*this, 1053, {7, 152, 12, 8}, L"Open profile", [this] { OpenProfile(); }};
     ui::Button save_{*this, 1000, {426, 167, 50, 19, ui::MoveBoth}, L"Save", [this] { Save(); }};
     ui::Button saveAndExit_{*this, ui::IdOk, {482, 167, 50, 19, ui::MoveBoth}, L"Save and exit"};

@@ -36,7 +36,7 @@ bool ReportingFile::Create() {
     return Succeeded(services_.Machine.Files.Create(path_, file_), L"Creating file %s");
 }
 
-bool ReportingFile::ReadAll(FileContent& content) {
+bool ReportingFile::ReadAll(FileContent& content, std::wstring_view refusal) {
     platform::Files& files = services_.Machine.Files;
     uint64_t size = 0;
     if (!Succeeded(files.Size(file_, size), L"Getting size of file %s")) return false;
@@ -44,7 +44,7 @@ bool ReportingFile::ReadAll(FileContent& content) {
     const size_t room = RoomFor(size);
     platform::Win32Code error = code::Success;
     std::unique_ptr<std::byte[]> block = services_.Machine.Memory.Allocate(room, error);
-    if (!block) return Succeeded(error, L"Memory allocation");
+    if (!block) return Succeeded(error, refusal);
 
     uint32_t length = 0;  // less than the size where the file has shrunk meanwhile
     if (!Succeeded(files.Read(file_, {block.get(), room - 1}, length), L"Reading file %s")) return false;
@@ -76,10 +76,10 @@ bool ReportingFile::Succeeded(platform::Win32Code code, std::wstring_view operat
 }
 
 std::optional<FileContent> ReadWholeFile(const Services& services, const ui::Dialog* owner,
-                                         const std::wstring& path) {
+                                         const std::wstring& path, std::wstring_view refusal) {
     ReportingFile file(services, owner, path);
     FileContent content;
-    if (!file.Open() || !file.ReadAll(content) || !file.Close()) return std::nullopt;
+    if (!file.Open() || !file.ReadAll(content, refusal) || !file.Close()) return std::nullopt;
     return content;
 }
 

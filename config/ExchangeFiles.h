@@ -32,6 +32,8 @@ class FileContent {
     size_t length_ = 0;
 };
 
+inline constexpr std::wstring_view MemoryRefused = L"Memory allocation";
+
 // One file on its way from opening to closing. Each step reports its failure and tells whether it succeeded;
 // a file that a failure leaves open is closed without another report.
 class ReportingFile {
@@ -47,7 +49,8 @@ class ReportingFile {
 
     [[nodiscard]] bool Open();    // for reading; must exist
     [[nodiscard]] bool Create();  // for writing; replaces an old one
-    [[nodiscard]] bool ReadAll(FileContent& content);
+    // refusal: what is reported when there is no memory for the content.
+    [[nodiscard]] bool ReadAll(FileContent& content, std::wstring_view refusal = MemoryRefused);
     [[nodiscard]] bool Write(std::string_view bytes);
     [[nodiscard]] bool Close();
 
@@ -62,7 +65,7 @@ class ReportingFile {
 
 // Nothing: a step failed and has been reported.
 std::optional<FileContent> ReadWholeFile(const Services& services, const ui::Dialog* owner,
-                                         const std::wstring& path);
+                                         const std::wstring& path, std::wstring_view refusal = MemoryRefused);
 // False: a step failed and has been reported; what was written stays.
 bool WriteWholeFile(const Services& services, const ui::Dialog* owner, const std::wstring& path,
                     std::string_view bytes);

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "platform/Paths.h"
+
 namespace editors {
 namespace {
 
@@ -13,14 +15,9 @@ Found RequirePath(const std::wstring& path, FormField field, const wchar_t* text
     return Refusal{.field = field, .telling = ErrorBox, .text = text, .icon = icon};
 }
 
-// A drive or a network path, as far as can be seen from the text.
-bool NamesADriveOrServer(const std::wstring& path) {
-    return path.find(L':') != std::wstring::npos || path.find(L"\\\\") != std::wstring::npos;
-}
-
 Found RequireFolder(const std::wstring& path, FormField field, const wchar_t* text, platform::Files& files) {
     const platform::Win32Code code =
-        NamesADriveOrServer(path) ? files.CheckPathExists(path) : platform::code::PathNotFound;
+        platform::NamesADriveOrServer(path) ? files.CheckPathExists(path) : platform::code::PathNotFound;
     if (code == platform::code::Success) return std::nullopt;
     // Kept: the system's "file exists" is no reason that could be told, and yet no folder.
     if (code == platform::code::FileExists) return Refusal{.field = field, .telling = Silence};

@@ -1,9 +1,16 @@
 #include "text/Trim.h"
 
+#include <algorithm>
+
 namespace text {
 
 std::wstring_view TrimRight(std::wstring_view text, std::wstring_view characters) {
     return text.substr(0, text.find_last_not_of(characters) + 1);
+}
+
+std::wstring_view Trim(std::wstring_view text, std::wstring_view characters) {
+    const std::wstring_view cut = TrimRight(text, characters);
+    return cut.substr(std::min(cut.find_first_not_of(characters), cut.size()));
 }
 
 std::wstring JoinNonEmpty(const std::vector<std::wstring_view>& parts, std::wstring_view separator) {

@@ -80,10 +80,20 @@ constexpr Range ranges[] = {
     {0xA7F6, 0xA7F6, 1, -1},     {0xAB53, 0xAB53, 1, -928},  {0xAB70, 0xABBF, 1, -38864},
     {0xFF41, 0xFF5A, 1, -32}};
 
+constexpr std::array<uint16_t, 0x600> MakeUpperOfLow() {
+    std::array<uint16_t, 0x600> table{};
+    for (size_t unit = 0; unit < table.size(); ++unit) table[unit] = static_cast<uint16_t>(unit);
+    for (const Range& range : ranges)
+        for (size_t unit = range.first; unit <= range.last && unit < table.size(); unit += range.step)
+            table[unit] = static_cast<uint16_t>(static_cast<int32_t>(unit) + range.delta);
+    return table;
+}
+
 }  // namespace
 
-wchar_t Upper(wchar_t unit) {
-    if (unit < 0x80) return unit >= L'a' && unit <= L'z' ? static_cast<wchar_t>(unit - 32) : unit;
+constexpr std::array<uint16_t, 0x600> detail::UpperOfLow = MakeUpperOfLow();
+
+wchar_t detail::UpperOfHigh(wchar_t unit) {
     const Range* range = std::lower_bound(std::begin(ranges), std::end(ranges), unit,
                                           [](const Range& r, wchar_t c) { return r.last < c; });
     if (range == std::end(ranges) || unit < range->first || (unit - range->first) % range->step != 0)

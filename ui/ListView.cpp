@@ -47,6 +47,21 @@ void ListView::RefreshRows() {
     Changed(Aspect::RowChecks);
 }
 
+void ListView::Reorder(std::span<const uint32_t> order) {
+    std::vector<bool> checks(rowCount_);
+    std::vector<bool> selection(rowCount_);
+    const std::optional<size_t> focused = focusedRow_;
+    for (size_t row = 0; row < rowCount_; ++row) {
+        checks[row] = checks_[order[row]];
+        selection[row] = selection_[order[row]];
+        if (focused == order[row]) focusedRow_ = row;
+    }
+    checks_ = std::move(checks);
+    selection_ = std::move(selection);
+    Changed(Aspect::Selection);
+    Changed(Aspect::RowChecks);
+}
+
 void ListView::SetChecks(std::vector<bool> checks) {
     checks_ = std::move(checks);
     checks_.resize(rowCount_);

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -67,6 +69,9 @@ class ListView : public Control {
     void SetRows(std::vector<bool> checks);
     // Draws the rows anew because their cells changed.
     void RefreshRows();
+    // The same rows in another order: each keeps its check mark and its selection. order: for every place the
+    // row that stood elsewhere before.
+    void Reorder(std::span<const uint32_t> order);
 
     bool IsChecked(size_t row) const { return checks_[row]; }
     const std::vector<bool>& Checks() const { return checks_; }

@@ -41,6 +41,7 @@ struct FileFilter {
     std::wstring pattern;  // "*.*"
 };
 
+// A file to be opened has to exist; the user is asked before a file is replaced.
 struct FilePicker {
     FilePickerKind kind = FilePickerKind::Open;
     std::wstring filterName;     // "All files (*.*)"
@@ -48,6 +49,7 @@ struct FilePicker {
     std::wstring defaultExtension;
     std::wstring initialPath;                  // shown at first, or only a file name; may be empty
     std::vector<FileFilter> furtherFilters{};  // offered below the first one
+    std::wstring initialFolder{};              // where to start without an initial path; may be empty
 };
 
 class Screen {

@@ -25,6 +25,7 @@ class WatchedFiles final : public platform::Files {
     std::map<FileCall, platform::Win32Code> faults;  // a close that fails closes the file all the same
     std::optional<uint64_t> claimedSize;             // what is said of every file's size
     uint32_t unwritten = 0;                          // bytes that every write leaves out
+    std::optional<size_t> failsFromWrite;            // the number of the write into the file, from 1
     std::vector<size_t> readSizes;                   // bytes asked for
     int openFiles = 0;
 
@@ -32,6 +33,7 @@ class WatchedFiles final : public platform::Files {
         return Do(FileCall::Open, "open", [&] { return Opened(real_.Open(path, file)); });
     }
     platform::Win32Code Create(const std::wstring& path, platform::FileHandle& file) override {
+        writes_ = 0;
         return Do(FileCall::Create, "create", [&] { return Opened(real_.Create(path, file)); });
     }
     platform::Win32Code Size(platform::FileHandle file, uint64_t& bytes) override {
@@ -49,7 +51,11 @@ class WatchedFiles final : public platform::Files {
     platform::Win32Code Write(platform::FileHandle file, std::span<const std::byte> data,
                               uint32_t& bytesWritten) override {
         const auto written = data.first(data.size() - unwritten);
-        return Do(FileCall::Write, "write", [&] { return real_.Write(file, written, bytesWritten); });
+        ++writes_;
+        return Do(FileCall::Write, "write", [&] {
+            return failsFromWrite && writes_ >= *failsFromWrite ? Broken
+                                                                : real_.Write(file, written, bytesWritten);
+        });
     }
     platform::Win32Code Close(platform::FileHandle file) override {
         const platform::Win32Code result = real_.Close(file);
@@ -72,8 +78,11 @@ class WatchedFiles final : public platform::Files {
         return result;
     }
 
+    static constexpr platform::Win32Code Broken = 1117;  // an input/output error of the device
+
     platform::Files& real_;
     Journal& journal_;
+    size_t writes_ = 0;  // into the file created last
 };
 
 // No window opens: what boxes and pickers look like is the business of other tests.

@@ -8,6 +8,7 @@
 namespace {
 
 using text::JoinNonEmpty;
+using text::Trim;
 using text::TrimRight;
 
 TEST(Trim, TrimRightCutsOnlyTheGivenCharactersAtTheEnd) {
@@ -29,6 +30,15 @@ TEST(Trim, TrimRightCutsOnlyTheGivenCharactersAtTheEnd) {
     for (const Case& c : cases)
         EXPECT_EQ(TrimRight(c.text, L".\r\n"), c.trimmed) << testing::PrintToString(c.text);
     EXPECT_EQ(TrimRight(L"abc", L""), L"abc");
+}
+
+TEST(Trim, TrimCutsTheGivenCharactersAtBothEnds) {
+    const std::pair<std::wstring_view, std::wstring_view> cases[] = {
+        {L"", L""},         {L" ", L""},    {L"   ", L""},  {L"a", L"a"},
+        {L" a b ", L"a b"}, {L"  a", L"a"}, {L"a  ", L"a"}, {L"\ta\t", L"\ta\t"},
+    };
+    for (const auto& [given, trimmed] : cases) EXPECT_EQ(Trim(given, L" "), trimmed);
+    EXPECT_EQ(Trim(L"-_a_-", L"_-"), L"a");
 }
 
 TEST(Trim, JoinNonEmptySkipsEmptyParts) {

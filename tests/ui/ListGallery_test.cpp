@@ -156,5 +156,26 @@ TEST_F(ListGalleryTest, LeavingTheListIsHeard) {
     });
 }
 
+TEST_F(ListGalleryTest, RowsThatChangePlacesKeepTheirMarks) {
+    Run([this] {
+        gallery_.FillRows(5);
+        rows_.SetChecks({true, false, false, true, false});
+        user_.ClickRow(Rows, 3);
+        user_.ClickRow(Rows, 1, Held::Control);
+        gallery_.TakeHeard();
+        const std::vector<uint32_t> order{4, 3, 2, 1, 0};
+        rows_.Reorder(order);
+        EXPECT_EQ((std::vector{false, true, false, false, true}), rows_.Checks());
+        EXPECT_EQ((Indexes{1, 3}), rows_.SelectedRows());
+        EXPECT_EQ(size_t{3}, rows_.FocusedRow());
+        EXPECT_EQ(Heard{}, gallery_.TakeHeard());
+        user_.Press(Key::Down);  // the window's own marks moved, too
+        EXPECT_EQ(Indexes{4}, rows_.SelectedRows());
+        user_.ClickBelowRows(Rows);
+        rows_.Reorder(order);
+        EXPECT_EQ(Indexes{}, rows_.SelectedRows());
+    });
+}
+
 }  // namespace
 }  // namespace tests

@@ -92,6 +92,7 @@ std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker) {
     request.lpstrFilter = filter.empty() ? nullptr : filter.c_str();
     request.lpstrFile = path.data();
     request.nMaxFile = static_cast<DWORD>(path.size());
+    request.lpstrInitialDir = picker.initialFolder.empty() ? nullptr : picker.initialFolder.c_str();
     request.lpstrDefExt = Extension(picker.defaultExtension);
     request.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT |
                     OFN_NOCHANGEDIR | OFN_HIDEREADONLY;

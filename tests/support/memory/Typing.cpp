@@ -83,7 +83,7 @@ void TypeInto(ui::Control& control, const std::wstring& text, const std::functio
             content.erase(--caret, 1);
         }
         allSelected = false;
-        if (content == before) continue;
+        if (key.front() == backspace && content == before) continue;  // nothing to delete
         field.Give(content);
         if (!goesOn()) return;
         if (field.Text() == content) continue;

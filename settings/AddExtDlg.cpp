@@ -1,4 +1,4 @@
-#include "editors/AddExtDlg.h"
+#include "settings/AddExtDlg.h"
 
 #include <algorithm>
 #include <string_view>
@@ -6,7 +6,7 @@
 #include "text/Trim.h"
 #include "text/Upper.h"
 
-namespace editors {
+namespace settings {
 namespace {
 
 constexpr wchar_t blanks[] = L" \t";
@@ -39,4 +39,4 @@ void CAddExtDlg::OnOK() {
     EndDialog(ui::IdOk);
 }
 
-}  // namespace editors
+}  // namespace settings

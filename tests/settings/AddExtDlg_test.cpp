@@ -1,11 +1,11 @@
-#include "editors/AddExtDlg.h"
+#include "settings/AddExtDlg.h"
 
 #include "tests/support/Fixture.h"
 
 namespace tests {
 namespace {
 
-using editors::CAddExtDlg;
+using settings::CAddExtDlg;
 
 class AddExtDlgTest : public WorldTest {
   protected:

@@ -6,7 +6,7 @@
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
 
-namespace editors {
+namespace settings {
 
 class CAddExtDlg : public ui::Dialog {
   public:
@@ -26,4 +26,4 @@ class CAddExtDlg : public ui::Dialog {
     ui::Button exit_{*this, ui::IdCancel, {143, 29, 50, 14}, L"Exit"};
 };
 
-}  // namespace editors
+}  // namespace settings

@@ -1,0 +1,39 @@
+#include "certs/FilterDlg.h"
+
+#include "certs/FieldTable.h"
+#include "certs/OwnerSearch.h"
+#include "errors/MessageBoxes.h"
+#include "text/Trim.h"
+
+namespace certs {
+
+CFilterDlg::CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample)
+    : Dialog(screen, owner, {.size = {260, 100}}, L"Filter") {
+    sampleEdit_.SetText(sample);
+}
+
+void CFilterDlg::OnInitDialog() {
+    std::vector<std::wstring> choices = OfferedFieldLabels();
+    choices.emplace_back(L"<Search by entire name>");
+    fieldList_.SetItems(std::move(choices));
+    EnableOk();
+}
+
+void CFilterDlg::EnableOk() {
+    ok_.Enable(IsUsableSample(sampleEdit_.Text()));
+}
+
+void CFilterDlg::OnOK() {
+    const int chosen = fieldList_.Selected();
+    if (chosen == ui::ComboBox::None) {
+        errors::Warn(Screen(), this, L"Select field for filter");
+        fieldList_.SetFocus();
+        fieldList_.DropDown();
+        return;
+    }
+    if (const auto index = static_cast<size_t>(chosen); index < OfferedFieldCount()) field_ = index;
+    sample_ = text::Trim(sampleEdit_.Text(), L" ");
+    EndDialog(ui::IdOk);
+}
+
+}  // namespace certs

@@ -1,0 +1,28 @@
+// User groups files: owner names chosen once, to be chosen again.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "config/Services.h"
+#include "ui/Screen.h"
+
+namespace certs {
+
+// lastPath: of the file opened or saved before; empty: none. folder: where such files usually are; empty: the
+// system chooses.
+ui::FilePicker GroupsFileToOpen(const std::wstring& lastPath, const std::wstring& folder);
+ui::FilePicker GroupsFileToSave(const std::wstring& lastPath, const std::wstring& folder);
+
+// Tells of each name in the file, in order. False: a step failed, which has been reported, and no name was
+// told.
+bool ReadGroupsFile(const config::Services& services, const ui::Dialog* owner, const std::wstring& path,
+                    const std::function<void(std::wstring_view name)>& take);
+
+// False: a step failed and has been reported; what was written stays.
+bool WriteGroupsFile(const config::Services& services, const ui::Dialog* owner, const std::wstring& path,
+                     std::span<const std::wstring_view> names);
+
+}  // namespace certs

@@ -1,0 +1,18 @@
+#include "crypto/LibraryOpener.h"
+
+#include "crypto/LibrarySearch.h"
+#include "crypto/OpenCryptoContext.h"
+
+namespace crypto {
+
+bool LibraryOpener::WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
+                                const Command& command) {
+    const StoreProfileSettings settings = SettingsOf(profile, storeProfile);
+    const auto opened = OpenCryptoContext(services_, parent, settings);
+    if (!opened) return false;
+    LibrarySearch search(services_, opened->Context, settings.Picker);
+    command(search, settings.Picker, opened->LdapUsable);
+    return true;
+}
+
+}  // namespace crypto

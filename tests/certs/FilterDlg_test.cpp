@@ -1,0 +1,120 @@
+#include "certs/FilterDlg.h"
+
+#include "certs/FieldTable.h"
+#include "tests/certs/CertsTest.h"
+
+namespace tests {
+namespace {
+
+using certs::CFilterDlg;
+
+class FilterDlgTest : public CertsTest {
+  protected:
+    int Fill(CFilterDlg& dialog, const std::function<void()>& script) {
+        user_.Expect<CFilterDlg>([&script](CFilterDlg&) { script(); });
+        return dialog.DoModal();
+    }
+    CFilterDlg dialog_{notes_, nullptr, L""};
+};
+
+TEST_F(FilterDlgTest, OffersTheFieldsAndTheEntireName) {
+    Fill(dialog_, [this] {
+        EXPECT_EQ(dialog_.Caption(), L"Filter");
+        EXPECT_EQ(user_.Text(1201), L"Search field:");
+        EXPECT_EQ(user_.Text(1203),
+                  L"Type sample for certificate owner search\r\n(* represents any symbol):");
+        Names offered = certs::OfferedFieldLabels();
+        offered.push_back(L"<Search by entire name>");
+        EXPECT_EQ(user_.Get<ui::ComboBox>(pickid::FilterField).Items(), offered);
+        EXPECT_EQ(user_.Get<ui::ComboBox>(pickid::FilterField).Selected(), ui::ComboBox::None);
+        EXPECT_EQ(user_.Text(pickid::FilterSample), L"");
+        EXPECT_EQ(user_.Text(ui::IdOk), L"OK");
+        EXPECT_EQ(user_.Text(ui::IdCancel), L"Exit");
+        EXPECT_FALSE(user_.CanUse(ui::IdOk));
+        user_.Press(Key::Enter);  // nothing to accept yet
+        EXPECT_FALSE(dialog_.HasEnded());
+        user_.Press(Key::Escape);
+    });
+}
+
+TEST_F(FilterDlgTest, OkNeedsAUsableSampleOnEveryEdit) {
+    Fill(dialog_, [this] {
+        const std::pair<const wchar_t*, bool> samples[] = {{L"*", true}, {L"**", false}, {L" ", false},
+                                                           {L"a", true}, {L"* ", false}, {L"*a*", true},
+                                                           {L"", false}, {L"=", true},   {L" *", false}};
+        for (const auto& [sample, usable] : samples) {
+            user_.Type(pickid::FilterSample, sample);
+            EXPECT_EQ(user_.CanUse(ui::IdOk), usable) << testing::PrintToString(sample);
+        }
+        user_.Paste(pickid::FilterSample, L"\t*\t");
+        EXPECT_FALSE(user_.CanUse(ui::IdOk));
+        Leave();
+    });
+}
+
+TEST_F(FilterDlgTest, WithoutAFieldTheListDropsOpen) {
+    EXPECT_EQ(Fill(dialog_,
+                   [this] {
+                       user_.Type(pickid::FilterSample, L"a");
+                       ExpectWarning(L"Select field for filter");
+                       user_.Press(Key::Enter);
+                       EXPECT_FALSE(dialog_.HasEnded());
+                       EXPECT_TRUE(user_.Get<ui::ComboBox>(pickid::FilterField).IsDroppedDown());
+                       EXPECT_EQ(notes_.owners.back(), &dialog_);
+                       user_.Choose(pickid::FilterField, 15);
+                       user_.Click(ui::IdOk);
+                   }),
+              ui::IdOk);
+    EXPECT_EQ(dialog_.Field(), 15U);
+}
+
+TEST_F(FilterDlgTest, TheSampleIsCutAtBlanksAtBothEnds) {
+    EXPECT_EQ(Fill(dialog_,
+                   [this] {
+                       user_.Choose(pickid::FilterField, 0);
+                       user_.Type(pickid::FilterSample, L"  Ivan *  ");
+                       user_.Press(Key::Enter);
+                   }),
+              ui::IdOk);
+    EXPECT_EQ(dialog_.Sample(), L"Ivan *");
+    EXPECT_EQ(dialog_.Field(), 0U);
+}
+
+TEST_F(FilterDlgTest, TheLastChoiceIsTheEntireName) {
+    EXPECT_EQ(Fill(dialog_,
+                   [this] {
+                       user_.Choose(pickid::FilterField, 16);
+                       user_.Type(pickid::FilterSample, L"*");
+                       user_.Press(Key::Enter);
+                   }),
+              ui::IdOk);
+    EXPECT_EQ(dialog_.Field(), std::nullopt);
+    EXPECT_EQ(dialog_.Sample(), L"*");
+}
+
+TEST_F(FilterDlgTest, BeginsWithTheSampleGiven) {
+    CFilterDlg dialog(notes_, nullptr, L"Iv*");
+    Fill(dialog, [this] {
+        EXPECT_EQ(user_.Text(pickid::FilterSample), L"Iv*");
+        EXPECT_TRUE(user_.CanUse(ui::IdOk));
+        Leave();
+    });
+}
+
+TEST_F(FilterDlgTest, TabGoesFromTheFieldToTheSampleAndTheButtons) {
+    Fill(dialog_, [this] {
+        EXPECT_EQ(dialog_.Focus()->Id(), pickid::FilterField);
+        user_.Press(Key::Tab);
+        EXPECT_EQ(dialog_.Focus()->Id(), pickid::FilterSample);
+        user_.Type(pickid::FilterSample, L"x");
+        user_.Press(Key::Tab);
+        EXPECT_EQ(dialog_.Focus()->Id(), ui::IdOk);
+        user_.Press(Key::Tab);
+        EXPECT_EQ(dialog_.Focus()->Id(), ui::IdCancel);
+        user_.Press(Key::Enter);
+    });
+    EXPECT_EQ(dialog_.Sample(), L"");
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,261 @@
+#include "certs/SignerList.h"
+
+#include "tests/certs/CertsTest.h"
+
+namespace tests {
+namespace {
+
+using certs::CPreEncryptDlg;
+using certs::SignerList;
+using config::SignerListEntry;
+using Lists = std::vector<SignerListEntry>;
+
+namespace listid {
+constexpr int List = 1230, Add = 1231, Edit = 1232, Delete = 1233;
+}
+
+class SignerListTest : public CertsTest {
+  protected:
+    SignerListTest() {
+        profile_.Name = L"Alpha";
+        lists_ = {{L"chiefs", {L"CN=Dora"}}, {L"", {L"CN=Nobody"}}, {L"clerks", {L"CN=Egon", L"CN=Fritz"}}};
+    }
+    // Nothing when the user gave up.
+    std::optional<Lists> Edit(const std::function<void(SignerList&)>& script) {
+        SignerList form(forms_, nullptr, opener_, profile_, 2, lists_);
+        user_.Expect<SignerList>(script);
+        const bool accepted = form.DoModal() == ui::IdOk;
+        EXPECT_EQ(opener_.open, 0);
+        return accepted ? std::optional(form.Lists()) : std::nullopt;
+    }
+    void ExpectPicker(const Script& script) { user_.Expect<CPreEncryptDlg>(script); }
+    std::vector<Names> Rows() const {
+        std::vector<Names> rows;
+        for (size_t row = 0; row < user_.RowCount(listid::List); ++row)
+            rows.push_back(user_.Row(listid::List, row));
+        return rows;
+    }
+
+    ScriptedOpener opener_{search_};
+    config::ServiceProfile profile_;
+};
+
+TEST_F(SignerListTest, ShowsTheListsThatHaveANameInTheirOrder) {
+    EXPECT_EQ(Edit([this](SignerList& form) {
+                  EXPECT_EQ(form.Caption(), L"Signer lists");
+                  EXPECT_EQ(form.Icon(), ui::Icon::Signers);
+                  EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"clerks", L"2"}}));
+                  EXPECT_EQ(user_.Get<ui::ListView>(listid::List).Columns()[0].header, L"List name");
+                  EXPECT_EQ(user_.Get<ui::ListView>(listid::List).Columns()[1].header, L"Signers");
+                  EXPECT_FALSE(user_.Get<ui::ListView>(listid::List).Style().singleSelection);
+                  EXPECT_FALSE(user_.Get<ui::ListView>(listid::List).Style().checkBoxes);
+                  EXPECT_EQ(user_.Text(listid::Add), L"Add");
+                  EXPECT_EQ(user_.Text(listid::Edit), L"Edit");
+                  EXPECT_EQ(user_.Text(listid::Delete), L"Delete");
+                  EXPECT_EQ(user_.Text(ui::IdOk), L"OK");
+                  EXPECT_EQ(user_.Text(ui::IdCancel), L"Exit");
+                  user_.Click(ui::IdOk);
+              }),
+              lists_);
+}
+
+TEST_F(SignerListTest, AddsAListThroughThePicker) {
+    const auto result = Edit([this](SignerList& form) {
+        ExpectPicker([this, &form](CPreEncryptDlg& picker) {
+            EXPECT_EQ(opener_.open, 1);
+            EXPECT_EQ(opener_.lastParent, &form);
+            EXPECT_EQ(picker.Parent(), &form);
+            EXPECT_EQ(picker.Caption(), L"Add list");
+            EXPECT_EQ(user_.Text(pickid::Name), L"");
+            EXPECT_EQ(Shown(pickid::Chosen), Names{});
+            AddLocal({L"CN=Hugo", L"CN=Fritz"});
+            user_.Click(pickid::SelectAll);
+            ExpectWarningBox(L"Warning:",
+                             L"Following signers are used in other lists and had been excluded:\r\n\r\n"
+                             L"Signer\r\n\"CN=Fritz\"\r\nis used in list\r\n\"clerks\"\r\n\r\n",
+                             ui::Icon::Warning);
+            user_.Click(pickid::Choose);
+            user_.Type(pickid::Name, L"chiefs");
+            ExpectWarning(L"List with this name already exists");
+            user_.Click(ui::IdOk);
+            user_.Type(pickid::Name, L"guests");
+            user_.Click(ui::IdOk);
+        });
+        user_.Click(listid::Add);
+        EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"clerks", L"2"}, {L"guests", L"1"}}));
+        user_.Click(ui::IdOk);
+    });
+    Lists expected = lists_;
+    expected.push_back({L"guests", {L"CN=Hugo"}});
+    EXPECT_EQ(result, expected);
+    EXPECT_EQ(opener_.openedFor, Names{L"Alpha 2"});
+}
+
+TEST_F(SignerListTest, EditsTheFirstSelectedList) {
+    const auto result = Edit([this](SignerList&) {
+        user_.ClickRow(listid::List, 1);
+        ExpectPicker([this](CPreEncryptDlg& picker) {
+            EXPECT_EQ(picker.Caption(), L"Edit list");
+            EXPECT_EQ(user_.Text(pickid::Name), L"clerks");
+            EXPECT_EQ(Shown(pickid::Chosen), (Names{L"CN=Egon", L"CN=Fritz"}));
+            Check(pickid::Chosen, {0});
+            user_.Click(pickid::Remove);
+            user_.Type(pickid::Name, L"staff");
+            user_.Click(ui::IdOk);
+        });
+        user_.Click(listid::Edit);
+        EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"staff", L"1"}}));
+        user_.ClickRow(listid::List, 1);
+        user_.ClickRow(listid::List, 0, Held::Control);
+        ExpectPicker([this](CPreEncryptDlg&) {
+            EXPECT_EQ(user_.Text(pickid::Name), L"chiefs");
+            Leave();
+        });
+        user_.Click(listid::Edit);
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(result, (Lists{lists_[0], lists_[1], {L"staff", {L"CN=Fritz"}}}));
+}
+
+TEST_F(SignerListTest, APickerThatWasLeftChangesNothing) {
+    EXPECT_EQ(Edit([this](SignerList&) {
+                  ExpectPicker([this](CPreEncryptDlg&) {
+                      user_.Type(pickid::Name, L"guests");
+                      user_.Press(Key::Escape);
+                  });
+                  user_.Click(listid::Add);
+                  user_.ClickRow(listid::List, 0);
+                  ExpectPicker([this](CPreEncryptDlg&) {
+                      Check(pickid::Chosen, {0});
+                      user_.Click(pickid::Remove);
+                      Leave();
+                  });
+                  user_.Click(listid::Edit);
+                  EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"clerks", L"2"}}));
+                  user_.Click(ui::IdOk);
+              }),
+              lists_);
+}
+
+TEST_F(SignerListTest, WithoutAContextNothingHappens) {
+    opener_.opens = false;
+    EXPECT_EQ(Edit([this](SignerList&) {
+                  user_.Click(listid::Add);
+                  user_.ClickRow(listid::List, 0);
+                  user_.Click(listid::Edit);
+                  user_.Click(ui::IdOk);
+              }),
+              lists_);
+    EXPECT_EQ(opener_.openedFor.size(), 2U);
+}
+
+TEST_F(SignerListTest, ThePickerKnowsWhetherLdapCanBeUsed) {
+    for (const bool usable : {true, false}) {
+        opener_.ldapUsable = usable;
+        Edit([this, usable](SignerList&) {
+            ExpectPicker([this, usable](CPreEncryptDlg&) {
+                EXPECT_EQ(user_.CanUse(pickid::FromLdap), usable);
+                Leave();
+            });
+            user_.Click(listid::Add);
+            Leave();
+        });
+    }
+}
+
+TEST_F(SignerListTest, EditAndDeleteNeedASelectedRow) {
+    EXPECT_EQ(Edit([this](SignerList&) {
+                  user_.Click(listid::Edit);
+                  user_.Click(listid::Delete);
+                  user_.Click(ui::IdOk);
+              }),
+              lists_);
+    EXPECT_TRUE(opener_.openedFor.empty());
+}
+
+TEST_F(SignerListTest, DeletesTheSelectedListsAfterAQuestion) {
+    lists_.push_back({L"guests", {}});
+    lists_.push_back({L"clerks", {L"CN=Hugo"}});  // edited by hand: the name twice
+    const auto result = Edit([this](SignerList& form) {
+        user_.ClickRow(listid::List, 1);
+        user_.ClickRow(listid::List, 2, Held::Shift);
+        ExpectQuestion(L"Delete 2 list(s)?", ui::IdNo);
+        user_.Click(listid::Delete);
+        EXPECT_EQ(notes_.owners.back(), &form);
+        EXPECT_EQ(user_.RowCount(listid::List), 4U);
+        ExpectQuestion(L"Delete 2 list(s)?", ui::IdYes);
+        user_.Click(listid::Delete);
+        EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}}));
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(result, (Lists{lists_[0], lists_[1]}));
+}
+
+TEST_F(SignerListTest, ExitDiscardsEveryChange) {
+    EXPECT_EQ(Edit([this](SignerList&) {
+                  user_.ClickRow(listid::List, 0);
+                  ExpectQuestion(L"Delete 1 list(s)?", ui::IdYes);
+                  user_.Click(listid::Delete);
+                  Leave();
+              }),
+              std::nullopt);
+}
+
+TEST_F(SignerListTest, ADoubleClickShowsTheMembers) {
+    lists_.push_back({L"empty", {}});
+    Edit([this](SignerList&) {
+        ExpectWarningBox(L"Signer list",
+                         L"List name: clerks\r\n\r\nSigner 1:\r\nCN=Egon\r\n\r\nSigner 2:\r\nCN=Fritz",
+                         ui::Icon::Information);
+        user_.DoubleClickRow(listid::List, 1);
+        ExpectWarningBox(L"Signer list", L"List name: empty", ui::Icon::Information);
+        user_.DoubleClickRow(listid::List, 2);
+        Leave();
+    });
+}
+
+TEST_F(SignerListTest, ColumnsShareTheWidthOfTheList) {
+    Edit([this](SignerList& form) {
+        const int scrollBar = machine_.ScreenMetrics.VerticalScrollBarWidth(form.Dpi());
+        for (int round = 0; round < 2; ++round) {
+            const auto& list = user_.Get<ui::ListView>(listid::List);
+            for (const ui::Column& column : list.Columns())
+                EXPECT_EQ(column.width, (list.ClientWidth() - scrollBar) / 2);
+            user_.Resize({61, 20});
+        }
+        Leave();
+    });
+}
+
+TEST_F(SignerListTest, ResizingGrowsTheListAndKeepsTheButtonsAtTheBottom) {
+    Edit([this](SignerList& form) {
+        std::map<int, ui::Rect> before;
+        for (ui::Control* control : form.Controls()) before[control->Id()] = control->Bounds();
+        user_.Resize({50, 40});
+        before[listid::List].width += 50;
+        before[listid::List].height += 40;
+        for (const int id : {listid::Add, listid::Edit, listid::Delete, ui::IdOk, ui::IdCancel})
+            before[id].y += 40;
+        for (const int id : {ui::IdOk, ui::IdCancel}) before[id].x += 50;
+        for (const auto& [id, bounds] : before) EXPECT_EQ(form.Find(id).Bounds(), bounds) << id;
+        user_.Resize({-2000, -2000});
+        EXPECT_EQ(user_.OuterSize(), (ui::Size{150, 75}));
+        Leave();
+    });
+}
+
+TEST_F(SignerListTest, TabVisitsTheListAndTheButtons) {
+    Edit([this](SignerList& form) {
+        std::vector<int> order;
+        for (int i = 0; i < 6; ++i) {
+            order.push_back(form.Focus()->Id());
+            user_.Press(Key::Tab);
+        }
+        EXPECT_EQ(order, (std::vector<int>{listid::List, listid::Add, listid::Edit, listid::Delete, ui::IdOk,
+                                           ui::IdCancel}));
+        user_.Press(Key::Escape);
+    });
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,126 @@
+#include "tests/model/Configuration.h"
+
+#include <sstream>
+
+namespace tests::model {
+namespace {
+
+std::wstring RandomText(Dice& dice) {
+    static const Texts words{L"",    L"0",        L"report", L"Encrypt mail", L"reports in",
+                             L"p7s", L"C:\\Data", L"C:\\In", L"\x0436\x0416", L"\x00E4nderung",
+                             L"%d",  L"a \"b\""};
+    return dice.Pick(words);
+}
+
+Texts RandomList(Dice& dice, const Texts& words, size_t most) {
+    Texts list(dice.Below(most + 1));
+    for (std::wstring& entry : list) entry = dice.Pick(words);
+    return list;
+}
+
+void PutNumbered(Dice& dice, Values& key, const wchar_t* count, const std::wstring& name,
+                 const Texts& entries) {
+    key[count] = static_cast<int32_t>(entries.size());
+    for (size_t i = 0; i < entries.size(); ++i)
+        if (!dice.Chance(5)) key[name + std::to_wstring(i)] = entries[i];
+}
+
+void PutRule(Dice& dice, const std::wstring& path, Tree& tree) {
+    static const Texts people{L"CN=Anna", L"CN=Boris, O=Bank", L"Bank", L"CN=\x0416"};
+    Values& key = tree.Key(path);
+    for (const auto& [name, text] : Rule().text)
+        if (dice.Chance(60)) key[name] = RandomText(dice);
+    for (const auto& [name, number] : Rule().number)
+        if (dice.Chance(60)) key[name] = static_cast<int32_t>(dice.Below(3));
+    if (dice.Chance(80)) key[L"ZCSProfile"] = dice.Pick(Texts{L"Office", L"Bank", L"Tax", L"Gone", L"0"});
+    key[L"Operation"] = dice.Chance(15) ? L"" : dice.Pick(OperationNames()).first;
+    if (dice.Chance(20)) {
+        key[L"Mask"] = L"*.old";
+    } else {
+        PutNumbered(dice, key, L"Mask num", L"M", RandomList(dice, {L"*.txt", L"*.TXT", L"*.p7s", L"*"}, 3));
+    }
+    if (dice.Chance(40)) PutNumbered(dice, key, L"Ext num", L"C", RandomList(dice, people, 3));
+    for (const wchar_t* list : {L"chiefs", L"Clerks"})
+        if (dice.Chance(20))
+            PutNumbered(dice, tree.Key(path + L"\\" + list), L"Signer Num", L"S",
+                        RandomList(dice, people, 3));
+}
+
+void PutProfile(Dice& dice, const std::wstring& name, Tree& tree) {
+    const size_t stores = dice.Below(4);
+    Values& key = tree.Key(name);
+    if (dice.Chance(30)) key[L"Unknown"] = L"stays";
+    Texts storeProfiles{L"Office", L"Bank", L"Tax"};
+    storeProfiles.resize(stores);
+    if (dice.Chance(20) && stores > 0) storeProfiles.back() = L"Gone";
+    key[L"ZCSProfile"] = storeProfiles;
+    for (const wchar_t* list : {L"ServerTSP", L"NotUseLDAP", L"UseAIA", L"NotLoadCrl", L"CrlUpdatePeriod"})
+        if (dice.Chance(70)) key[list] = Texts(dice.Below(4), L"1");
+    for (const wchar_t* number : {L"Verify File", L"Handler timeout", L"Rename conf files"})
+        if (dice.Chance(70)) key[number] = static_cast<int32_t>(dice.Below(20));
+    tree.Key(name + L"\\rules");
+    const size_t rules = dice.Chance(15) ? 9 + dice.Below(5) : dice.Below(6);
+    const size_t first = dice.Chance(20) ? 9 : dice.Below(4);
+    for (size_t i = 0; i < rules; ++i)
+        if (!dice.Chance(10)) PutRule(dice, name + L"\\rules\\Rule " + std::to_wstring(first + i), tree);
+}
+
+}  // namespace
+
+const std::vector<std::pair<std::wstring, std::wstring>>& StoreProfileFolders() {
+    static const std::vector<std::pair<std::wstring, std::wstring>> folders{
+        {L"Office", L"C:\\Keys"}, {L"Bank", L"C:\\Bank"}, {L"Tax", L"C:\\Tax"}, {L"Bank", L"D:\\Bank"}};
+    return folders;
+}
+
+const std::vector<std::pair<std::wstring, std::wstring>>& OperationNames() {
+    static const std::vector<std::pair<std::wstring, std::wstring>> names{
+        {L"ENCR", L"Encrypt"},
+        {L"DECR", L"Decrypt"},
+        {L"HASH", L"Hash file"},
+        {L"B64E", L"Encode b64"},
+        {L"B64D", L"Decode b64"},
+        {L"SIGN", L"Attached signature"},
+        {L"CHCK", L"Verify attached signature"},
+        {L"CHKX", L"Verify and delete attached signature"},
+        {L"MOVE", L"Move"},
+        {L"DELE", L"Delete"},
+        {L"LENC", L"Encrypt long file"},
+        {L"LDEC", L"Decrypt long file"},
+        {L"CDSG", L"Create detached signature"},
+        {L"DSIG", L"Add detached signature"},
+        {L"DCHK", L"Verify detached signature"},
+        {L"DELS", L"Delete signatures without verification"},
+        {L"RESG", L"Resign"},
+        {L"SGEN", L"Create attached signature and encrypt"},
+        {L"DCCX", L"Decrypt, verify and delete attached signatures"},
+        {L"ARCH", L"Archivate file"},
+        {L"UNAR", L"Unarchivate file"},
+        {L"PACK", L"Pack files"},
+        {L"UNPK", L"Unpack files"},
+        {L"EXEC", L"Execute"}};
+    return names;
+}
+
+bool IsOneOf(const std::wstring& word, const wchar_t* words) {
+    std::wistringstream stream(words);
+    for (std::wstring one; stream >> one;)
+        if (one == word) return true;
+    return false;
+}
+
+Tree RandomTree(Dice& dice) {
+    Tree tree;
+    Values& root = tree.Key(L"");
+    if (dice.Chance(50)) root[L"SigExt"] = L"sig";
+    if (dice.Chance(20)) root[L"EncExt"] = L"";
+    if (dice.Chance(50)) root[L"ExtExt"] = Texts{L"xml", L"DOC", L"edi"};
+    if (dice.Chance(50)) root[L"LogPath"] = L"C:\\Logs";
+    if (dice.Chance(50)) root[L"Log filesize"] = static_cast<int32_t>(dice.Below(10'000));
+    if (dice.Chance(30)) root[L"LastCrlUpdate"] = Texts{L"Office;;1"};
+    for (const wchar_t* name : {L"Alpha", L"beta", L"Gamma"})
+        if (dice.Chance(70)) PutProfile(dice, name, tree);
+    return tree;
+}
+
+}  // namespace tests::model

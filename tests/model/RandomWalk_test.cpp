@@ -1,0 +1,36 @@
+// Random walks through the whole program. By default a few, always the same; the environment asks for others:
+// BRISGATE_WALKS, how many, and BRISGATE_WALK_SEED, the number of the first one.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <iostream>
+
+#include "tests/model/Walk.h"
+
+namespace tests {
+namespace {
+
+constexpr uint32_t commandsOfAWalk = 250;
+constexpr uint32_t usualWalks = 30;
+
+uint32_t FromEnvironment(const char* name, uint32_t otherwise) {
+    const char* const text = std::getenv(name);
+    return text == nullptr ? otherwise : static_cast<uint32_t>(std::strtoul(text, nullptr, 10));
+}
+
+TEST(RandomWalk, TheProgramDoesWhatTheModelSays) {
+    const uint32_t first = FromEnvironment("BRISGATE_WALK_SEED", 1);
+    const uint32_t walks = FromEnvironment("BRISGATE_WALKS", usualWalks);
+    for (uint32_t seed = first; seed < first + walks && !HasFailure(); ++seed) {
+        const std::unique_ptr<World> world = World::Make();
+        model::Walk walk(*world, seed);
+        walk.Run(commandsOfAWalk);
+        if (HasFailure())
+            std::cout << "BRISGATE_WALK_SEED=" << seed << " BRISGATE_WALKS=1 shows this again:\n"
+                      << walk.Story();
+    }
+    std::cout << "Walks " << first << " to " << first + walks - 1 << "\n";
+}
+
+}  // namespace
+}  // namespace tests

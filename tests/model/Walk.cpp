@@ -1,0 +1,171 @@
+#include "tests/model/Walk.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/app/MainWindow.h"
+
+namespace tests::model {
+namespace {
+
+const Texts existingFolders{L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second", L"C:\\Logs"};
+
+std::string LibraryText() {
+    std::string text;
+    int number = 0;
+    for (const auto& [name, folder] : StoreProfileFolders())
+        text += "[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles\\" + std::to_string(number++) +
+                "]\nProfileName = \"" + Narrow(name) + "\"\nBasePath = \"" + Narrow(folder) + "\"\n";
+    return text;
+}
+
+}  // namespace
+
+Walk::Walk(World& world, uint32_t seed)
+    : world_(world),
+      user_(world.User()),
+      dice_(seed),
+      model_(RandomTree(dice_)),
+      machine_{world.Machine().Registry,      files_,
+               world.Machine().CodePage,      world.Machine().SystemMessages,
+               world.Machine().Clock,         world.Machine().InstanceLock,
+               world.Machine().ScreenMetrics, world.Machine().Memory,
+               world.Machine().CryptoLibrary},
+      reporter_(machine_, world.Screen()),
+      store_(machine_, reporter_),
+      services_{machine_, world.Screen(), reporter_, store_} {
+    for (const std::wstring& folder : existingFolders) files_.AddFolder(folder);
+    demo::ApplyRegistryText(LibraryText() + model_.Registry().Text(), world.Machine().Registry);
+}
+
+const std::vector<Walk::Command>& Walk::Commands() {
+    static const std::vector<Command> commands{
+        {"open a profile", 6, &Walk::OpenProfile},
+        {"click below the profiles", 1, &Walk::ClickBelowProfiles},
+        {"move in the profiles", 2, &Walk::MoveInProfiles},
+        {"click a rule", 20, &Walk::ClickRow},
+        {"select one rule more or less", 6, &Walk::ToggleRowSelection},
+        {"click below the rules", 1, &Walk::ClickBelowRows},
+        {"move in the rules", 4, &Walk::MoveInRules},
+        {"click a check box", 8, &Walk::ToggleCheck},
+        {"press Space in the rules", 3, &Walk::PressSpace},
+        {"right click", 3, &Walk::RightClick},
+        {"search", 6, &Walk::SearchRules},
+        {"add a rule", 5, &Walk::AddRule},
+        {"copy a rule", 5, &Walk::CopyRule},
+        {"edit a rule", 5, &Walk::EditRule},
+        {"edit a rule by double click", 3, &Walk::EditByDoubleClick},
+        {"delete rules", 6, &Walk::DeleteRules},
+        {"make first", 3, &Walk::MakeFirst},
+        {"move up", 4, &Walk::MoveUp},
+        {"move down", 4, &Walk::MoveDown},
+        {"make last", 3, &Walk::MakeLast},
+        {"export the rules", 2, &Walk::ExportRules},
+        {"import rules", 1, &Walk::ImportRules},
+        {"log settings", 2, &Walk::EditLogSettings},
+        {"extensions", 3, &Walk::EditExtensions},
+        {"save", 3, &Walk::Save},
+        {"save in vain", 1, &Walk::SaveInVain},
+        {"save and exit", 1, &Walk::SaveAndExit},
+        {"exit", 5, &Walk::Exit},
+    };
+    return commands;
+}
+
+void Walk::Run(size_t commands) {
+    commandsLeft_ = commands;
+    while (commandsLeft_ > 0 && !HasDiverged()) UseProgram();
+}
+
+bool Walk::HasDiverged() const {
+    return ::testing::Test::HasFailure();
+}
+
+void Walk::UseProgram() {
+    Note("start");
+    user_.Expect<app::CBrisgateDlg>([this](app::CBrisgateDlg& dialog) {
+        model_.Start();
+        rememberedStore_ = 0;
+        Compare();
+        while (!dialog.HasEnded() && !HasDiverged()) {
+            commandsLeft_ > 0 ? Step() : ExitForGood();
+            if (!dialog.HasEnded()) Compare();
+        }
+    });
+    app::CBrisgateDlg(services_, this).DoModal();
+    if (!HasDiverged()) CompareRegistry();
+}
+
+void Walk::Step() {
+    --commandsLeft_;
+    size_t total = 0;
+    for (const Command& command : Commands()) total += command.weight;
+    size_t chosen = dice_.Below(total);
+    for (const Command& command : Commands()) {
+        if (chosen < command.weight) {
+            Note(command.name);
+            return (this->*command.give)();
+        }
+        chosen -= command.weight;
+    }
+}
+
+std::function<void()> Walk::ClickElsewhere(int button) {
+    return [this, button] {
+        model_.MoveKeyboard(Place::Elsewhere);
+        user_.Click(button);
+    };
+}
+
+std::function<void()> Walk::ButtonOrMenu(int button, int command) {
+    if (dice_.Chance(50)) return ClickElsewhere(button);
+    return [this, command] { user_.ChooseMenu(command); };
+}
+
+void Walk::Compare() {
+    CompareProfiles();
+    CompareRules();
+    EXPECT_EQ(user_.Text(id::Search), model_.Search());
+    EXPECT_EQ(user_.Get<ui::ListView>(id::Profiles).HasFocus(), model_.Keyboard() == Place::Profiles);
+    EXPECT_EQ(user_.Get<ui::ListView>(id::Rules).HasFocus(), model_.Keyboard() == Place::Rules);
+    EXPECT_EQ(user_.Get<ui::Edit>(id::Search).HasFocus(), model_.Keyboard() == Place::Search);
+}
+
+void Walk::CompareProfiles() {
+    const Texts names = model_.ProfileNames();
+    ASSERT_EQ(user_.RowCount(id::Profiles), names.size());
+    for (size_t row = 0; row < names.size(); ++row) EXPECT_EQ(user_.Row(id::Profiles, row).at(0), names[row]);
+    EXPECT_EQ(user_.Get<ui::ListView>(id::Profiles).FirstSelected(), model_.SelectedProfile());
+    EXPECT_EQ(user_.Text(id::ProfileLabel), model_.ProfileLabel());
+    EXPECT_EQ(user_.Text(id::CsProfileLabel), model_.StoreProfileLabel());
+}
+
+void Walk::CompareRules() {
+    const auto& list = user_.Get<ui::ListView>(id::Rules);
+    ASSERT_EQ(list.RowCount(), model_.Rows().size());
+    EXPECT_EQ(list.FocusedRow(), model_.FocusedRow());
+    for (size_t i = 0; i < list.RowCount(); ++i) {
+        const Row& row = model_.Rows()[i];
+        EXPECT_EQ(user_.Row(id::Rules, i), row.cells) << "row " << i;
+        EXPECT_EQ(list.IsChecked(i), row.checked) << "row " << i;
+        EXPECT_EQ(list.IsSelected(i), row.selected) << "row " << i;
+    }
+}
+
+// In full only when something has been written since it was last compared.
+void Walk::CompareRegistry() {
+    using platform::memory::RegistryCall;
+    platform::memory::FaultyRegistry& registry = world_.Registry();
+    const size_t writes = registry.CountOf(RegistryCall::Set) + registry.CountOf(RegistryCall::DeleteSubkey);
+    if (writes == 0) {
+        EXPECT_TRUE(model_.Registry() == comparedRegistry_);
+        return;
+    }
+    const std::string written = demo::DumpRegistryKey(registry, platform::RootKey::LocalMachine,
+                                                      L"SOFTWARE\\TALVERON\\morcelservice");
+    EXPECT_EQ(Lines(written), model_.Registry().Lines());
+    comparedRegistry_ = model_.Registry();
+    registry.ForgetCalls();
+    files_.ForgetCalls();
+}
+
+}  // namespace tests::model

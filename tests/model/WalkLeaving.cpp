@@ -1,0 +1,63 @@
+// How the walk saves and leaves.
+#include <gtest/gtest.h>
+
+#include "tests/app/MainWindow.h"
+#include "tests/model/Walk.h"
+
+namespace tests::model {
+namespace {
+
+constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
+constexpr wchar_t leaveQuestion[] = L"Some changes has not been saved. Exit without saving?";
+
+}  // namespace
+
+void Walk::Save() {
+    dice_.Chance(30) ? ClickElsewhere(id::SaveIcon)() : ButtonOrMenu(id::Save, 57603)();
+    model_.Save();
+    CompareRegistry();
+}
+
+void Walk::SaveInVain() {
+    world_.Registry().FailWhere(platform::memory::RegistryCall::Open, L"morcelservice", 5);
+    user_.ExpectBoxBeginning(L"Create (open) register key ", ui::box::ErrorIcon, ui::IdOk);
+    ButtonOrMenu(id::Save, 57603)();
+    world_.Registry().NoFaults();
+    model_.WindowOpens();
+    CompareRegistry();
+}
+
+void Walk::SaveAndExit() {
+    const auto pressEnterIn = [this](int control, Place place) {
+        return [this, control, place] {
+            model_.MoveKeyboard(place);
+            user_.Click(control);
+            user_.Press(Key::Enter);
+        };
+    };
+    const std::vector<std::function<void()>> ways{ClickElsewhere(ui::IdOk),
+                                                  pressEnterIn(id::Search, Place::Search),
+                                                  pressEnterIn(id::Rules, Place::Rules)};
+    dice_.Pick(ways)();
+    model_.Save();
+}
+
+// A check box that the list has not been left with since is no change yet.
+void Walk::Exit() {
+    const size_t way = dice_.Below(4);
+    if (way == 0) model_.MoveKeyboard(Place::Elsewhere);
+    const bool asks = model_.IsChanged();
+    if (asks) user_.ExpectBox(leaveQuestion, question, dice_.Chance(60) ? ui::IdNo : ui::IdYes);
+    if (way == 0) user_.Click(ui::IdCancel);
+    if (way == 1) user_.ChooseMenu(32788);
+    if (way == 2) user_.Press(Key::Escape);
+    if (way == 3) user_.PressCloseBox();
+    if (asks) model_.WindowOpens();
+}
+
+void Walk::ExitForGood() {
+    if (model_.IsChanged()) user_.ExpectBox(leaveQuestion, question, ui::IdYes);
+    user_.PressCloseBox();
+}
+
+}  // namespace tests::model

@@ -1,0 +1,358 @@
+#include "settings/ConfigPage.h"
+
+#include <gtest/gtest.h>
+
+#include "settings/AddExtDlg.h"
+#include "tests/settings/SettingsTest.h"
+
+namespace tests {
+namespace {
+
+using settings::CAddExtDlg;
+using settings::CConfigPage;
+
+constexpr wchar_t missingSigned[] = L"Please, choose extension for files with attached signature.";
+const std::vector<int> edits{extid::Signed, extid::Detached, extid::Encrypted, extid::Base64,
+                             extid::Hash,   extid::Report,   extid::Zip,       extid::Gzip};
+
+class ConfigPageTest : public SettingsTest {
+  protected:
+    ConfigPageTest() {
+        given_.ExtExt = {L"xml", L"DOC", L"edi"};
+        given_.LogPath = L"C:\\Logs";
+    }
+
+    int Run(const std::function<void(CConfigPage&)>& script) {
+        CConfigPage dialog(world_->Screen(), nullptr, given_);
+        user_.Expect<CConfigPage>(script);
+        const int result = dialog.DoModal();
+        result_ = dialog.Result();
+        return result;
+    }
+    void AddExtension(const std::wstring& text) {
+        user_.Expect<CAddExtDlg>([this, text](CAddExtDlg& dialog) {
+            EXPECT_EQ(dialog.Caption(), L"Add additional extension:");
+            user_.Type(extid::Asked, text);
+            user_.Press(Key::Enter);
+        });
+        user_.Click(extid::Add);
+    }
+    void DeleteExtension(int index, const std::wstring& name, int answer) {
+        user_.Choose(extid::Additional, index);
+        user_.ExpectBox(L"Delete additional extension '" + name + L"'?", YesNoQuestion, answer, Title);
+        user_.Click(extid::Delete);
+    }
+    const Texts& Additional() { return user_.Get<ui::ListBox>(extid::Additional).Items(); }
+    // Whether anything was changed since the last Apply, as the way out by OK tells; stays in the dialog.
+    bool IsModified() {
+        user_.ExpectBox(LeaveQuestion, YesNoQuestion, ui::IdNo, Title);
+        user_.Click(ui::IdOk);
+        return !user_.Top().HasEnded();
+    }
+    void LeaveModified() {
+        AskToLeave(ui::IdYes);
+        user_.Click(ui::IdOk);
+    }
+    Texts Basic() const {
+        Texts texts;
+        for (const settings::Extension& extension : settings::Extensions())
+            texts.push_back(result_.*extension.setting);
+        return texts;
+    }
+
+    config::GlobalSettings given_;
+    config::GlobalSettings result_;
+};
+
+TEST_F(ConfigPageTest, IsLaidOutWithTheseControls) {
+    Run([&](CConfigPage& dialog) {
+        EXPECT_EQ(dialog.Caption(), L"Configurations");
+        ExpectStanding(dialog, {{1069, {{15, 12, 150, 8}, L"Basic file name extensions"}},
+                                {1075, {{15, 25, 115, 8}, L"Signed files:"}},
+                                {250, {{132, 22, 26, 14}, L"p7s"}},
+                                {1065, {{15, 45, 115, 8}, L"Files with detached signature:"}},
+                                {253, {{132, 42, 26, 14}, L"p7d"}},
+                                {1066, {{15, 65, 115, 8}, L"Encrypted files:"}},
+                                {255, {{132, 62, 26, 14}, L"p7e"}},
+                                {1067, {{15, 85, 115, 8}, L"Files in b64 format:"}},
+                                {259, {{132, 82, 26, 14}, L"b64"}},
+                                {1068, {{15, 105, 115, 8}, L"Hash files:"}},
+                                {268, {{132, 102, 26, 14}, L"hsh"}},
+                                {1081, {{15, 120, 115, 17}, L"Files with signature verification report:"}},
+                                {1079, {{132, 122, 26, 14}, L"vrf"}},
+                                {1070, {{15, 145, 115, 8}, L"ZIP archives:"}},
+                                {1080, {{132, 142, 26, 14}, L"zip"}},
+                                {1135, {{15, 165, 115, 8}, L"GZIP archives:"}},
+                                {1134, {{132, 162, 26, 14}, L"gz"}},
+                                {272, {{171, 12, 106, 17}, L"Additional file name extensions:"}},
+                                {275, {{171, 32, 45, 146}, L""}},
+                                {261, {{228, 32, 15, 14}, L""}},
+                                {263, {{228, 54, 15, 14}, L""}},
+                                {1, {{125, 183, 50, 14}, L"OK"}},
+                                {2, {{179, 183, 50, 14}, L"Exit"}},
+                                {1000, {{233, 183, 50, 14}, L"Apply"}}});
+        EXPECT_EQ(user_.Get<ui::IconButton>(extid::Add).Icon(), ui::Icon::ItemAdd);
+        EXPECT_EQ(user_.Get<ui::IconButton>(extid::Delete).Icon(), ui::Icon::ItemDelete);
+        EXPECT_EQ(TabOrder(), (std::vector<int>{250, 253, 255, 259, 268, 1079, 1080, 1134, 275, 261, 263,
+                                                ui::IdOk, ui::IdCancel, 1000}));
+        user_.Press(Key::Escape);
+    });
+}
+
+TEST_F(ConfigPageTest, ShowsTheAdditionalExtensionsInAlphabeticalOrder) {
+    Run([&](CConfigPage&) {
+        EXPECT_EQ(Additional(), (Texts{L"DOC", L"edi", L"xml"}));
+        AddExtension(L"zz");
+        AddExtension(L"aa");
+        EXPECT_EQ(Additional(), (Texts{L"aa", L"DOC", L"edi", L"xml", L"zz"}));
+        user_.Click(ui::IdCancel);
+    });
+}
+
+TEST_F(ConfigPageTest, OkTakesTheFormWhenNothingChanged) {
+    EXPECT_EQ(Run([&](CConfigPage&) { user_.Press(Key::Enter); }), ui::IdOk);
+    EXPECT_EQ(result_, given_);  // the additional ones in the order in which they came
+}
+
+TEST_F(ConfigPageTest, EachFieldGoesItsOwnWay) {
+    Run([&](CConfigPage&) {
+        for (const int edit : edits) user_.Type(edit, L"x" + std::to_wstring(edit));
+        LeaveModified();
+    });
+    EXPECT_EQ(Basic(), (Texts{L"x250", L"x253", L"x255", L"x259", L"x268", L"x1079", L"x1080", L"x1134"}));
+    EXPECT_EQ(result_.ExtExt, given_.ExtExt);
+    EXPECT_EQ(result_.LogPath, L"C:\\Logs");
+}
+
+TEST_F(ConfigPageTest, ApplyTakesTheSortedListAndNothingIsModifiedAnyMore) {
+    const int result = Run([&](CConfigPage&) {
+        AddExtension(L"aa");
+        user_.Type(extid::Signed, L"sig");
+        user_.Click(extid::Apply);
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(result, ui::IdOk);
+    EXPECT_EQ(result_.ExtExt, (Texts{L"aa", L"DOC", L"edi", L"xml"}));
+    EXPECT_EQ(result_.SigExt, L"sig");
+}
+
+TEST_F(ConfigPageTest, AnUnchangedListIsNotSortedByApply) {
+    Run([&](CConfigPage&) {
+        user_.Click(extid::Apply);
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(result_.ExtExt, given_.ExtExt);
+}
+
+TEST_F(ConfigPageTest, TypingInAnyFieldModifies) {
+    for (const int edit : edits)
+        Run([&](CConfigPage&) {
+            user_.Type(edit, L"x");
+            EXPECT_TRUE(IsModified()) << edit;
+            user_.Click(extid::Apply);
+            user_.Type(edit, L"y");
+            EXPECT_TRUE(IsModified()) << edit << " after Apply";
+            user_.Press(Key::Escape);
+        });
+}
+
+TEST_F(ConfigPageTest, TypingWhatWasThereModifiesToo) {
+    Run([&](CConfigPage&) {
+        user_.Type(extid::Signed, L"p7s");
+        EXPECT_TRUE(IsModified());
+        user_.Press(Key::Escape);
+    });
+}
+
+TEST_F(ConfigPageTest, ApplyTellsTheFirstMissingExtensionAndTakesNothing) {
+    const std::vector<std::pair<int, std::wstring>> refusals{
+        {extid::Report, L"Please, choose extension for files with signature verification report."},
+        {extid::Hash, L"Please, choose extension for hash files."},
+        {extid::Base64, L"Please, choose extension for b64 files."},
+        {extid::Encrypted, L"Please, choose extension for encrypted files."},
+        {extid::Detached, L"Please, choose extension for files with detached signature."},
+        {extid::Signed, missingSigned}};
+    Run([&](CConfigPage& dialog) {
+        AddExtension(L"aa");
+        user_.Type(extid::Zip, L"");
+        user_.Type(extid::Gzip, L"");
+        for (const auto& [edit, text] : refusals) {
+            user_.Type(edit, L"");
+            user_.ExpectBox(text, Exclamation, ui::IdOk, Title);
+            user_.Click(extid::Apply);
+            EXPECT_FALSE(dialog.HasEnded());
+            EXPECT_EQ(dialog.Focus(), &dialog.Find(edit));
+        }
+        EXPECT_EQ(Additional(), (Texts{L"aa", L"DOC", L"edi", L"xml"}));
+        LeaveModified();
+    });
+    EXPECT_EQ(Basic(), Texts(8));
+    EXPECT_EQ(result_.ExtExt, given_.ExtExt);
+}
+
+TEST_F(ConfigPageTest, ArchivesNeedNoExtension) {
+    Run([&](CConfigPage&) {
+        user_.Type(extid::Zip, L"");
+        user_.Type(extid::Gzip, L"");
+        user_.Click(extid::Apply);
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(result_.ZIPArchiveExt, L"");
+    EXPECT_EQ(result_.GZIPArchiveExt, L"");
+}
+
+TEST_F(ConfigPageTest, ApplyChecksOnlyWhatWasModified) {
+    given_.SigExt = L"";
+    Run([&](CConfigPage&) {
+        user_.Click(extid::Apply);
+        user_.Type(extid::Zip, L"z");
+        user_.ExpectBox(missingSigned, Exclamation, ui::IdOk, Title);
+        user_.Click(extid::Apply);
+        LeaveModified();
+    });
+}
+
+TEST_F(ConfigPageTest, NothingElseIsChecked) {
+    const std::wstring odd = L" .*\x0436\x4E2D";
+    Run([&](CConfigPage&) {
+        for (const int edit : edits) user_.Type(edit, odd);
+        user_.Click(extid::Apply);
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(Basic(), Texts(8, odd));
+}
+
+TEST_F(ConfigPageTest, OkWithAnEmptyFieldAsksAndTakesItOver) {
+    const int result = Run([&](CConfigPage& dialog) {
+        user_.Type(extid::Signed, L"");
+        AskToLeave(ui::IdNo);
+        user_.Press(Key::Enter);
+        EXPECT_FALSE(dialog.HasEnded());
+        EXPECT_EQ(user_.Text(extid::Signed), L"");
+        LeaveModified();
+    });
+    EXPECT_EQ(result, ui::IdOk);
+    EXPECT_EQ(result_.SigExt, L"");
+}
+
+TEST_F(ConfigPageTest, OkDropsListChangesSinceTheLastApply) {
+    Run([&](CConfigPage&) {
+        AddExtension(L"aa");
+        LeaveModified();
+    });
+    EXPECT_EQ(result_.ExtExt, given_.ExtExt);
+    Run([&](CConfigPage&) {
+        AddExtension(L"aa");
+        user_.Click(extid::Apply);
+        AddExtension(L"bb");
+        DeleteExtension(0, L"aa", ui::IdYes);
+        LeaveModified();
+    });
+    EXPECT_EQ(result_.ExtExt, (Texts{L"aa", L"DOC", L"edi", L"xml"}));
+}
+
+TEST_F(ConfigPageTest, AnExtensionThatIsThereIsSilentlyNotAddedAgain) {
+    const int result = Run([&](CConfigPage&) {
+        for (const wchar_t* known : {L"xml", L"XML", L" Xml ", L"doc"}) AddExtension(known);
+        EXPECT_EQ(Additional(), (Texts{L"DOC", L"edi", L"xml"}));
+        user_.Click(ui::IdOk);  // no question: nothing was changed
+    });
+    EXPECT_EQ(result, ui::IdOk);
+}
+
+TEST_F(ConfigPageTest, GivingUpAddingChangesNothing) {
+    Run([&](CConfigPage&) {
+        user_.Expect<CAddExtDlg>([this](CAddExtDlg&) {
+            user_.Type(extid::Asked, L"new");
+            user_.Press(Key::Escape);
+        });
+        user_.Click(extid::Add);
+        EXPECT_EQ(Additional().size(), 3U);
+        user_.Click(ui::IdOk);
+    });
+}
+
+TEST_F(ConfigPageTest, AddingAndDeletingModify) {
+    Run([&](CConfigPage&) {
+        AddExtension(L"new");
+        EXPECT_TRUE(IsModified());
+        user_.Click(extid::Apply);
+        DeleteExtension(2, L"new", ui::IdYes);
+        EXPECT_EQ(Additional(), (Texts{L"DOC", L"edi", L"xml"}));
+        EXPECT_TRUE(IsModified());
+        user_.Click(extid::Apply);
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(result_.ExtExt, (Texts{L"DOC", L"edi", L"xml"}));
+}
+
+TEST_F(ConfigPageTest, DeletingAsksFirst) {
+    Run([&](CConfigPage&) {
+        DeleteExtension(1, L"edi", ui::IdNo);
+        EXPECT_EQ(Additional().size(), 3U);
+        EXPECT_EQ(user_.Get<ui::ListBox>(extid::Additional).Selected(), 1);
+        user_.Click(ui::IdOk);  // no question: nothing was changed
+    });
+    EXPECT_EQ(result_, given_);
+}
+
+TEST_F(ConfigPageTest, DeletingNeedsASelection) {
+    const auto expectRefusal = [&] {
+        user_.ExpectBox(L"Select list item to delete.", Exclamation, ui::IdOk, Title);
+        user_.Click(extid::Delete);
+    };
+    Run([&](CConfigPage&) {
+        expectRefusal();
+        DeleteExtension(0, L"DOC", ui::IdYes);
+        expectRefusal();  // what was selected has gone
+        EXPECT_EQ(Additional(), (Texts{L"edi", L"xml"}));
+        user_.Press(Key::Escape);
+    });
+}
+
+TEST_F(ConfigPageTest, TheSelectionStaysWithItsExtension) {
+    Run([&](CConfigPage&) {
+        user_.Choose(extid::Additional, 2);
+        AddExtension(L"aa");
+        user_.ExpectBox(L"Delete additional extension 'xml'?", YesNoQuestion, ui::IdNo, Title);
+        user_.Click(extid::Delete);
+        user_.Press(Key::Escape);
+    });
+}
+
+TEST_F(ConfigPageTest, CanBeUsedWithTheKeyboardAlone) {
+    const int result = Run([&](CConfigPage& dialog) {
+        user_.Type(extid::Signed, L"sig");
+        for (int i = 0; i < 8; ++i) user_.Press(Key::Tab);
+        ASSERT_EQ(dialog.Focus(), &dialog.Find(extid::Additional));
+        user_.Press(Key::Home);
+        user_.Press(Key::End);
+        user_.Press(Key::Tab);
+        user_.Press(Key::Tab);
+        user_.ExpectBox(L"Delete additional extension 'xml'?", YesNoQuestion, ui::IdYes, Title);
+        user_.Press(Key::Space);
+        for (int i = 0; i < 3; ++i) user_.Press(Key::Tab);
+        user_.Press(Key::Space);
+        user_.Press(Key::Tab);
+        ASSERT_EQ(dialog.Focus(), &dialog.Find(extid::Signed));
+        user_.Press(Key::Enter);
+    });
+    EXPECT_EQ(result, ui::IdOk);
+    EXPECT_EQ(result_.SigExt, L"sig");
+    EXPECT_EQ(result_.ExtExt, (Texts{L"DOC", L"edi"}));
+}
+
+TEST_F(ConfigPageTest, EveryOtherWayOutGivesUpWithoutAQuestion) {
+    const std::vector<std::function<void()>> waysOut{[this] { user_.Click(ui::IdCancel); },
+                                                     [this] { user_.Press(Key::Escape); },
+                                                     [this] { user_.PressCloseBox(); }};
+    for (const auto& leave : waysOut)
+        EXPECT_EQ(Run([&](CConfigPage&) {
+                      user_.Type(extid::Signed, L"sig");
+                      leave();
+                  }),
+                  ui::IdCancel);
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,86 @@
+// Scenarios in the settings dialogs: folders that exist only here, and the ids of the controls that a user
+// works with.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "app/BrisgateDlg.h"
+#include "platform/memory/MemoryFiles.h"
+#include "settings/ConfigPage.h"
+#include "settings/ConflictDlg.h"
+#include "tests/app/MainWindow.h"
+
+namespace tests {
+
+namespace extid {
+inline constexpr int Signed = 250, Detached = 253, Encrypted = 255, Base64 = 259, Hash = 268, Report = 1079;
+inline constexpr int Zip = 1080, Gzip = 1134, Additional = 275, Add = 261, Delete = 263, Apply = 1000;
+inline constexpr int Asked = 266;  // of the dialog that asks for an extension
+}  // namespace extid
+
+namespace logid {
+inline constexpr int Pick = 1090, Path = 1091, Size = 1133;
+}  // namespace logid
+
+class SettingsTest : public MainWindowTest {
+  protected:
+    using Texts = std::vector<std::wstring>;
+    struct Standing {
+        ui::Rect place;
+        std::wstring text;
+    };
+
+    static constexpr uint32_t YesNoQuestion =
+        ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
+    static constexpr uint32_t Exclamation = ui::box::Ok | ui::box::ExclamationIcon;
+    static constexpr wchar_t Title[] = L"ZEMA AC QLD Service - configuration";
+    static constexpr wchar_t LeaveQuestion[] = L"Some changes has not been saved. Exit without saving?";
+
+    SettingsTest()
+        : machine_{world_->Machine().Registry,      files_,
+                   world_->Machine().CodePage,      world_->Machine().SystemMessages,
+                   world_->Machine().Clock,         world_->Machine().InstanceLock,
+                   world_->Machine().ScreenMetrics, world_->Machine().Memory,
+                   world_->Machine().CryptoLibrary},
+          settingsServices_{machine_, world_->Screen(), reporter_, store_} {
+        files_.AddFolder(L"C:\\Logs");
+        files_.AddFolder(L"C:\\windows");
+    }
+
+    // The main window with the folders of these scenarios.
+    int RunMain(const std::function<void(app::CBrisgateDlg&)>& script) {
+        user_.Expect<app::CBrisgateDlg>(script);
+        return app::CBrisgateDlg(settingsServices_).DoModal();
+    }
+
+    void AskToLeave(int answer) { user_.ExpectBox(LeaveQuestion, YesNoQuestion, answer, Title); }
+
+    static void ExpectStanding(const ui::Dialog& dialog, const std::map<int, Standing>& expected) {
+        EXPECT_EQ(dialog.Controls().size(), expected.size());
+        for (const auto& [control, standing] : expected) {
+            const ui::Place& place = dialog.Find(control).Placement();
+            EXPECT_EQ((ui::Rect{place.x, place.y, place.width, place.height}), standing.place) << control;
+            EXPECT_EQ(dialog.Find(control).Text(), standing.text) << control;
+        }
+    }
+
+    // Goes round with the Tab key once, from the control that has the focus.
+    std::vector<int> TabOrder() {
+        std::vector<int> order;
+        ui::Control* const first = user_.Top().Focus();
+        do {
+            order.push_back(user_.Top().Focus()->Id());
+            user_.Press(Key::Tab);
+        } while (user_.Top().Focus() != first && order.size() < 100);
+        return order;
+    }
+
+    platform::memory::MemoryFiles files_;
+    const platform::Machine machine_;
+    const config::Services settingsServices_;
+};
+
+}  // namespace tests
