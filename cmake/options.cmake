@@ -9,7 +9,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(brisgate_options INTERFACE -Wduplicated-cond -Wduplicated-branches -Wlogical-op
                            -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict)
 endif()
-set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+if(WIN32)
+    set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
+else()
+    set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+endif()
 
 # What is tested runs under the sanitizers; the tests themselves are only linked with them, to be built in time.
 add_library(brisgate_sanitizers INTERFACE)
@@ -23,7 +27,10 @@ endif()
 if(WIN32)
     target_compile_definitions(brisgate_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT
                                _WIN32_WINNT=0x0A00 WINVER=0x0A00)
-    target_compile_options(brisgate_options INTERFACE -ffunction-sections -fdata-sections)
-    target_link_options(brisgate_options INTERFACE -static -Wl,--gc-sections -Wl,--dynamicbase -Wl,--nxcompat
-                        -Wl,--high-entropy-va)
+    target_compile_options(brisgate_options INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong)
+    target_link_options(brisgate_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections
+                        -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va)
+    # The same sources give the same program, wherever and whenever it is built.
+    target_compile_options(brisgate_options INTERFACE "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
+    target_link_options(brisgate_options INTERFACE -Wl,--no-insert-timestamp)
 endif()

@@ -1,0 +1,78 @@
+// The manifest and the version of the released file, read as the system reads them.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+namespace tests {
+namespace {
+
+constexpr wchar_t program[] = L"build\\windows\\brisgate.exe";
+
+struct Unloads {
+    void operator()(HMODULE module) const { FreeLibrary(module); }
+};
+
+std::string Manifest() {
+    const std::unique_ptr<std::remove_pointer_t<HMODULE>, Unloads> module(
+        LoadLibraryExW(program, nullptr, LOAD_LIBRARY_AS_DATAFILE));
+    const HRSRC place = FindResourceW(module.get(), MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(24));
+    if (place == nullptr) return {};
+    const HGLOBAL loaded = LoadResource(module.get(), place);
+    return {static_cast<const char*>(LockResource(loaded)), SizeofResource(module.get(), place)};
+}
+
+class VersionTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        block_.resize(GetFileVersionInfoSizeW(program, nullptr));
+        ASSERT_TRUE(GetFileVersionInfoW(program, 0, static_cast<DWORD>(block_.size()), block_.data()));
+    }
+
+    std::wstring Text(const std::wstring& name) {
+        void* text = nullptr;
+        UINT length = 0;
+        if (!VerQueryValueW(block_.data(), (L"\\StringFileInfo\\040904B0\\" + name).c_str(), &text, &length))
+            return L"(none)";
+        return static_cast<const wchar_t*>(text);
+    }
+
+    std::vector<char> block_;
+};
+
+TEST(ManifestTest, AsksForTheRightsThatTheAccountHasAndScalesWithEachMonitor) {
+    const std::string manifest = Manifest();
+    for (const std::string_view part :
+         {R"(level="highestAvailable" uiAccess="false")", ">PerMonitorV2</dpiAwareness>",
+          R"(name="Talveron.Brisgate" version="1.0.453.0")",
+          R"(name="Microsoft.Windows.Common-Controls" version="6.0.0.0")"})
+        EXPECT_NE(manifest.find(part), std::string::npos) << part;
+}
+
+TEST_F(VersionTest, NumbersAreThoseOfTheProgram) {
+    void* found = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueW(block_.data(), L"\\", &found, &length));
+    const auto* numbers = static_cast<const VS_FIXEDFILEINFO*>(found);
+    EXPECT_EQ(numbers->dwFileVersionMS, 0x0001'0000U);
+    EXPECT_EQ(numbers->dwFileVersionLS, 453U << 16);
+    EXPECT_EQ(numbers->dwProductVersionMS, numbers->dwFileVersionMS);
+    EXPECT_EQ(numbers->dwProductVersionLS, numbers->dwFileVersionLS);
+}
+
+TEST_F(VersionTest, TextsAreThoseOfTheProgram) {
+    EXPECT_EQ(Text(L"CompanyName"), L"Talveron LLC");
+    EXPECT_EQ(Text(L"FileDescription"), L"ZEMA AC QLD Service - configuration");
+    EXPECT_EQ(Text(L"FileVersion"), L"1.0.453.0");
+    EXPECT_EQ(Text(L"InternalName"), L"brisgate");
+    EXPECT_EQ(Text(L"OriginalFilename"), L"brisgate.exe");
+    EXPECT_EQ(Text(L"ProductName"), L"Client QLD");
+    EXPECT_EQ(Text(L"ProductVersion"), L"1.0.453.0");
+}
+
+}  // namespace
+}  // namespace tests
