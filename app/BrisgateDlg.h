@@ -60,15 +60,15 @@ class CBrisgateDlg : public ui::Dialog {
 
     // The first selected row as the rule at its position.
     struct ChosenRule {
-        std::vector<config::Rule>& rules;
+        config::ServiceProfile& profile;
         size_t position;
     };
     std::optional<ChosenRule> FirstChosenRule();
     std::optional<config::Rule> RunRuleEditor(const config::ServiceProfile& profile,
                                               const config::Rule& rule);
-    // Rows beyond the last one mean the last one. rowToSee: brought into view; the selected one when there is
-    // none.
-    void ShowChangedRules(std::optional<size_t> selectedRow, std::optional<size_t> rowToSee = std::nullopt);
+    void ShowChangedRules();
+    // Selects the row and brings it into view, where it exists: a search may hide it.
+    void ShowRule(size_t row);
     void AddRule();
     void CopyRule();
     void EditRule();
@@ -95,6 +95,8 @@ class CBrisgateDlg : public ui::Dialog {
     bool changed_ = false;                    // memory differs from the registry
     editors::EditorMemory editorMemory_;
 
+    // In even columns but for two texts, which would be cut off: the search caption is as wide as its field,
+    // and the last of the lower buttons is wider than the two that have moved left for it.
     ui::IconButton saveIcon_{*this, 1021, {7, 9, 32, 32}, ui::Icon::Save, L"Save", [this] { Save(); }};
     ui::IconButton logPath_{
         *this, 1022, {39, 9, 32, 32}, ui::Icon::LogSettings, L"Log path", [this] { EditLogSettings(); }};

@@ -8,6 +8,7 @@
 #include "editors/AddRule.h"
 #include "errors/MessageBoxes.h"
 #include "text/Format.h"
+#include "ui/RemoveRows.h"
 
 namespace app {
 
@@ -15,19 +16,20 @@ std::optional<CBrisgateDlg::ChosenRule> CBrisgateDlg::FirstChosenRule() {
     config::ServiceProfile* const profile = OpenedProfile();
     const std::optional<size_t> row = rules_.FirstSelected();
     if (profile == nullptr || !row || *row >= profile->Rules.size()) return std::nullopt;
-    return ChosenRule{profile->Rules, *row};
+    return ChosenRule{*profile, *row};
 }
 
 // How every command ends that has changed the rules.
-void CBrisgateDlg::ShowChangedRules(std::optional<size_t> selectedRow, std::optional<size_t> rowToSee) {
+void CBrisgateDlg::ShowChangedRules() {
     RefillRules();
     rules_.SetFocus();
-    if (selectedRow && rules_.RowCount() > 0) {
-        const size_t lastRow = rules_.RowCount() - 1;
-        rules_.SelectOnly(std::min(*selectedRow, lastRow));
-        rules_.EnsureVisible(std::min(rowToSee.value_or(*selectedRow), lastRow));
-    }
     changed_ = true;
+}
+
+void CBrisgateDlg::ShowRule(size_t row) {
+    if (row >= rules_.RowCount()) return;
+    rules_.SelectOnly(row);
+    rules_.EnsureVisible(row);
 }
 
 std::optional<config::Rule> CBrisgateDlg::RunRuleEditor(const config::ServiceProfile& profile,
@@ -44,25 +46,29 @@ void CBrisgateDlg::AddRule() {
     std::optional<config::Rule> rule = RunRuleEditor(*profile, {});
     if (!rule) return;
     profile->Rules.push_back(std::move(*rule));
-    ShowChangedRules(profile->Rules.size() - 1);
+    ShowChangedRules();
+    ShowRule(profile->Rules.size() - 1);
 }
 
 void CBrisgateDlg::CopyRule() {
     const auto chosen = FirstChosenRule();
     if (!chosen) return;
-    config::Rule copy = chosen->rules[chosen->position];
-    chosen->rules.insert(chosen->rules.begin() + static_cast<std::ptrdiff_t>(chosen->position) + 1,
-                         std::move(copy));
-    ShowChangedRules(chosen->position + 1);
+    std::vector<config::Rule>& rules = chosen->profile.Rules;
+    config::Rule copy = rules[chosen->position];
+    rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(chosen->position) + 1, std::move(copy));
+    ShowChangedRules();
+    ShowRule(chosen->position + 1);
 }
 
 void CBrisgateDlg::EditRule() {
     const auto chosen = FirstChosenRule();
     if (!chosen) return;
-    std::optional<config::Rule> rule = RunRuleEditor(*OpenedProfile(), chosen->rules[chosen->position]);
+    config::Rule& edited = chosen->profile.Rules[chosen->position];
+    std::optional<config::Rule> rule = RunRuleEditor(chosen->profile, edited);
     if (!rule) return;
-    chosen->rules[chosen->position] = std::move(*rule);
-    ShowChangedRules(chosen->position);
+    edited = std::move(*rule);
+    ShowChangedRules();
+    ShowRule(chosen->position);
 }
 
 void CBrisgateDlg::DeleteRules() {
@@ -70,37 +76,42 @@ void CBrisgateDlg::DeleteRules() {
     const std::vector<size_t> rows = rules_.SelectedRows();
     if (profile == nullptr || rows.empty()) return;
     if (!errors::Confirm(Screen(), this, text::Format(L"Delete %d rule(s)?", rows.size()))) return;
-    RemoveRules(profile->Rules, rows);
-    ShowChangedRules(std::nullopt);
+    ui::RemoveRows(profile->Rules, rows);
+    ShowChangedRules();
 }
 
 void CBrisgateDlg::MakeFirst() {
     const auto chosen = FirstChosenRule();
     if (!chosen) return;
-    MoveRule(chosen->rules, chosen->position, 0);
-    ShowChangedRules(0);
+    MoveRule(chosen->profile.Rules, chosen->position, 0);
+    ShowChangedRules();
+    ShowRule(0);
 }
 
 void CBrisgateDlg::MoveUp() {
     const auto chosen = FirstChosenRule();
     if (!chosen || chosen->position == 0) return;
-    MoveRule(chosen->rules, chosen->position, chosen->position - 1);
-    ShowChangedRules(chosen->position - 1);
+    MoveRule(chosen->profile.Rules, chosen->position, chosen->position - 1);
+    ShowChangedRules();
+    ShowRule(chosen->position - 1);
 }
 
 void CBrisgateDlg::MoveDown() {
     const auto chosen = FirstChosenRule();
     if (!chosen || chosen->position + 1 >= rules_.RowCount()) return;
-    MoveRule(chosen->rules, chosen->position, chosen->position + 1);
-    ShowChangedRules(chosen->position + 1,
-                     chosen->position + 2);  // what it can be moved behind next is seen too
+    MoveRule(chosen->profile.Rules, chosen->position, chosen->position + 1);
+    ShowChangedRules();
+    ShowRule(chosen->position + 1);
+    // What it can be moved behind next is seen too.
+    rules_.EnsureVisible(std::min(chosen->position + 2, rules_.RowCount() - 1));
 }
 
 void CBrisgateDlg::MakeLast() {
     const auto chosen = FirstChosenRule();
     if (!chosen) return;
-    MoveRule(chosen->rules, chosen->position, chosen->rules.size() - 1);
-    ShowChangedRules(chosen->rules.size() - 1);
+    MoveRule(chosen->profile.Rules, chosen->position, chosen->profile.Rules.size() - 1);
+    ShowChangedRules();
+    ShowRule(rules_.RowCount() - 1);
 }
 
 void CBrisgateDlg::TakeCheckBoxes() {
@@ -116,7 +127,8 @@ void CBrisgateDlg::ExportRules() {
 void CBrisgateDlg::ImportRules() {
     config::ServiceProfile* const profile = OpenedProfile();
     if (profile == nullptr || !app::ImportRules(services_, this, *profile)) return;
-    ShowChangedRules(profile->Rules.size());
+    ShowChangedRules();
+    if (rules_.RowCount() > 0) ShowRule(rules_.RowCount() - 1);
 }
 
 }  // namespace app

@@ -19,7 +19,4 @@ std::vector<std::wstring> SuggestedMasks(const config::GlobalSettings& settings,
 // rules.
 void MoveRule(std::vector<config::Rule>& rules, size_t from, size_t to);
 
-// positions: ascending; those beyond the rules are ignored.
-void RemoveRules(std::vector<config::Rule>& rules, const std::vector<size_t>& positions);
-
 }  // namespace app

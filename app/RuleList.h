@@ -27,9 +27,8 @@ class RuleList {
     // Shows the rules that pass the search, with their check boxes as the rules are switched on and off.
     void Fill(std::wstring_view searchText);
 
-    void ShowDetails(const ui::ListHit& hit) const;
-
   private:
+    void ShowDetails(const ui::ListHit& hit) const;
     void SpreadOver(int clientWidth);
     std::wstring Cell(size_t row, size_t column) const;
 

@@ -1,8 +1,10 @@
 #include "app/RuleTexts.h"
 
 #include <array>
+#include <iterator>
 
 #include "config/Operations.h"
+#include "editors/OperationShape.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
 #include "text/Trim.h"
@@ -12,24 +14,24 @@ namespace app {
 namespace {
 
 using config::Rule;
+using editors::Action;
+using editors::Option;
 
 constexpr std::array<std::wstring_view, 9> headers{
     L"",      L"Description", L"Rules", L"Input folder", L"Output folder", L"Error folder",
     L"Masks", L"CS profile",  L"Extra"};
 
-constexpr wchar_t notSet[] = L"0";
 constexpr wchar_t separator[] = L"; ";
 
 std::wstring SignatureFormats(const Rule& rule) {
-    const auto format = [](int32_t detached) {
-        return detached != 0 ? L"Detached signature" : L"Attached signature";
-    };
+    const auto format = [](int32_t detached) { return config::SignatureFormats[detached != 0 ? 1 : 0]; };
     return text::Format(L"%s->%s", format(rule.InFormatDet), format(rule.OutFormatDet));
 }
 
-std::wstring ArchiveKind(const Rule& rule) {
-    if (rule.ZipFile == 1) return L"ZIP archivation";
-    return rule.ZipFile == 2 ? L"GZIP archivation" : L"";
+// Empty for a number that stands for none, which a configuration edited by hand may hold.
+std::wstring_view ArchiveKind(const Rule& rule) {
+    const bool isKnown = rule.ZipFile >= 1 && rule.ZipFile <= std::ssize(config::ArchiveKinds);
+    return isKnown ? config::ArchiveKinds[static_cast<size_t>(rule.ZipFile) - 1] : std::wstring_view();
 }
 
 std::wstring CountUnlessZero(size_t count) {
@@ -82,9 +84,13 @@ std::wstring Extra(const Rule& rule) {
 
 std::wstring OperationName(const Rule& rule) {
     // Kept: an output folder that is not set empties this cell, not its own.
-    if (rule.PathOut == notSet) return {};
+    if (rule.PathOut == config::NotSet) return {};
     const auto index = config::OperationIndex(rule.Operation);
     return index ? std::wstring(config::Operations()[*index].displayName) : rule.Operation;
+}
+
+std::wstring LabelOf(Action action) {
+    return std::wstring(editors::LookOf(action).tooltip);
 }
 
 // Builds the detail text: sections with an empty line behind each.
@@ -96,6 +102,12 @@ class Sections {
     }
     void AddLabelled(std::wstring_view label, int32_t number) {
         if (number != 0) Add(text::Format(L"%s %d", label, number));
+    }
+    // An option that the rule editor asks for, under the label that it has there.
+    void AddOption(const Rule& rule, Option option) {
+        const editors::OptionField& field = editors::FieldOf(option);
+        if (field.text != nullptr) AddLabelled(field.label, rule.*field.text);
+        if (field.number != nullptr) AddLabelled(field.label, rule.*field.number);
     }
     void Discard() { text_.clear(); }
     std::wstring Take() { return std::move(text_); }
@@ -139,7 +151,7 @@ std::wstring RuleCell(const Rule& rule, size_t position, RuleColumn column) {
             return rule.PathOut;
         case RuleColumn::PathError:
             // Kept: a store profile that is not set empties this cell, not its own.
-            return rule.ZCSProfile == notSet ? std::wstring() : rule.PathError;
+            return rule.ZCSProfile == config::NotSet ? std::wstring() : rule.PathError;
         case RuleColumn::Masks:
             return rule.Masks.size() == 1 ? rule.Masks.front() : text::Format(L"%d", rule.Masks.size());
         case RuleColumn::CsProfile:
@@ -161,19 +173,14 @@ std::wstring ExtraDetails(const Rule& rule) {
     AddCertificateSections(sections, rule);
     if (!rule.PathOut2.empty()) {
         sections.Discard();  // a rule with a second folder is told by its folders alone
-        sections.AddLabelled(L"Second Output folder :", rule.PathOut2);
+        sections.AddLabelled(LabelOf(Action::SecondFolder) + L":", rule.PathOut2);
     }
-    sections.AddLabelled(L"Delete extension:", rule.DelExt);
-    sections.AddLabelled(L"Add extension:", rule.AddExt);
-    sections.AddLabelled(L"Accounting format:", rule.Folders);
-    sections.AddLabelled(L"Accounting copy format:", rule.Copyfolders);
-    sections.AddLabelled(L"File count:", rule.ArchCount);
-    sections.AddLabelled(L"Archive size (KB.):", rule.ArchSize);
-    sections.AddLabelled(L"Archivation timeout (min.):", rule.ArchTimeout);
-    sections.AddLabelled(L"Archives name format:", rule.ArchName);
-    sections.AddLabelled(L"Executable file:", rule.ExecName);
-    if (!rule.ExecName.empty() && rule.ExecTimeout > 0)
-        sections.AddLabelled(L"Execution timeout (min.):", rule.ExecTimeout);
+    for (const Option option : {Option::DeleteExtension, Option::AddExtension, Option::AccountingFormat,
+                                Option::AccountingCopyFormat, Option::FileCount, Option::ArchiveSize,
+                                Option::ArchiveTimeout, Option::ArchiveNames})
+        sections.AddOption(rule, option);
+    sections.AddLabelled(LabelOf(Action::Executable), rule.ExecName);
+    if (!rule.ExecName.empty() && rule.ExecTimeout > 0) sections.AddOption(rule, Option::ExecutionTimeout);
     return sections.Take();
 }
 

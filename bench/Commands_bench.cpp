@@ -10,23 +10,54 @@
 #include "app/BrisgateDlg.h"
 #include "bench/Sample.h"
 #include "config/ExchangeFile.h"
+#include "editors/AddMask.h"
+#include "editors/AddRule.h"
 #include "platform/memory/MemoryMachine.h"
+#include "ui/Choices.h"
 #include "ui/Controls.h"
 #include "ui/ListView.h"
 #include "ui/memory/MemoryScreen.h"
 
 namespace {
 
-constexpr int CopyRule = 1037, DeleteRules = 1025, MakeFirst = 1026, MoveUp = 1027, MoveDown = 1028,
-              MakeLast = 1029, ExportRules = 1034, ImportRules = 1035, OpenProfile = 1053;
+constexpr int AddRule = 1023, EditRule = 1024, CopyRule = 1037, DeleteRules = 1025, MakeFirst = 1026,
+              MoveUp = 1027, MoveDown = 1028, MakeLast = 1029, ExportRules = 1034, ImportRules = 1035,
+              OpenProfile = 1053;
 constexpr int RuleRows = 1030, ProfileRows = 1001, Search = 1079;
 constexpr const wchar_t* rulesFile = L"C:\\rules.prx";
 
-// Works in the main window, agrees to every question, and picks the one file.
+constexpr int PathIn = 1045, PathOut = 1046, PathError = 1047, Operations = 1042, AddMask = 1124,
+              MaskField = 1095;
+constexpr int HashFile = 2;       // in the list of operations
+constexpr size_t editedRule = 2;  // also hashes files
+constexpr const wchar_t* someFolder = L"D:\\Exchange";
+
+void Press(ui::Dialog& dialog, int id) {
+    if (auto* const icon = dynamic_cast<ui::IconButton*>(&dialog.Find(id))) return icon->UserClicked();
+    dynamic_cast<ui::Button&>(dialog.Find(id)).UserClicked();
+}
+
+// Accepts the rule as it is; a new one is filled in first.
+void AcceptRule(ui::Dialog& editor) {
+    if (editor.Find(PathIn).Text().empty()) {
+        dynamic_cast<ui::ComboBox&>(editor.Find(Operations)).UserSelected(HashFile);
+        for (const int field : {PathIn, PathOut, PathError})
+            dynamic_cast<ui::Edit&>(editor.Find(field)).UserTyped(someFolder);
+        Press(editor, AddMask);
+    }
+    Press(editor, ui::IdOk);
+}
+
+// Works in the main window, accepts rules and masks, agrees to every question, and picks the one file.
 class Administrator final : public ui::memory::User {
   public:
     explicit Administrator(std::function<void(ui::Dialog&)> work) : work_(std::move(work)) {}
     void DialogOpened(ui::Dialog& dialog) override {
+        if (dynamic_cast<editors::CAddRule*>(&dialog) != nullptr) return AcceptRule(dialog);
+        if (dynamic_cast<editors::AddMask*>(&dialog) != nullptr) {
+            dynamic_cast<ui::EditableCombo&>(dialog.Find(MaskField)).UserTyped(L"*.txt");
+            return Press(dialog, ui::IdOk);
+        }
         work_(dialog);
         dialog.UserPressedCancel();
     }
@@ -44,6 +75,10 @@ class MainWindow {
     explicit MainWindow(benchmark::State& state) : state_(state) {
         const auto rules = static_cast<size_t>(state.range(0));
         const config::Configuration sample = bench::SampleConfiguration(rules);
+        const config::Rule& edited = sample.Profiles.front().Rules.at(editedRule);
+        for (const std::wstring& folder :
+             {std::wstring(someFolder), edited.PathIn, edited.PathOut, edited.PathError})
+            machine_.Files.AddFolder(folder);
         bench::CreateTrees(machine_.StoredRegistry);
         bench::Save(machine_.Machine, screen_, sample);
         machine_.Files.AddFile(rulesFile,
@@ -73,11 +108,6 @@ class MainWindow {
     platform::memory::MemoryMachine machine_;
     ui::memory::MemoryScreen screen_{machine_.ScreenMetrics};
 };
-
-void Press(ui::Dialog& dialog, int id) {
-    if (auto* const icon = dynamic_cast<ui::IconButton*>(&dialog.Find(id))) return icon->UserClicked();
-    dynamic_cast<ui::Button&>(dialog.Find(id)).UserClicked();
-}
 
 ui::ListView& Rows(ui::Dialog& dialog) {
     return dynamic_cast<ui::ListView&>(dialog.Find(RuleRows));
@@ -109,6 +139,22 @@ void LeaveTheRules(benchmark::State& state) {
         Rows(dialog).UserToggledCheck(0);
         Rows(dialog).UserFocused();
         Rows(dialog).UserLeft();
+    });
+}
+
+void AddOne(benchmark::State& state) {
+    const auto count = static_cast<size_t>(state.range(0));
+    MainWindow(state).Measure([](ui::Dialog& dialog) { Press(dialog, AddRule); },
+                              [count](ui::Dialog& dialog) {
+                                  Select(dialog, count, count);
+                                  Press(dialog, DeleteRules);
+                              });
+}
+
+void EditOne(benchmark::State& state) {
+    MainWindow(state).Measure([](ui::Dialog& dialog) {
+        Select(dialog, editedRule, editedRule);
+        Press(dialog, EditRule);
     });
 }
 
@@ -164,6 +210,8 @@ void Sizes(benchmark::internal::Benchmark* line) {
 BENCHMARK(OpenAProfile)->Apply(Sizes);
 BENCHMARK(TypeInSearch)->Apply(Sizes);
 BENCHMARK(LeaveTheRules)->Apply(Sizes);
+BENCHMARK(AddOne)->Apply(Sizes)->Iterations(200);
+BENCHMARK(EditOne)->Apply(Sizes);
 BENCHMARK(CopyTheFirst)->Apply(Sizes)->Iterations(200);
 BENCHMARK(DeleteTheSecondHalf)->Apply(Sizes)->Iterations(20);
 BENCHMARK(MoveFromTheMiddle<MakeFirst>)->Apply(Sizes);

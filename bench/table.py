@@ -21,6 +21,8 @@ NATIVE = [
     ("open a profile", "OpenAProfile", "ReadEveryRule", None, {10_000: FRAME}),
     ("search keystroke", "TypeInSearch", "ReadEveryRule", None, {10_000: FRAME}),
     ("check boxes taken over", "LeaveTheRules", "ReadEveryRule", None, {10_000: FRAME}),
+    ("add a rule, editor included", "AddOne", "ReadEveryRule", None, {10_000: FRAME}),
+    ("edit a rule, editor included", "EditOne", "ReadEveryRule", None, {10_000: FRAME}),
     ("copy a rule", "CopyTheFirst", "ReadEveryRule", None, {10_000: FRAME}),
     ("delete half of the rules", "DeleteTheSecondHalf", "ReadEveryRule", None, {10_000: FRAME}),
     ("make first", "MoveFromTheMiddle<MakeFirst>", "ReadEveryRule", None, {10_000: FRAME}),

@@ -12,11 +12,8 @@ namespace code = platform::code;
 
 constexpr platform::Win32Code diskFull = 112;
 
-// Room for a zero byte behind the content.
-size_t RoomFor(uint64_t bytes) {
-    constexpr size_t largest = std::numeric_limits<size_t>::max();
-    return bytes < largest ? static_cast<size_t>(bytes) + 1 : largest;
-}
+// What one call of the system can read, in bytes.
+constexpr uint64_t largestRead = std::numeric_limits<uint32_t>::max();
 
 }  // namespace
 
@@ -41,7 +38,8 @@ bool ReportingFile::ReadAll(FileContent& content, std::wstring_view refusal) {
     uint64_t size = 0;
     if (!Succeeded(files.Size(file_, size), L"Getting size of file %s")) return false;
 
-    const size_t room = RoomFor(size);
+    if (size > largestRead) return Succeeded(code::NotEnoughMemory, refusal);
+    const size_t room = static_cast<size_t>(size) + 1;  // for a zero byte behind the content
     platform::Win32Code error = code::Success;
     std::unique_ptr<std::byte[]> block = services_.Machine.Memory.Allocate(room, error);
     if (!block) return Succeeded(error, refusal);

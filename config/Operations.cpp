@@ -1,7 +1,6 @@
 #include "config/Operations.h"
 
 #include <algorithm>
-#include <array>
 
 namespace config {
 namespace {

@@ -1,6 +1,8 @@
-// The 24 operations that a rule can apply to a file: their codes and the names that the user sees.
+// The 24 operations that a rule can apply to a file, and what else of a rule is chosen from a fixed list: the
+// names that the user sees.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -17,5 +19,12 @@ std::span<const Operation> Operations();
 
 // The index of the code in Operations; nothing for an unknown code.
 std::optional<size_t> OperationIndex(std::wstring_view code);
+
+// What ZipFile stands for, from 1; 0 is no archive.
+inline constexpr std::array<std::wstring_view, 2> ArchiveKinds{L"ZIP archivation", L"GZIP archivation"};
+
+// What InFormatDet and OutFormatDet stand for, from 0.
+inline constexpr std::array<std::wstring_view, 2> SignatureFormats{L"Attached signature",
+                                                                   L"Detached signature"};
 
 }  // namespace config

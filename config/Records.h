@@ -5,12 +5,16 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace config {
 
 using Flag = int32_t;                 // 0: off, anything else: on; the editor writes 1
 using CertificateRef = std::wstring;  // a certificate owner's name as the library gives it; opaque
+
+// A folder, a path or a store profile of a rule that is not set may stand as this text as well as empty.
+inline constexpr std::wstring_view NotSet = L"0";
 
 struct SignerListEntry {
     std::wstring Name;  // also the name of its registry key

@@ -29,12 +29,12 @@ void SelectIn(ui::ComboBox& list, int index) {
 
 }  // namespace
 
-CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
+CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const config::ServiceProfile& profile,
                    std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory,
                    CertificateActions* certificates)
     : Dialog(services.Screen, owner, {.size = {394, 224}}),
       services_(services),
-      profile_(std::move(profile)),
+      profile_(profile),
       memory_(memory),
       certificates_(certificates),
       isNew_(rule.Operation.empty()),

@@ -21,9 +21,9 @@ namespace editors {
 class CAddRule : public ui::Dialog {
   public:
     // profile: the owner of the rule. rule: a rule without an operation is a new one. certificates: may be
-    // null; choosing recipients and signers then does nothing. memory and certificates must outlive the
-    // dialog.
-    CAddRule(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
+    // null; choosing recipients and signers then does nothing. profile, memory and certificates must outlive
+    // the dialog.
+    CAddRule(const config::Services& services, ui::Dialog* owner, const config::ServiceProfile& profile,
              std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory,
              CertificateActions* certificates);
 
@@ -62,7 +62,7 @@ class CAddRule : public ui::Dialog {
     ui::Control& ControlOf(FormField field);
 
     const config::Services services_;
-    const config::ServiceProfile profile_;
+    const config::ServiceProfile& profile_;
     EditorMemory& memory_;
     CertificateActions* const certificates_;
     const bool isNew_;

@@ -4,6 +4,7 @@
 #include "errors/MessageBoxes.h"
 #include "platform/Machine.h"
 #include "text/Format.h"
+#include "ui/RemoveRows.h"
 
 namespace editors {
 
@@ -17,6 +18,9 @@ MaskList::MaskList(ui::ListView& view, ui::Dialog& owner, ui::Screen& screen,
     view_.SetCells([this](size_t row, size_t) { return row < masks_.size() ? masks_[row] : std::wstring(); });
     view_.OnDoubleClick([this](const ui::ListHit& hit) {
         if (hit.row) Edit();
+    });
+    view_.OnKeyDown([this](int virtualKey) {
+        if (virtualKey == ui::key::Delete) Delete();
     });
     view_.OnRightClick([this](const ui::ListHit& hit) { ShowWhole(hit); });
 }
@@ -48,13 +52,10 @@ void MaskList::Edit() {
 }
 
 void MaskList::Delete() {
-    const size_t count = view_.SelectedRows().size();
-    if (count == 0) return;
-    if (!errors::Confirm(screen_, &owner_, text::Format(L"Delete %d mask(s)?", count))) return;
-    std::vector<std::wstring> kept;
-    for (size_t row = 0; row < masks_.size(); ++row)
-        if (!view_.IsSelected(row)) kept.push_back(std::move(masks_[row]));
-    masks_ = std::move(kept);
+    const std::vector<size_t> rows = view_.SelectedRows();
+    if (rows.empty()) return;
+    if (!errors::Confirm(screen_, &owner_, text::Format(L"Delete %d mask(s)?", rows.size()))) return;
+    ui::RemoveRows(masks_, rows);
     Refill();
 }
 

@@ -1,6 +1,8 @@
 #include "editors/RuleForm.h"
 
 #include <algorithm>
+#include <span>
+#include <string_view>
 
 #include "config/Operations.h"
 #include "text/Format.h"
@@ -9,8 +11,6 @@ namespace editors {
 namespace {
 
 using config::Rule;
-
-constexpr wchar_t notSet[] = L"0";
 
 std::wstring KnownOperation(const std::wstring& code) {
     const size_t index = config::OperationIndex(code).value_or(0);
@@ -28,8 +28,8 @@ std::wstring UnlessNotSet(const std::wstring& path) {
 }
 
 // A number that no list offers (a configuration may have been edited by hand) selects the first entry.
-int IndexWithin(int32_t index, int count) {
-    return index >= 0 && index < count ? index : 0;
+int IndexWithin(int32_t index, const std::vector<std::wstring>& choices) {
+    return index >= 0 && static_cast<size_t>(index) < choices.size() ? index : 0;
 }
 
 int OpenedChoice(Option option, const Rule& rule, const std::vector<std::wstring>& storeProfiles) {
@@ -41,9 +41,9 @@ int OpenedChoice(Option option, const Rule& rule, const std::vector<std::wstring
         case Option::NewSignatureProfile:
             return IndexOf(rule.ResignProfile, storeProfiles);
         case Option::ArchiveIfAny:
-            return IndexWithin(rule.ZipFile, 3);
+            return IndexWithin(rule.ZipFile, ChoicesOf(option, storeProfiles));
         case Option::ArchiveKind:
-            return IndexWithin(rule.ZipFile - 1, 2);
+            return IndexWithin(rule.ZipFile - 1, ChoicesOf(option, storeProfiles));
         default:
             return 0;
     }
@@ -70,6 +70,12 @@ void OpenAction(RuleForm& form, const Rule& rule) {
 
 bool KeepsSignerLists(Action action) {
     return action == Action::SignerLists || action == Action::Executable;
+}
+
+std::vector<std::wstring> Texts(std::span<const std::wstring_view> names,
+                                std::vector<std::wstring> before = {}) {
+    before.insert(before.end(), names.begin(), names.end());
+    return before;
 }
 
 bool IsArchiveList(Option option) {
@@ -100,7 +106,7 @@ void TakeOverLists(RuleForm& form, const OperationShape& now) {
 }  // namespace
 
 bool IsSet(const std::wstring& path) {
-    return !path.empty() && path != notSet;
+    return !path.empty() && path != config::NotSet;
 }
 
 RuleForm OpenedForm(const Rule& rule, const std::vector<std::wstring>& storeProfiles) {
@@ -155,13 +161,13 @@ std::vector<std::wstring> ChoicesOf(Option option, const std::vector<std::wstrin
     switch (option) {
         case Option::InputFormat:
         case Option::OutputFormat:
-            return {L"Attached signature", L"Detached signature"};
+            return Texts(config::SignatureFormats);
         case Option::NewSignatureProfile:
             return storeProfiles;
         case Option::ArchiveIfAny:
-            return {L"No", L"ZIP archivation", L"GZIP archivation"};
+            return Texts(config::ArchiveKinds, {L"No"});
         case Option::ArchiveKind:
-            return {L"ZIP archivation", L"GZIP archivation"};
+            return Texts(config::ArchiveKinds);
         default:
             return {};
     }

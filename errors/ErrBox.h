@@ -10,7 +10,7 @@ namespace errors {
 
 class ErrBox : public ui::Dialog {
   public:
-    ErrBox(ui::Screen& screen, ui::Dialog* owner, std::wstring text, ui::Icon icon = ui::Icon::Error);
+    ErrBox(ui::Screen& screen, ui::Dialog* owner, std::wstring text, ui::Icon icon);
 
   private:
     ui::Picture icon_;

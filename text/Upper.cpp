@@ -1,22 +1,13 @@
 #include "text/Upper.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <iterator>
+
+#include "text/CaseRanges.h"
 
 namespace text {
 namespace {
 
-// Each first, first + step, ... up to last becomes upper case by adding delta: Unicode's simple one-to-one
-// mappings.
-struct Range {
-    uint16_t first;
-    uint16_t last;
-    uint16_t step;
-    int32_t delta;
-};
-
-constexpr Range ranges[] = {
+constexpr CaseRange ranges[] = {
     {0x0061, 0x007A, 1, -32},    {0x00B5, 0x00B5, 1, 743},   {0x00E0, 0x00F6, 1, -32},
     {0x00F8, 0x00FE, 1, -32},    {0x00FF, 0x00FF, 1, 121},   {0x0101, 0x012F, 2, -1},
     {0x0131, 0x0131, 1, -232},   {0x0133, 0x0137, 2, -1},    {0x013A, 0x0148, 2, -1},
@@ -83,7 +74,7 @@ constexpr Range ranges[] = {
 constexpr std::array<uint16_t, 0x600> MakeUpperOfLow() {
     std::array<uint16_t, 0x600> table{};
     for (size_t unit = 0; unit < table.size(); ++unit) table[unit] = static_cast<uint16_t>(unit);
-    for (const Range& range : ranges)
+    for (const CaseRange& range : ranges)
         for (size_t unit = range.first; unit <= range.last && unit < table.size(); unit += range.step)
             table[unit] = static_cast<uint16_t>(static_cast<int32_t>(unit) + range.delta);
     return table;
@@ -94,11 +85,7 @@ constexpr std::array<uint16_t, 0x600> MakeUpperOfLow() {
 constexpr std::array<uint16_t, 0x600> detail::UpperOfLow = MakeUpperOfLow();
 
 wchar_t detail::UpperOfHigh(wchar_t unit) {
-    const Range* range = std::lower_bound(std::begin(ranges), std::end(ranges), unit,
-                                          [](const Range& r, wchar_t c) { return r.last < c; });
-    if (range == std::end(ranges) || unit < range->first || (unit - range->first) % range->step != 0)
-        return unit;
-    return static_cast<wchar_t>(unit + range->delta);
+    return Mapped(ranges, unit);
 }
 
 std::wstring Upper(std::wstring_view text) {

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+#include <shlwapi.h>
+
 namespace platform::win32 {
 namespace {
 
@@ -81,8 +83,10 @@ Win32Code Win32Files::Close(FileHandle file) {
 
 Win32Code Win32Files::CheckPathExists(const std::wstring& path) {
     const NoMediumQuestions quiet;
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return LastErrorUnless(attributes != INVALID_FILE_ATTRIBUTES);
+    SetLastError(code::Success);
+    if (PathFileExistsW(path.c_str()) != FALSE) return code::Success;
+    const Win32Code error = GetLastError();
+    return error == code::Success ? code::FileNotFound : error;
 }
 
 }  // namespace platform::win32

@@ -24,7 +24,7 @@ inline constexpr int Save = 1000;
 
 class MainWindowTest : public WorldTest {
   protected:
-    // Two store profiles and the profiles "Alpha" (two attached, four rules, the second one without an
+    // Two store profiles and the profiles "Alpha" (two attached, four rules, the last one without an
     // operation) and "Beta" (one attached, one rule).
     void SeedSmallConfiguration();
 

@@ -1,80 +1,50 @@
-// The commands on rules, as the user gives them in the main window.
-#include <gtest/gtest.h>
+// The commands that copy, move and delete rules, as the user gives them in the main window.
+#include "tests/app/MainWindowRules.h"
 
-#include "editors/AddRule.h"
-#include "tests/app/MainWindow.h"
+#include "tests/config/ExchangeText.h"
 
 namespace tests {
 namespace {
 
-using app::CBrisgateDlg;
-using Texts = std::vector<std::wstring>;
-using Rows = std::vector<size_t>;
-
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-constexpr wchar_t leaveQuestion[] = L"Some changes has not been saved. Exit without saving?";
-
-// A main window whose profile holds five rules, described "a" to "e".
-class MainWindowRulesTest : public MainWindowTest {
-  protected:
-    void SetUp() override {
-        std::string text = R"([HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\1]
-ProfileName = "Office"
-BasePath = "C:\Keys"
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha]
-ZCSProfile = { "Office" }
-)";
-        for (int number = 0; number < 5; ++number) {
-            text += "\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Alpha\\rules\\Rule " +
-                    std::to_string(number) +
-                    "]\nOperation = \"HASH\"\nIs on = 1\nMask = \"*.dat\"\nDescryption = \"" +
-                    static_cast<char>('a' + number) + "\"\n";
-        }
-        Seed(text);
-    }
-
-    ui::ListView& List() { return user_.Get<ui::ListView>(id::Rules); }
-    Texts Descriptions() { return RuleColumn(1); }
-    // Selects one row, and more with the Control key.
-    void Select(const Rows& rows) {
-        for (const size_t row : rows)
-            user_.ClickRow(id::Rules, row, row == rows[0] ? Held::Nothing : Held::Control);
-    }
-    void LeaveUnchanged() { user_.PressCloseBox(); }
-    void LeaveChanged() {
-        user_.ExpectBox(leaveQuestion, question, ui::IdYes);
-        user_.PressCloseBox();
-    }
-    // After a command that changed the list: which row is selected, and that the user is back in the list.
-    void ExpectSelected(const Rows& rows) {
-        EXPECT_EQ(List().SelectedRows(), rows);
-        EXPECT_TRUE(List().HasFocus());
-    }
-};
-
 TEST_F(MainWindowRulesTest, CopyPutsTheCopyBehindItsRule) {
-    Run([&](CBrisgateDlg&) {
-        Select({1, 3});
-        user_.Click(1037);
-        EXPECT_EQ(Descriptions(), (Texts{L"a", L"b", L"b", L"c", L"d", L"e"}));
-        ExpectSelected({2});
-        LeaveChanged();
+    for (const bool byMenu : {false, true}) {
+        Run([&] {
+            Select({1, 3});
+            Give(byMenu, command::CopyRule, id::CopyRule);
+            EXPECT_EQ(Descriptions(), (Texts{L"a", L"b", L"b", L"c", L"d", L"e"}));
+            ExpectShown(2);
+            LeaveChanged();
+        });
+    }
+}
+
+TEST_F(MainWindowRulesTest, ACopyIsTheSameInEveryField) {
+    rules_[1] = tests::FullRule();
+    rules_[3].IsOn = 0;
+    Run([&] {
+        Select({3});
+        user_.Click(id::CopyRule);
+        EXPECT_FALSE(List().IsChecked(4));
+        Select({1});
+        user_.Click(id::CopyRule);
+        SaveChanged();
     });
+    EXPECT_EQ(StoredRules(),
+              (std::vector{rules_[0], rules_[1], rules_[1], rules_[2], rules_[3], rules_[3], rules_[4]}));
 }
 
 TEST_F(MainWindowRulesTest, DeleteAsksAndRemovesTheSelectedRules) {
-    Run([&](CBrisgateDlg&) {
+    Run([&] {
         Select({0, 2, 3});
-        user_.ExpectBox(L"Delete 3 rule(s)?", question, ui::IdNo);
-        user_.Click(1025);
+        user_.ExpectBox(L"Delete 3 rule(s)?", Question, ui::IdNo);
+        user_.Click(id::DeleteRule);
         EXPECT_EQ(Descriptions().size(), 5U);
-        user_.ExpectBox(L"Delete 3 rule(s)?", question, ui::IdYes);
-        user_.ChooseMenu(32817);
+        user_.ExpectBox(L"Delete 3 rule(s)?", Question, ui::IdYes);
+        user_.ChooseMenu(command::DeleteRule);
         EXPECT_EQ(Descriptions(), (Texts{L"b", L"e"}));
-        ExpectSelected({});
+        ExpectNoneSelected();
         Select({1});
-        user_.ExpectBox(L"Delete 1 rule(s)?", question, ui::IdYes);
+        user_.ExpectBox(L"Delete 1 rule(s)?", Question, ui::IdYes);
         user_.Press(Key::Delete);
         EXPECT_EQ(Descriptions(), Texts{L"b"});
         LeaveChanged();
@@ -88,21 +58,23 @@ TEST_F(MainWindowRulesTest, MovesCarryTheFirstSelectedRule) {
         size_t row;
         Texts order;
         size_t selected;
+        size_t inView;
     };
-    const Case cases[] = {{1026, 32818, 2, {L"c", L"a", L"b", L"d", L"e"}, 0},
-                          {1026, 32818, 0, {L"a", L"b", L"c", L"d", L"e"}, 0},
-                          {1027, 32819, 2, {L"a", L"c", L"b", L"d", L"e"}, 1},
-                          {1028, 32820, 2, {L"a", L"b", L"d", L"c", L"e"}, 3},
-                          {1028, 32820, 3, {L"a", L"b", L"c", L"e", L"d"}, 4},
-                          {1029, 32821, 1, {L"a", L"c", L"d", L"e", L"b"}, 4},
-                          {1029, 32821, 4, {L"a", L"b", L"c", L"d", L"e"}, 4}};
+    const Case cases[] = {{id::MakeFirst, command::MakeFirst, 2, {L"c", L"a", L"b", L"d", L"e"}, 0, 0},
+                          {id::MakeFirst, command::MakeFirst, 0, {L"a", L"b", L"c", L"d", L"e"}, 0, 0},
+                          {id::MoveUp, command::MoveUp, 3, {L"a", L"b", L"d", L"c", L"e"}, 2, 2},
+                          {id::MoveDown, command::MoveDown, 1, {L"a", L"c", L"b", L"d", L"e"}, 2, 3},
+                          {id::MoveDown, command::MoveDown, 2, {L"a", L"b", L"d", L"c", L"e"}, 3, 4},
+                          {id::MoveDown, command::MoveDown, 3, {L"a", L"b", L"c", L"e", L"d"}, 4, 4},
+                          {id::MakeLast, command::MakeLast, 1, {L"a", L"c", L"d", L"e", L"b"}, 4, 4},
+                          {id::MakeLast, command::MakeLast, 4, {L"a", L"b", L"c", L"d", L"e"}, 4, 4}};
     for (const Case& c : cases) {
         for (const bool byMenu : {false, true}) {
-            Run([&](CBrisgateDlg&) {
+            Run([&] {
                 Select({c.row});
-                byMenu ? user_.ChooseMenu(c.command) : user_.Click(c.button);
+                Give(byMenu, c.command, c.button);
                 EXPECT_EQ(Descriptions(), c.order) << c.button << " on " << c.row;
-                ExpectSelected({c.selected});
+                ExpectShown(c.selected, c.inView);
                 LeaveChanged();
             });
         }
@@ -110,69 +82,37 @@ TEST_F(MainWindowRulesTest, MovesCarryTheFirstSelectedRule) {
 }
 
 TEST_F(MainWindowRulesTest, MovesIgnoreTheOtherSelectedRows) {
-    Run([&](CBrisgateDlg&) {
-        Select({1, 3});
-        user_.Click(1028);
-        EXPECT_EQ(Descriptions(), (Texts{L"a", L"c", L"b", L"d", L"e"}));
-        EXPECT_EQ(List().ScrollTarget(), 3U);
-        LeaveChanged();
-    });
+    struct Case {
+        int button;
+        Texts order;
+        size_t selected;
+        size_t inView;
+    };
+    const Case cases[] = {{id::MakeFirst, {L"b", L"a", L"c", L"d", L"e"}, 0, 0},
+                          {id::MoveUp, {L"b", L"a", L"c", L"d", L"e"}, 0, 0},
+                          {id::MoveDown, {L"a", L"c", L"b", L"d", L"e"}, 2, 3},
+                          {id::MakeLast, {L"a", L"c", L"d", L"e", L"b"}, 4, 4}};
+    for (const Case& c : cases) {
+        Run([&] {
+            Select({3, 1});
+            user_.Click(c.button);
+            EXPECT_EQ(Descriptions(), c.order) << c.button;
+            ExpectShown(c.selected, c.inView);
+            LeaveChanged();
+        });
+    }
 }
 
 TEST_F(MainWindowRulesTest, AtTheEdgeAndWithoutASelectionNothingHappens) {
-    Run([&](CBrisgateDlg&) {
-        for (const int button : {1037, 1024, 1025, 1026, 1027, 1028, 1029}) user_.Click(button);
+    Run([&] {
+        for (const int button : {id::CopyRule, id::EditRule, id::DeleteRule, id::MakeFirst, id::MoveUp,
+                                 id::MoveDown, id::MakeLast})
+            user_.Click(button);
         Select({0});
-        user_.Click(1027);
+        user_.Click(id::MoveUp);
         Select({4});
-        user_.Click(1028);
+        user_.Click(id::MoveDown);
         EXPECT_EQ(Descriptions(), (Texts{L"a", L"b", L"c", L"d", L"e"}));
-        LeaveUnchanged();
-    });
-}
-
-TEST_F(MainWindowRulesTest, UnderASearchCommandsWorkOnTheRuleAtTheRowsPosition) {
-    Run([&](CBrisgateDlg&) {
-        user_.Type(id::Search, L"d");
-        user_.ClickRow(id::Rules, 0);
-        user_.ExpectBox(L"Delete 1 rule(s)?", question, ui::IdYes);
-        user_.Press(Key::Delete);
-        EXPECT_EQ(Descriptions(), Texts{L"d"});
-        user_.Type(id::Search, L"");
-        EXPECT_EQ(Descriptions(), (Texts{L"b", L"c", L"d", L"e"}));
-        LeaveChanged();
-    });
-}
-
-TEST_F(MainWindowRulesTest, EditOpensTheEditorOnACopyOfTheRule) {
-    Run([&](CBrisgateDlg&) {
-        for (const bool byDoubleClick : {false, true}) {
-            user_.Expect<editors::CAddRule>([&](editors::CAddRule& editor) {
-                EXPECT_EQ(editor.Caption(), L"Edit rule");
-                EXPECT_EQ(user_.Text(1079), L"c");
-                user_.Type(1079, L"other");
-                user_.Press(Key::Escape);
-            });
-            if (byDoubleClick) {
-                user_.DoubleClickRow(id::Rules, 2);
-            } else {
-                Select({2});
-                user_.Click(1024);
-            }
-        }
-        EXPECT_EQ(Descriptions()[2], L"c");
-        LeaveUnchanged();
-    });
-}
-
-TEST_F(MainWindowRulesTest, AddOpensTheEditorOnANewRule) {
-    Run([&](CBrisgateDlg&) {
-        user_.Expect<editors::CAddRule>([&](editors::CAddRule& editor) {
-            EXPECT_EQ(editor.Caption(), L"Add rule");
-            user_.Click(ui::IdCancel);
-        });
-        user_.Click(1023);
-        EXPECT_EQ(Descriptions().size(), 5U);
         LeaveUnchanged();
     });
 }

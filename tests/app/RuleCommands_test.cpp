@@ -53,15 +53,5 @@ TEST(MoveRule, KeepsTheOrderOfTheRest) {
     }
 }
 
-TEST(RemoveRules, TakesOutExactlyThosePositions) {
-    auto rules = RulesNamed({L"a", L"b", L"c", L"d", L"e"});
-    RemoveRules(rules, {0, 2, 4, 9});
-    EXPECT_EQ(NamesOf(rules), (Masks{L"b", L"d"}));
-    RemoveRules(rules, {});
-    EXPECT_EQ(NamesOf(rules), (Masks{L"b", L"d"}));
-    RemoveRules(rules, {0, 1});
-    EXPECT_TRUE(rules.empty());
-}
-
 }  // namespace
 }  // namespace app

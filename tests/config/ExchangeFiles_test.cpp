@@ -22,6 +22,7 @@ class ExchangeFiles : public tests::ExchangeTest {
     }
     bool Write(std::string_view bytes) { return config::WriteWholeFile(exchange_, nullptr, file_, bytes); }
 
+    static constexpr uint64_t largestRead = 0xFFFF'FFFF;  // bytes
     const std::wstring file_ = Path(L"100% %s.prx");
 };
 
@@ -138,14 +139,25 @@ TEST_F(ExchangeFiles, WhatTheSystemRefusesIsReportedWithItsCode) {
 TEST_F(ExchangeFiles, AFileBeyondMemoryIsReported) {
     Put(file_, "12345");
     memory_.refuses = true;
-    constexpr auto largest = std::numeric_limits<uint64_t>::max();
-    for (const uint64_t size : {uint64_t{5}, uint64_t{0xFFFF'FFFF}, largest - 1, largest}) {
+    for (const uint64_t size : {uint64_t{5}, largestRead}) {
         watched_.claimedSize = size;
         EXPECT_EQ(Read(file_), std::nullopt);
         ExpectReported(L"Memory allocation", code::NotEnoughMemory);
-        EXPECT_EQ(memory_.sizes.back(), size == largest ? largest : size + 1);
+        EXPECT_EQ(memory_.sizes.back(), size + 1);
         EXPECT_EQ(TakeJournal(), (Journal{"open", "size", "box", "close"}));
     }
+}
+
+TEST_F(ExchangeFiles, AFileBeyondOneReadIsReportedLikeOneBeyondMemory) {
+    Put(file_, "12345");
+    for (const uint64_t size :
+         {largestRead + 1, largestRead + 6, 2 * largestRead, std::numeric_limits<uint64_t>::max()}) {
+        watched_.claimedSize = size;
+        EXPECT_EQ(Read(file_), std::nullopt);
+        ExpectReported(L"Memory allocation", code::NotEnoughMemory);
+        EXPECT_EQ(TakeJournal(), (Journal{"open", "size", "box", "close"}));
+    }
+    EXPECT_TRUE(memory_.sizes.empty());
 }
 
 }  // namespace

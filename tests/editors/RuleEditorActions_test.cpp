@@ -46,6 +46,12 @@ TEST_F(RuleEditorActions, ExecutingPicksAFile) {
         user_.ExpectFilePicker(ui::FilePickerKind::Open, std::nullopt);
         user_.Click(ruleid::ActionButton);
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"");
+        const ui::FilePicker& picker = user_.LastFilePicker();
+        EXPECT_EQ(picker.filterName, L"All files (*.*)");
+        EXPECT_EQ(picker.filterPattern, L"*.*");
+        EXPECT_TRUE(picker.furtherFilters.empty());
+        EXPECT_EQ(picker.defaultExtension, L"*.*");
+        EXPECT_EQ(picker.initialPath, L"");
         user_.ExpectFilePicker(ui::FilePickerKind::Open, L"C:\\windows\\notepad.exe");
         user_.Click(ruleid::ActionButton);
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"C:\\windows\\notepad.exe");

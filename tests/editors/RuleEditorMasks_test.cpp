@@ -123,6 +123,23 @@ TEST_F(RuleEditorMasks, AllSelectedOnesAreDeletedAfterAQuestion) {
     EXPECT_EQ(masks, (Texts{L"1", L"3", L"5"}));
 }
 
+TEST_F(RuleEditorMasks, TheDeleteKeyDeletesTheSelectedOnes) {
+    const auto masks = EditMasks({L"1", L"2", L"3", L"4"}, [this] {
+        user_.Click(ruleid::Masks);
+        user_.Press(Key::Delete);  // none selected: no question
+        user_.ClickRow(ruleid::Masks, 1);
+        user_.ClickRow(ruleid::Masks, 3, Held::Control);
+        ExpectDeleteQuestion(L"2", ui::IdNo);
+        user_.Press(Key::Delete);
+        EXPECT_EQ(user_.RowCount(ruleid::Masks), 4U);
+        ExpectDeleteQuestion(L"2", ui::IdYes);
+        user_.Press(Key::Delete);
+        user_.Press(Key::Space);  // no other key deletes
+        EXPECT_EQ(ShownMasks(), (Texts{L"1", L"3"}));
+    });
+    EXPECT_EQ(masks, (Texts{L"1", L"3"}));
+}
+
 TEST_F(RuleEditorMasks, CanAllBeDeletedByTheKeyboard) {
     EditMasks({L"1", L"2", L"3"}, [this] {
         user_.Click(ruleid::Masks);

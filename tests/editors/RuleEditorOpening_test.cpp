@@ -119,10 +119,17 @@ TEST_F(RuleEditorOpening, ShowsOfEveryOperationWhatItUses) {
 }
 
 TEST_F(RuleEditorOpening, AnUnknownOperationIsShownAsTheFirst) {
+    Seen encryption;
+    Edit(FullRule(L"ENCR"), [&](ui::Dialog& dialog) {
+        encryption = Look(dialog);
+        Leave();
+    });
     for (const wchar_t* code : {L"QQQQ", L"encr", L"("}) {
-        Edit(FullRule(code), [this](ui::Dialog& dialog) {
+        Edit(FullRule(code), [&](ui::Dialog& dialog) {
             EXPECT_EQ(dialog.Caption(), L"Edit rule");
             EXPECT_EQ(Chosen(ruleid::Operation), L"Encrypt");
+            EXPECT_EQ(ShownMasks(), (Texts{L"*.txt", L"*.pdf"}));
+            EXPECT_EQ(Look(dialog), encryption);
             Leave();
         });
     }

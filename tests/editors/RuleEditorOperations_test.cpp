@@ -46,6 +46,11 @@ class OperationWalk : public RuleEditorTest {
     void Compare(const ExpectedForm& form) {
         const Seen seen = Look(user_.Top());
         for (const auto& [id, expected] : form.Shown()) EXPECT_EQ(seen.at(id), expected) << "control " << id;
+        for (const int edit : {ruleid::TextA, ruleid::NumberA, ruleid::TextB, ruleid::NumberB, ruleid::TextC,
+                               ruleid::NumberC, ruleid::TextD}) {
+            const ui::Control& control = user_.Top().Find(edit);
+            EXPECT_EQ(control.IsEnabled(), control.IsVisible()) << "control " << edit;
+        }
     }
 
   private:

@@ -21,7 +21,7 @@ class ErrBoxTest : public testing::Test {
 
     const std::unique_ptr<tests::World> world_ = tests::World::Make();
     tests::Robot& user_ = world_->User();
-    ErrBox box_{world_->Screen(), nullptr, L"Wrong mask: 100% & more"};
+    ErrBox box_{world_->Screen(), nullptr, L"Wrong mask: 100% & more", ui::Icon::Error};
 };
 
 TEST_F(ErrBoxTest, ShowsIconTextAndOneButtonUnderItsTitle) {

@@ -152,13 +152,23 @@ void Model::TypeSearch(const std::wstring& text) {
 void Model::ShowChanged(std::optional<size_t> row) {
     Fill();
     keyboard_ = Place::Rules;
-    if (row && !rows_.empty()) SelectOnly(std::min(*row, rows_.size() - 1));
+    if (row && *row < rows_.size()) SelectOnly(*row);
     changed_ = true;
 }
 
-void Model::AddRules(const std::vector<Rule>& rules) {
-    OpenedProfile()->rules.insert(OpenedProfile()->rules.end(), rules.begin(), rules.end());
+void Model::ShowChangedOrLast(size_t row) {
+    ShowChanged(row);
+    if (row >= rows_.size() && !rows_.empty()) SelectOnly(rows_.size() - 1);
+}
+
+void Model::AddRule(const Rule& rule) {
+    OpenedProfile()->rules.push_back(rule);
     ShowChanged(Opened()->rules.size() - 1);
+}
+
+void Model::ImportRules(const std::vector<Rule>& rules) {
+    OpenedProfile()->rules.insert(OpenedProfile()->rules.end(), rules.begin(), rules.end());
+    ShowChangedOrLast(Opened()->rules.size() - 1);
 }
 
 void Model::CopyRule() {
@@ -189,7 +199,7 @@ void Model::Move(size_t from, size_t to) {
     const Rule moved = rules.at(from);
     rules.erase(rules.begin() + static_cast<std::ptrdiff_t>(from));
     rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(to), moved);
-    ShowChanged(to);
+    ShowChangedOrLast(to);
 }
 
 void Model::MakeFirst() {

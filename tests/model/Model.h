@@ -58,7 +58,8 @@ class Model {
     void TypeSearch(const std::wstring& text);
 
     // Commands on rules. Each does what is left to do after questions and dialogs.
-    void AddRules(const std::vector<Rule>& rules);
+    void AddRule(const Rule& rule);
+    void ImportRules(const std::vector<Rule>& rules);
     void CopyRule();
     void ReplaceRule(size_t position, const Rule& rule);
     void DeleteRules();
@@ -75,7 +76,8 @@ class Model {
     void Fill();
     void LeaveRules();
     void SelectOnly(size_t row);
-    void ShowChanged(std::optional<size_t> row);
+    void ShowChanged(std::optional<size_t> row);  // a row that is not there is not selected
+    void ShowChangedOrLast(size_t row);
     void Move(size_t from, size_t to);
 
     Tree registry_;

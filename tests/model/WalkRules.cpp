@@ -14,7 +14,7 @@ constexpr wchar_t exchangeFile[] = L"C:\\In\\rules.prx";
 }  // namespace
 
 void Walk::AddRule() {
-    if (const auto rule = RunEditor(Rule(), ButtonOrMenu(1023, 32815))) model_.AddRules({*rule});
+    if (const auto rule = RunEditor(Rule(), ButtonOrMenu(1023, 32815))) model_.AddRule(*rule);
 }
 
 void Walk::CopyRule() {
@@ -104,7 +104,7 @@ void Walk::ImportRules() {
                            confirmed ? std::optional<std::wstring>(exchangeFile) : std::nullopt);
     ButtonOrMenu(1035, 32811)();
     model_.WindowOpens();
-    if (confirmed) model_.AddRules(*exported_);
+    if (confirmed) model_.ImportRules(*exported_);
 }
 
 }  // namespace tests::model

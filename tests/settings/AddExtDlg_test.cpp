@@ -41,6 +41,7 @@ TEST_F(AddExtDlgTest, TrimsBlanksAndTurnsToLowerCase) {
         {L"\x0410\x042F\x0401\x0407", L"\x0430\x044F\x0451\x0457"},  // Cyrillic
         {L"\x0391\x03A3\x039C", L"\x03B1\x03C3\x03BC"},              // Greek
         {L"\x0100\x017D", L"\x0101\x017E"},                          // Latin with marks
+        {L"\x0178\x0386\x0531", L"\x00FF\x03AC\x0561"},              // their small letters are far away
     };
     for (const auto& [typed, extension] : cases) {
         Run([this, &typed = typed] {

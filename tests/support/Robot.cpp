@@ -179,9 +179,17 @@ size_t Robot::RowCount(int id) const {
     return Get<ui::ListView>(id).RowCount();
 }
 
+void Robot::CheckOwner(const ui::Dialog* owner, const std::string& opened) const {
+    if (open_.empty()) return;
+    const ui::Dialog* from = owner;
+    while (from != nullptr && from != open_.back()) from = from->Parent();
+    if (from == nullptr) ADD_FAILURE() << "does not belong to the dialog that it opened from: " << opened;
+}
+
 void Robot::DialogOpened(ui::Dialog& dialog, const std::function<void()>& closeByForce) {
     const std::string opened = "a dialog " + Readable(typeid(dialog).name());
     const std::optional<Expectation> expected = Next(opened);
+    if (!expected || !expected->isOwnerless) CheckOwner(dialog.Parent(), opened);
     if (expected) {
         const Running running(*this, dialog);
         CheckWindows(dialog);
@@ -193,8 +201,10 @@ void Robot::DialogOpened(ui::Dialog& dialog, const std::function<void()>& closeB
     closeByForce();
 }
 
-int Robot::BoxOpened(const std::wstring& text, const std::wstring& caption, uint32_t flags) {
+int Robot::BoxOpened(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
+                     uint32_t flags) {
     const std::string opened = BoxNamed(text, flags, caption);
+    CheckOwner(owner, opened);
     const std::optional<Expectation> expected = Next(opened);
     if (!expected) return RefusalOf(flags);
     const std::optional<int> answer = expected->box ? expected->box(text, caption, flags) : std::nullopt;
@@ -202,7 +212,8 @@ int Robot::BoxOpened(const std::wstring& text, const std::wstring& caption, uint
     return answer.value_or(RefusalOf(flags));
 }
 
-std::optional<std::wstring> Robot::FolderPickerOpened() {
+std::optional<std::wstring> Robot::FolderPickerOpened(const ui::Dialog* owner) {
+    CheckOwner(owner, "a folder picker");
     const std::optional<Expectation> expected = Next("a folder picker");
     if (!expected) return std::nullopt;
     if (!expected->isFolderPicker)
@@ -210,19 +221,15 @@ std::optional<std::wstring> Robot::FolderPickerOpened() {
     return expected->pickerAnswer;
 }
 
-std::optional<std::wstring> Robot::FilePickerOpened(ui::FilePickerKind kind) {
-    const std::optional<Expectation> expected = Next(FilePickerNamed(kind));
+std::optional<std::wstring> Robot::FilePickerOpened(const ui::Dialog* owner, const ui::FilePicker& picker) {
+    const std::string opened = FilePickerNamed(picker.kind);
+    lastFilePicker_ = picker;
+    CheckOwner(owner, opened);
+    const std::optional<Expectation> expected = Next(opened);
     if (!expected) return std::nullopt;
-    if (expected->filePicker != kind)
-        ADD_FAILURE() << "expected " << expected->what << ", but " << FilePickerNamed(kind) << " opened";
+    if (expected->filePicker != picker.kind)
+        ADD_FAILURE() << "expected " << expected->what << ", but " << opened << " opened";
     return expected->pickerAnswer;
-}
-
-const std::optional<std::wstring>* Robot::PeekPicker() const {
-    const std::deque<Expectation>& queue = queues_.back();
-    if (queue.empty()) return nullptr;
-    const Expectation& next = queue.front();
-    return next.isFolderPicker || next.filePicker ? &next.pickerAnswer : nullptr;
 }
 
 }  // namespace tests

@@ -36,6 +36,12 @@ class Robot {
             return true;
         });
     }
+    // The same for a dialog that belongs to no other: the program shows a few reports that way.
+    template <class D>
+    void ExpectOwnerless(std::function<void(D&)> script) {
+        Expect<D>(std::move(script));
+        queues_.back().back().isOwnerless = true;
+    }
     // The next window must be a message box with this text and these flags (and caption); the user presses a
     // button.
     void ExpectBox(const std::wstring& text, uint32_t flags, int answer);
@@ -83,13 +89,16 @@ class Robot {
     std::vector<std::wstring> Row(int id, size_t row) const;
     size_t RowCount(int id) const;
 
-    // For the screens: what the user does in a window that has just opened.
+    // For the screens: what the user does in a window that has just opened. owner: the dialog in front of
+    // which it stays, which has to be the one that the user is working with, or one that is being opened from
+    // there.
     void DialogOpened(ui::Dialog& dialog, const std::function<void()>& closeByForce);
-    int BoxOpened(const std::wstring& text, const std::wstring& caption, uint32_t flags);
-    std::optional<std::wstring> FolderPickerOpened();
-    std::optional<std::wstring> FilePickerOpened(ui::FilePickerKind kind);
-    // Whether the next expected window is a picker, and its answer, without consuming it.
-    const std::optional<std::wstring>* PeekPicker() const;
+    int BoxOpened(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
+                  uint32_t flags);
+    std::optional<std::wstring> FolderPickerOpened(const ui::Dialog* owner);
+    std::optional<std::wstring> FilePickerOpened(const ui::Dialog* owner, const ui::FilePicker& picker);
+    // As the program asked for it last.
+    const ui::FilePicker& LastFilePicker() const { return lastFilePicker_; }
 
   protected:
     // After each gesture: the windows must show what the controls' state says.
@@ -102,17 +111,20 @@ class Robot {
         std::function<bool(ui::Dialog&)> dialog;
         std::function<std::optional<int>(const std::wstring&, const std::wstring&, uint32_t)> box;
         bool isFolderPicker = false;
+        bool isOwnerless = false;
         std::optional<ui::FilePickerKind> filePicker;
         std::optional<std::wstring> pickerAnswer;
     };
     void ExpectDialog(std::string what, std::function<bool(ui::Dialog&)> script);
     void Queue(Expectation expectation);
     std::optional<Expectation> Next(const std::string& opened);
+    void CheckOwner(const ui::Dialog* owner, const std::string& opened) const;
     void ReportUnmet(const std::deque<Expectation>& expectations);
 
     // One queue for the test itself and one for each script that is running, the innermost last.
     std::vector<std::deque<Expectation>> queues_;
     std::vector<ui::Dialog*> open_;
+    ui::FilePicker lastFilePicker_;
 };
 
 }  // namespace tests

@@ -32,13 +32,18 @@ TEST(Trim, TrimRightCutsOnlyTheGivenCharactersAtTheEnd) {
     EXPECT_EQ(TrimRight(L"abc", L""), L"abc");
 }
 
-TEST(Trim, TrimCutsTheGivenCharactersAtBothEnds) {
-    const std::pair<std::wstring_view, std::wstring_view> cases[] = {
-        {L"", L""},         {L" ", L""},    {L"   ", L""},  {L"a", L"a"},
-        {L" a b ", L"a b"}, {L"  a", L"a"}, {L"a  ", L"a"}, {L"\ta\t", L"\ta\t"},
+TEST(Trim, CutsOnlyTheGivenCharactersAtBothEnds) {
+    struct Case {
+        std::wstring_view text;
+        std::wstring_view trimmed;
     };
-    for (const auto& [given, trimmed] : cases) EXPECT_EQ(Trim(given, L" "), trimmed);
-    EXPECT_EQ(Trim(L"-_a_-", L"_-"), L"a");
+    const Case cases[] = {
+        {L"", L""},      {L" ", L""},        {L" \t ", L""},    {L"a", L"a"},          {L"  a", L"a"},
+        {L"a\t ", L"a"}, {L" a b ", L"a b"}, {L"\na ", L"\na"}, {L"\t a \n", L"a \n"},
+    };
+    for (const Case& c : cases) EXPECT_EQ(Trim(c.text, L" \t"), c.trimmed) << testing::PrintToString(c.text);
+    EXPECT_EQ(Trim(L" abc ", L""), L" abc ");
+    EXPECT_EQ(Trim(std::wstring_view(L" a\0b ", 5), L" "), std::wstring_view(L"a\0b", 3));
 }
 
 TEST(Trim, JoinNonEmptySkipsEmptyParts) {

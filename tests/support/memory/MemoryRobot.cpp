@@ -295,15 +295,15 @@ void MemoryRobot::DialogOpened(ui::Dialog& dialog) {
 }
 
 int MemoryRobot::BoxOpened(const std::wstring& text, const std::wstring& caption, uint32_t flags) {
-    return Robot::BoxOpened(text, caption, flags);
+    return Robot::BoxOpened(screen_.LastOwner(), text, caption, flags);
 }
 
 std::optional<std::wstring> MemoryRobot::FolderPickerOpened() {
-    return Robot::FolderPickerOpened();
+    return Robot::FolderPickerOpened(screen_.LastOwner());
 }
 
-std::optional<std::wstring> MemoryRobot::FilePickerOpened(ui::FilePickerKind kind) {
-    return Robot::FilePickerOpened(kind);
+std::optional<std::wstring> MemoryRobot::FilePickerOpened(ui::FilePickerKind /*kind*/) {
+    return Robot::FilePickerOpened(screen_.LastOwner(), screen_.LastFilePicker());
 }
 
 }  // namespace tests

@@ -68,9 +68,19 @@ void CheckSelection(HWND window, const ui::ListView& list) {
     EXPECT_EQ(list.FocusedRow() ? static_cast<LRESULT>(*list.FocusedRow()) : -1, focused);
 }
 
+// A click anywhere in a row selects it, and a text that a column cuts off is shown when the mouse rests on
+// it.
+void CheckStyle(HWND window, const ui::ListView& list) {
+    const auto style = static_cast<DWORD>(Send(window, LVM_GETEXTENDEDLISTVIEWSTYLE));
+    EXPECT_TRUE((style & LVS_EX_FULLROWSELECT) != 0) << "full row selection";
+    EXPECT_TRUE((style & LVS_EX_LABELTIP) != 0) << "label tips";
+    EXPECT_EQ(list.Style().checkBoxes, (style & LVS_EX_CHECKBOXES) != 0) << "check boxes";
+}
+
 }  // namespace
 
 void CheckListView(HWND window, const ui::ListView& list) {
+    CheckStyle(window, list);
     const auto header = reinterpret_cast<HWND>(Send(window, LVM_GETHEADER));
     ASSERT_EQ(static_cast<LRESULT>(list.Columns().size()), Send(header, HDM_GETITEMCOUNT));
     for (size_t i = 0; i < list.Columns().size(); ++i) CheckColumn(window, header, list.Columns()[i], i);

@@ -8,7 +8,8 @@ using Kind = SystemDialogRequest::Kind;
 
 class RecordingScreen::Waiting {
   public:
-    Waiting(RecordingScreen& screen, SystemDialogRequest request) : screen_(screen) {
+    Waiting(RecordingScreen& screen, const ui::Dialog* owner, SystemDialogRequest request) : screen_(screen) {
+        if (owner != nullptr && owner->IsOpen()) request.owner = owner;
         screen_.requests_.push_back(std::move(request));
     }
     ~Waiting() { screen_.requests_.pop_back(); }
@@ -21,18 +22,18 @@ class RecordingScreen::Waiting {
 
 int RecordingScreen::ShowMessageBox(const ui::Dialog* owner, const std::wstring& text,
                                     const std::wstring& caption, uint32_t flags) {
-    const Waiting waiting(*this, {Kind::Box, text, caption, flags});
+    const Waiting waiting(*this, owner,
+                          {.kind = Kind::Box, .text = text, .caption = caption, .flags = flags});
     return real_.ShowMessageBox(owner, text, caption, flags);
 }
 
 std::optional<std::wstring> RecordingScreen::PickFolder(const ui::Dialog* owner) {
-    const Waiting waiting(*this, {Kind::FolderPicker, {}, {}, 0});
+    const Waiting waiting(*this, owner, {.kind = Kind::FolderPicker});
     return real_.PickFolder(owner);
 }
 
 std::optional<std::wstring> RecordingScreen::PickFile(const ui::Dialog* owner, const ui::FilePicker& picker) {
-    const Kind kind = picker.kind == ui::FilePickerKind::Open ? Kind::OpenPicker : Kind::SavePicker;
-    const Waiting waiting(*this, {kind, {}, {}, 0});
+    const Waiting waiting(*this, owner, {.kind = Kind::FilePicker, .picker = picker});
     return real_.PickFile(owner, picker);
 }
 

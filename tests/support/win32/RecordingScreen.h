@@ -5,18 +5,21 @@
 #include <string>
 #include <vector>
 
+#include "ui/Dialog.h"
 #include "ui/Screen.h"
 
 namespace tests {
 
 // A message box or picker of the system that the program is waiting for.
 struct SystemDialogRequest {
-    enum class Kind { Box, FolderPicker, OpenPicker, SavePicker };
+    enum class Kind { Box, FolderPicker, FilePicker };
     Kind kind = Kind::Box;
-    std::wstring text;
-    std::wstring caption;
+    std::wstring text{};
+    std::wstring caption{};
     uint32_t flags = 0;
-    bool met = false;  // its window has opened
+    bool met = false;                   // its window has opened
+    const ui::Dialog* owner = nullptr;  // none, or a dialog that is open
+    ui::FilePicker picker{};            // of a file picker
 };
 
 class RecordingScreen final : public ui::Screen {

@@ -69,16 +69,13 @@ void Win32Robot::SystemDialogOpened(HWND window) {
     switch (request->kind) {
         case SystemDialogRequest::Kind::Box:
             CheckBox(window, *request);
-            PressButton(window, BoxOpened(request->text, request->caption, request->flags));
+            PressButton(window, BoxOpened(request->owner, request->text, request->caption, request->flags));
             break;
         case SystemDialogRequest::Kind::FolderPicker:
-            AnswerPicker(window, FolderPickerOpened());
+            AnswerPicker(window, FolderPickerOpened(request->owner));
             break;
-        case SystemDialogRequest::Kind::OpenPicker:
-            AnswerPicker(window, FilePickerOpened(ui::FilePickerKind::Open));
-            break;
-        case SystemDialogRequest::Kind::SavePicker:
-            AnswerPicker(window, FilePickerOpened(ui::FilePickerKind::Save));
+        case SystemDialogRequest::Kind::FilePicker:
+            AnswerPicker(window, FilePickerOpened(request->owner, request->picker));
             break;
     }
 }
