@@ -29,6 +29,8 @@ struct Profile {
     Values values;
     std::vector<Rule> rules;
 
+    // One that has every value: empty lists, and the numbers of a new one.
+    explicit Profile(std::wstring name = {});
     const Texts& StoreProfiles() const { return std::get<Texts>(values.at(L"ZCSProfile")); }
 };
 

@@ -13,6 +13,7 @@ void Model::Start() {
     changed_ = false;
     keyboard_ = Place::Profiles;
     selectedProfile_ = 0;
+    showsProfile_ = false;
     OpenProfile();
 }
 
@@ -99,7 +100,35 @@ void Model::OpenProfile() {
     const Profile& profile = memory_.profiles.at(*selectedProfile_);
     opened_ = shownProfile_ = profile.name;
     shownStoreProfiles_ = profile.StoreProfiles().size();
+    showsProfile_ = true;
     Fill();
+}
+
+void Model::AddProfile(const Profile& profile) {
+    memory_.profiles.push_back(profile);
+    changed_ = true;
+}
+
+void Model::ReplaceProfile(const Profile& profile) {
+    *OpenedProfile() = profile;
+    opened_ = shownProfile_ = profile.name;
+    shownStoreProfiles_ = profile.StoreProfiles().size();
+    Fill();
+    changed_ = true;
+}
+
+// No profile is shown then; but unless the last row has gone, the last name stays the opened one.
+void Model::DeleteProfile() {
+    const size_t row = *selectedProfile_;
+    memory_.profiles.erase(memory_.profiles.begin() + static_cast<std::ptrdiff_t>(row));
+    selectedProfile_.reset();
+    opened_ = row < memory_.profiles.size() ? memory_.profiles.back().name : L"";
+    shownProfile_.clear();
+    shownStoreProfiles_ = 0;
+    showsProfile_ = false;
+    rows_.clear();
+    focusedRow_.reset();
+    changed_ = true;
 }
 
 void Model::Fill() {

@@ -37,16 +37,20 @@ class Model {
     bool IsChanged() const { return changed_; }
     std::wstring ProfileLabel() const;
     std::wstring StoreProfileLabel() const;
+    // Whether a profile is shown as the opened one; without one, its commands and its rules cannot be used.
+    bool ShowsProfile() const { return showsProfile_; }
 
     // What commands ask for.
     Values& Settings() { return memory_.settings; }
-    const Profile* Opened() const;
+    const Profile* Opened() const;  // null: none
+    const std::wstring& OpenedName() const { return opened_; }
     std::optional<size_t> FirstSelectedRow() const;
     size_t SelectedRows() const;
     Texts SuggestedMasks() const;
 
     // The user's hands in the lists and the search.
     void MoveKeyboard(Place place);
+    void KeyboardWentTo(Place place) { keyboard_ = place; }  // by itself, because its place is disabled
     void WindowOpens() { LeaveRules(); }  // in front of the main window, which gets the keyboard back later
     void SelectProfile(std::optional<size_t> row) { selectedProfile_ = row; }
     void OpenProfile();
@@ -56,6 +60,11 @@ class Model {
     void ClickBelowRows();
     void ToggleCheck(size_t row) { rows_.at(row).checked = !rows_.at(row).checked; }
     void TypeSearch(const std::wstring& text);
+
+    // Commands on profiles. Each does what is left to do after questions and dialogs.
+    void AddProfile(const Profile& profile);
+    void ReplaceProfile(const Profile& profile);
+    void DeleteProfile();
 
     // Commands on rules. Each does what is left to do after questions and dialogs.
     void AddRule(const Rule& rule);
@@ -90,6 +99,7 @@ class Model {
     std::optional<size_t> selectedProfile_;
     std::optional<size_t> focusedRow_;
     Place keyboard_ = Place::Profiles;
+    bool showsProfile_ = false;
     bool changed_ = false;
 };
 

@@ -33,6 +33,7 @@ void PutRule(Dice& dice, const std::wstring& path, Tree& tree) {
     for (const auto& [name, number] : Rule().number)
         if (dice.Chance(60)) key[name] = static_cast<int32_t>(dice.Below(3));
     if (dice.Chance(80)) key[L"ZCSProfile"] = dice.Pick(Texts{L"Office", L"Bank", L"Tax", L"Gone", L"0"});
+    if (dice.Chance(50)) key[L"ResignProfile"] = dice.Pick(Texts{L"Office", L"Bank", L"Tax", L"Gone"});
     key[L"Operation"] = dice.Chance(15) ? L"" : dice.Pick(OperationNames()).first;
     if (dice.Chance(20)) {
         key[L"Mask"] = L"*.old";
@@ -46,18 +47,36 @@ void PutRule(Dice& dice, const std::wstring& path, Tree& tree) {
                         RandomList(dice, people, 3));
 }
 
+// Beside the names of the store profiles, mostly as many.
+void PutStoreProfileSettings(Dice& dice, Values& key) {
+    const size_t stores = std::get<Texts>(key.at(L"ZCSProfile")).size();
+    for (const wchar_t* list :
+         {L"NotUseLDAP", L"NotCopyToLocal", L"AutoUseTSP", L"AutoVerifyTSP", L"NoTSPisError", L"UseAIA",
+          L"NotAddCert", L"NotLoadCrl", L"ServerTSP", L"CrlUpdatePeriod"}) {
+        if (dice.Chance(10)) continue;
+        Texts entries(dice.Chance(70) ? stores : dice.Below(5));
+        for (std::wstring& entry : entries) entry = dice.Pick(Texts{L"0", L"0", L"1", L"1", L"2"});
+        if (list == std::wstring(L"ServerTSP"))
+            for (std::wstring& entry : entries) entry = dice.Pick(Texts{L"0", L"http://tsp", L"tsp 2"});
+        if (list == std::wstring(L"CrlUpdatePeriod"))
+            for (std::wstring& entry : entries) entry = std::to_wstring(dice.Below(8761));
+        key[list] = entries;
+    }
+}
+
 void PutProfile(Dice& dice, const std::wstring& name, Tree& tree) {
-    const size_t stores = dice.Below(4);
+    const size_t stores = dice.Chance(40) ? 3 : dice.Below(4);
     Values& key = tree.Key(name);
     if (dice.Chance(30)) key[L"Unknown"] = L"stays";
     Texts storeProfiles{L"Office", L"Bank", L"Tax"};
     storeProfiles.resize(stores);
-    if (dice.Chance(20) && stores > 0) storeProfiles.back() = L"Gone";
+    if (dice.Chance(30) && stores > 0) storeProfiles.back() = dice.Pick(Texts{L"Gone", L"TAX", L"office"});
     key[L"ZCSProfile"] = storeProfiles;
-    for (const wchar_t* list : {L"ServerTSP", L"NotUseLDAP", L"UseAIA", L"NotLoadCrl", L"CrlUpdatePeriod"})
-        if (dice.Chance(70)) key[list] = Texts(dice.Below(4), L"1");
-    for (const wchar_t* number : {L"Verify File", L"Handler timeout", L"Rename conf files"})
-        if (dice.Chance(70)) key[number] = static_cast<int32_t>(dice.Below(20));
+    PutStoreProfileSettings(dice, key);
+    for (const wchar_t* number :
+         {L"Verify File", L"Verify x file", L"Verify det file", L"Verify resign file", L"Rename conf files"})
+        if (dice.Chance(70)) key[number] = static_cast<int32_t>(dice.Below(3));
+    if (dice.Chance(70)) key[L"Handler timeout"] = static_cast<int32_t>(dice.Below(20));
     tree.Key(name + L"\\rules");
     const size_t rules = dice.Chance(15) ? 9 + dice.Below(5) : dice.Below(6);
     const size_t first = dice.Chance(20) ? 9 : dice.Below(4);

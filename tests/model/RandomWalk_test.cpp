@@ -10,7 +10,7 @@
 namespace tests {
 namespace {
 
-constexpr uint32_t commandsOfAWalk = 250;
+constexpr uint32_t commandsOfAWalk = 180;
 constexpr uint32_t usualWalks = 30;
 
 uint32_t FromEnvironment(const char* name, uint32_t otherwise) {

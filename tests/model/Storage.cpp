@@ -67,7 +67,7 @@ Texts RuleKeys(const Tree& registry, const std::wstring& path) {
 }
 
 Profile LoadProfile(const Tree& registry, const std::wstring& name) {
-    Profile profile{name, {}, {}};
+    Profile profile(name);
     for (const std::wstring& list : profileLists) profile.values[list] = registry.Get<Texts>(name, list, {});
     auto& periods = std::get<Texts>(profile.values[L"CrlUpdatePeriod"]);
     periods.resize(std::max(periods.size(), std::get<Texts>(profile.values[L"NotLoadCrl"]).size()), L"1");
@@ -128,6 +128,11 @@ void SaveProfile(const Profile& profile, Tree& registry) {
 Rule::Rule() {
     for (const std::wstring& name : ruleTexts) text[name];
     for (const std::wstring& name : ruleNumbers) number[name] = 0;
+}
+
+Profile::Profile(std::wstring nameOfProfile) : name(std::move(nameOfProfile)) {
+    for (const std::wstring& list : profileLists) values[list] = Texts{};
+    for (const auto& [number, first] : profileNumbers) values[number] = first;
 }
 
 Configuration Load(Tree& registry) {

@@ -30,18 +30,29 @@ std::string Header(const std::wstring& path) {
 
 }  // namespace
 
+Values& Tree::Key(const std::wstring& path) {
+    const std::wstring capitals = Capitals(path);
+    if (const auto key = keys_.find(capitals); key != keys_.end()) return key->second.values;
+    const size_t name = path.rfind(L'\\');
+    const auto parent = name == std::wstring::npos ? keys_.end() : keys_.find(capitals.substr(0, name));
+    SpelledKey& key = keys_[capitals];
+    key.path = parent == keys_.end() ? path : parent->second.path + path.substr(name);
+    return key.values;
+}
+
 void Tree::Erase(const std::wstring& path) {
-    std::erase_if(keys_,
-                  [&](const auto& key) { return key.first == path || key.first.starts_with(path + L"\\"); });
+    const std::wstring erased = Capitals(path);
+    std::erase_if(
+        keys_, [&](const auto& key) { return key.first == erased || key.first.starts_with(erased + L"\\"); });
 }
 
 Texts Tree::Subkeys(const std::wstring& path) const {
-    const std::wstring start = path.empty() ? path : path + L"\\";
+    const std::wstring start = Capitals(path.empty() ? path : path + L"\\");
     Texts names;
-    for (const auto& [key, values] : keys_)
-        if (key.size() > start.size() && key.starts_with(start) &&
-            key.find(L'\\', start.size()) == std::wstring::npos)
-            names.push_back(key.substr(start.size()));
+    for (const auto& [capitals, key] : keys_)
+        if (capitals.size() > start.size() && capitals.starts_with(start) &&
+            capitals.find(L'\\', start.size()) == std::wstring::npos)
+            names.push_back(key.path.substr(start.size()));
     std::sort(names.begin(), names.end(),
               [](const std::wstring& a, const std::wstring& b) { return Capitals(a) < Capitals(b); });
     return names;
@@ -49,38 +60,35 @@ Texts Tree::Subkeys(const std::wstring& path) const {
 
 std::string Tree::Text() const {
     std::string text;
-    for (const auto& [path, values] : keys_) {
-        text += Header(path) + "\n";
-        for (const auto& [name, value] : values) text += Narrow(name) + " = " + Shown(value) + "\n";
+    for (const auto& [capitals, key] : keys_) {
+        text += Header(key.path) + "\n";
+        for (const auto& [name, value] : key.values) text += Narrow(name) + " = " + Shown(value) + "\n";
     }
     return text;
 }
 
-std::vector<std::string> Tree::Lines() const {
-    std::vector<std::string> lines;
-    for (const auto& [path, values] : keys_) {
-        const std::string header = Header(path);
-        lines.push_back(header);
-        for (const auto& [name, value] : values)
-            lines.push_back(header + " " + Narrow(name) + " = " + Shown(value));
+LinesByKey Tree::Lines() const {
+    LinesByKey lines;
+    for (const auto& [capitals, key] : keys_) {
+        std::vector<std::string>& ofKey = lines[Header(key.path)];
+        for (const auto& [name, value] : key.values) ofKey.push_back(Narrow(name) + " = " + Shown(value));
+        std::sort(ofKey.begin(), ofKey.end());
     }
-    std::sort(lines.begin(), lines.end());
     return lines;
 }
 
-std::vector<std::string> Lines(const std::string& text) {
-    std::vector<std::string> lines;
+LinesByKey Lines(const std::string& text) {
+    LinesByKey lines;
+    std::vector<std::string>* ofKey = nullptr;
     std::istringstream stream(text);
-    std::string key;
     for (std::string line; std::getline(stream, line);) {
         if (line.starts_with('[')) {
-            key = line;
-            lines.push_back(key);
-        } else if (!line.empty() && !line.starts_with("Window_")) {
-            lines.push_back(key + " " + line);
+            ofKey = &lines[line];
+        } else if (ofKey != nullptr && !line.empty() && !line.starts_with("Window_")) {
+            ofKey->push_back(line);
         }
     }
-    std::sort(lines.begin(), lines.end());
+    for (auto& [key, sorted] : lines) std::sort(sorted.begin(), sorted.end());
     return lines;
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/app/MainWindow.h"
 
 namespace tests::model {
@@ -42,25 +44,31 @@ const std::vector<Walk::Command>& Walk::Commands() {
         {"open a profile", 6, &Walk::OpenProfile},
         {"click below the profiles", 1, &Walk::ClickBelowProfiles},
         {"move in the profiles", 2, &Walk::MoveInProfiles},
-        {"click a rule", 20, &Walk::ClickRow},
-        {"select one rule more or less", 6, &Walk::ToggleRowSelection},
-        {"click below the rules", 1, &Walk::ClickBelowRows},
-        {"move in the rules", 4, &Walk::MoveInRules},
-        {"click a check box", 8, &Walk::ToggleCheck},
-        {"press Space in the rules", 3, &Walk::PressSpace},
-        {"right click", 3, &Walk::RightClick},
+        {"open the selected profile", 2, &Walk::OpenSelectedProfile},
+        {"add a profile", 3, &Walk::AddProfile},
+        {"edit the profile", 5, &Walk::EditProfile, true},
+        {"edit a profile by double click", 2, &Walk::EditProfileByDoubleClick},
+        {"double click below the profiles", 1, &Walk::DoubleClickBelowProfiles},
+        {"delete a profile", 3, &Walk::DeleteProfile, true},
+        {"click a rule", 20, &Walk::ClickRow, true},
+        {"select one rule more or less", 6, &Walk::ToggleRowSelection, true},
+        {"click below the rules", 1, &Walk::ClickBelowRows, true},
+        {"move in the rules", 4, &Walk::MoveInRules, true},
+        {"click a check box", 8, &Walk::ToggleCheck, true},
+        {"press Space in the rules", 3, &Walk::PressSpace, true},
+        {"right click", 3, &Walk::RightClick, true},
         {"search", 6, &Walk::SearchRules},
-        {"add a rule", 5, &Walk::AddRule},
-        {"copy a rule", 5, &Walk::CopyRule},
-        {"edit a rule", 5, &Walk::EditRule},
-        {"edit a rule by double click", 3, &Walk::EditByDoubleClick},
-        {"delete rules", 6, &Walk::DeleteRules},
-        {"make first", 3, &Walk::MakeFirst},
-        {"move up", 4, &Walk::MoveUp},
-        {"move down", 4, &Walk::MoveDown},
-        {"make last", 3, &Walk::MakeLast},
-        {"export the rules", 2, &Walk::ExportRules},
-        {"import rules", 1, &Walk::ImportRules},
+        {"add a rule", 5, &Walk::AddRule, true},
+        {"copy a rule", 5, &Walk::CopyRule, true},
+        {"edit a rule", 5, &Walk::EditRule, true},
+        {"edit a rule by double click", 3, &Walk::EditByDoubleClick, true},
+        {"delete rules", 6, &Walk::DeleteRules, true},
+        {"make first", 3, &Walk::MakeFirst, true},
+        {"move up", 4, &Walk::MoveUp, true},
+        {"move down", 4, &Walk::MoveDown, true},
+        {"make last", 3, &Walk::MakeLast, true},
+        {"export the rules", 2, &Walk::ExportRules, true},
+        {"import rules", 1, &Walk::ImportRules, true},
         {"log settings", 2, &Walk::EditLogSettings},
         {"extensions", 3, &Walk::EditExtensions},
         {"save", 3, &Walk::Save},
@@ -102,6 +110,7 @@ void Walk::Step() {
     size_t chosen = dice_.Below(total);
     for (const Command& command : Commands()) {
         if (chosen < command.weight) {
+            if (command.needsProfile && !model_.ShowsProfile()) return;
             Note(command.name);
             return (this->*command.give)();
         }
@@ -123,6 +132,7 @@ std::function<void()> Walk::ButtonOrMenu(int button, int command) {
 
 void Walk::Compare() {
     CompareProfiles();
+    CompareCommands();
     CompareRules();
     EXPECT_EQ(user_.Text(id::Search), model_.Search());
     EXPECT_EQ(user_.Get<ui::ListView>(id::Profiles).HasFocus(), model_.Keyboard() == Place::Profiles);
@@ -137,6 +147,19 @@ void Walk::CompareProfiles() {
     EXPECT_EQ(user_.Get<ui::ListView>(id::Profiles).FirstSelected(), model_.SelectedProfile());
     EXPECT_EQ(user_.Text(id::ProfileLabel), model_.ProfileLabel());
     EXPECT_EQ(user_.Text(id::CsProfileLabel), model_.StoreProfileLabel());
+}
+
+// Only what works on the opened profile can be out of use.
+void Walk::CompareCommands() {
+    static const std::vector<int> controls{1023, 1037, 1024, 1025, 1026, 1027, 1028,
+                                           1029, 1030, 1032, 1033, 1034, 1035};
+    for (const int control : controls) EXPECT_EQ(user_.CanUse(control), model_.ShowsProfile()) << control;
+    static const std::vector<int> always{57603, 32787, 32822, 32788, 32808};
+    for (const ui::Menu& menu : user_.Top().MenuBar())
+        for (const ui::MenuItem& item : menu.items) {
+            const bool isAlways = std::find(always.begin(), always.end(), item.command) != always.end();
+            EXPECT_EQ(item.enabled, isAlways || model_.ShowsProfile()) << item.command;
+        }
 }
 
 void Walk::CompareRules() {

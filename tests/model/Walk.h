@@ -12,6 +12,7 @@
 #include "platform/memory/MemoryFiles.h"
 #include "tests/model/EditorForm.h"
 #include "tests/model/Model.h"
+#include "tests/model/ProfileForm.h"
 #include "tests/support/Fixture.h"
 
 namespace tests::model {
@@ -31,6 +32,7 @@ class Walk : private editors::CertificateActions {
         const char* name;
         size_t weight;
         void (Walk::*give)();
+        bool needsProfile = false;  // one that is shown as the opened one
     };
     static const std::vector<Command>& Commands();
 
@@ -44,6 +46,7 @@ class Walk : private editors::CertificateActions {
 
     void Compare();
     void CompareProfiles();
+    void CompareCommands();
     void CompareRules();
     void CompareRegistry();
 
@@ -61,6 +64,32 @@ class Walk : private editors::CertificateActions {
     void SearchRules();
     void MoveInList(int list, size_t rows, std::optional<size_t> from,
                     const std::function<void(size_t)>& arrived);
+
+    // Commands on profiles (WalkProfiles.cpp).
+    void OpenSelectedProfile();
+    void AddProfile();
+    void EditProfile();
+    void EditProfileByDoubleClick();
+    void DoubleClickBelowProfiles();
+    void DeleteProfile();
+    void EditOpenedProfile(const std::function<void()>& gesture);
+
+    // In the profile editor (WalkProfileEditor.cpp). The finished profile, nothing when the user gave up.
+    std::optional<Profile> RunProfileEditor(const Profile& profile, const std::function<void()>& open);
+    void CompareProfileForm(const ProfileForm& form);
+    void ChangeProfileForm(ProfileForm& form);
+    void TypeProfileName(ProfileForm& form);
+    void TypeTimeout(ProfileForm& form);
+    void TypePeriod(ProfileForm& form);
+    void StepPeriod(ProfileForm& form);
+    void SwitchSetting(ProfileForm& form);
+    void SwitchTimeStamps(ProfileForm& form);
+    void TypeServer(ProfileForm& form);
+    void SwitchOption(ProfileForm& form);
+    void SelectStoreProfile(ProfileForm& form);
+    void AttachStoreProfile(ProfileForm& form);
+    void DetachStoreProfile(ProfileForm& form);
+    std::optional<Profile> LeaveProfileEditor(ProfileForm& form);
 
     // Commands on rules (WalkRules.cpp).
     void AddRule();

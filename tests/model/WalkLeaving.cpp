@@ -35,9 +35,9 @@ void Walk::SaveAndExit() {
             user_.Press(Key::Enter);
         };
     };
-    const std::vector<std::function<void()>> ways{ClickElsewhere(ui::IdOk),
-                                                  pressEnterIn(id::Search, Place::Search),
-                                                  pressEnterIn(id::Rules, Place::Rules)};
+    std::vector<std::function<void()>> ways{ClickElsewhere(ui::IdOk),
+                                            pressEnterIn(id::Search, Place::Search)};
+    if (model_.ShowsProfile()) ways.push_back(pressEnterIn(id::Rules, Place::Rules));
     dice_.Pick(ways)();
     model_.Save();
 }

@@ -1,0 +1,81 @@
+// The walk's commands on profiles.
+#include <gtest/gtest.h>
+
+#include "tests/app/MainWindow.h"
+#include "tests/model/Walk.h"
+
+namespace tests::model {
+namespace {
+
+constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
+constexpr uint32_t exclamation = ui::box::Ok | ui::box::ExclamationIcon;
+constexpr wchar_t caption[] = L"ZEMA AC QLD Service - configuration";
+
+constexpr int openCommand = 32809;  // of no menu item
+
+}  // namespace
+
+// Neither way is one that a user finds: the button is hidden, and no menu item carries the command.
+void Walk::OpenSelectedProfile() {
+    if (dice_.Chance(50)) {
+        user_.Top().UserChoseMenu(openCommand);
+    } else {
+        user_.Get<ui::Button>(id::OpenProfile).UserClicked();
+    }
+    model_.OpenProfile();
+}
+
+void Walk::AddProfile() {
+    const auto open = ButtonOrMenu(1031, 32808);
+    model_.WindowOpens();
+    if (const auto profile = RunProfileEditor(Profile(), open)) model_.AddProfile(*profile);
+}
+
+void Walk::EditOpenedProfile(const std::function<void()>& gesture) {
+    model_.WindowOpens();
+    if (model_.Opened() == nullptr) return gesture();
+    const Profile opened = *model_.Opened();
+    if (const auto edited = RunProfileEditor(opened, gesture)) model_.ReplaceProfile(*edited);
+}
+
+void Walk::EditProfile() {
+    EditOpenedProfile(ButtonOrMenu(1032, 32810));
+}
+
+void Walk::EditProfileByDoubleClick() {
+    const size_t row = dice_.Below(model_.ProfileNames().size());
+    model_.MoveKeyboard(Place::Profiles);
+    model_.SelectProfile(row);
+    model_.OpenProfile();
+    EditOpenedProfile([this, row] { user_.DoubleClickRow(id::Profiles, row); });
+}
+
+// Also without a profile shown: the name that is still the opened one is edited then.
+void Walk::DoubleClickBelowProfiles() {
+    model_.MoveKeyboard(Place::Profiles);
+    model_.SelectProfile(std::nullopt);
+    EditOpenedProfile([this] {
+        user_.ClickBelowRows(id::Profiles);
+        user_.Get<ui::ListView>(id::Profiles).UserDoubleClicked({});
+    });
+}
+
+void Walk::DeleteProfile() {
+    const auto gesture = ButtonOrMenu(1033, 32814);
+    if (!model_.SelectedProfile()) return gesture();
+    const int answer = dice_.Chance(60) ? ui::IdYes : ui::IdNo;
+    const bool isLast = model_.ProfileNames().size() == 1;
+    user_.ExpectBox(L"Delete profile '" + model_.OpenedName() + L"'?", question, answer, caption);
+    if (answer == ui::IdYes && isLast)
+        user_.ExpectBox(L"Last profile cannot be deleted.", exclamation, ui::IdOk, caption);
+    gesture();
+    model_.WindowOpens();
+    if (answer == ui::IdNo || isLast) return;
+    model_.DeleteProfile();
+    // What had the keyboard may be disabled now; where it goes is the system's business.
+    if (user_.Get<ui::ListView>(id::Profiles).HasFocus()) return model_.KeyboardWentTo(Place::Profiles);
+    const bool inSearch = user_.Get<ui::Edit>(id::Search).HasFocus();
+    model_.KeyboardWentTo(inSearch ? Place::Search : Place::Elsewhere);
+}
+
+}  // namespace tests::model
