@@ -56,6 +56,14 @@ class RemoteItem {
     RemoteItem(const RemoteItem&) = delete;
     RemoteItem& operator=(const RemoteItem&) = delete;
 
+    void Select(HWND list, int row) const {
+        LVITEMW item{};
+        item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+        SetState(list, -1, item);
+        item.state = item.stateMask;
+        SetState(list, row, item);
+    }
+
     std::wstring Cell(HWND list, int row, int column) const {
         constexpr size_t textOffset = 256;
         std::wstring text(1024, L'\0');
@@ -73,19 +81,24 @@ class RemoteItem {
     }
 
   private:
+    void SetState(HWND list, int row, const LVITEMW& item) const {
+        WriteProcessMemory(process_, memory_, &item, sizeof item, nullptr);
+        SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory_));
+    }
+
     HANDLE process_;
     char* memory_;
 };
 
 }  // namespace
 
-Editor::Editor() {
-    std::wstring command = L"brisgate.exe";
+Editor::Editor(const std::wstring& program) {
+    std::wstring command = L"\"" + program + L"\"";
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &process_))
-        throw std::runtime_error("brisgate.exe does not start");
+        throw std::runtime_error("the editor does not start");
 }
 
 Editor::~Editor() {
@@ -142,6 +155,28 @@ std::vector<std::vector<std::wstring>> Editor::Rows(HWND window, int listId, int
         for (int column = 0; column < columns; ++column)
             rows[row].push_back(item.Cell(list, static_cast<int>(row), column));
     return rows;
+}
+
+void Editor::SelectRow(HWND window, int listId, int row) const {
+    RemoteItem(process_.hProcess).Select(GetDlgItem(window, listId), row);
+}
+
+bool Editor::WaitForRows(HWND window, int listId, int count) const {
+    const HWND list = GetDlgItem(window, listId);
+    return WaitUntil([&] { return SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) == count; });
+}
+
+bool Editor::WaitUntilGone(HWND window) const {
+    return WaitUntil([window] { return IsWindow(window) == FALSE; });
+}
+
+bool Editor::WaitUntil(const std::function<bool()>& holds) const {
+    const ULONGLONG end = GetTickCount64() + patience;
+    while (!holds()) {
+        if (GetTickCount64() > end || WaitForSingleObject(process_.hProcess, 20) == WAIT_OBJECT_0)
+            return false;
+    }
+    return true;
 }
 
 }  // namespace tests

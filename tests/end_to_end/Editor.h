@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,8 @@ namespace tests {
 
 class Editor {
   public:
-    Editor();   // starts the program
+    // Starts the program: the released one, or a copy elsewhere.
+    explicit Editor(const std::wstring& program = L"brisgate.exe");
     ~Editor();  // ends the process if it is still running
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
@@ -23,15 +25,23 @@ class Editor {
     // The message box (a window with the program's title that holds no rule list).
     HWND WaitForBox() const;
     bool WaitForEnd() const;
+    bool WaitUntilGone(HWND window) const;
 
     // Presses a button of the window and returns at once.
     static void Press(HWND window, int id);
     static std::wstring TextOf(HWND window, int id);
     static std::wstring BoxText(HWND box);
+    // Selects one row of a list and no other.
+    void SelectRow(HWND window, int listId, int row) const;
+    // Waits until the list has so many rows.
+    bool WaitForRows(HWND window, int listId, int count) const;
     // Every cell of a list in the program, row by row.
     std::vector<std::vector<std::wstring>> Rows(HWND window, int listId, int columns) const;
 
   private:
+    // False after ten seconds, or when the program has ended.
+    bool WaitUntil(const std::function<bool()>& holds) const;
+
     PROCESS_INFORMATION process_{};
 };
 

@@ -56,6 +56,10 @@ void DialogWindow::OpenModeless(HWND owner) {
     unattended_ = true;
     ShowWindow(window, SW_SHOW);
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW | RDW_ALLCHILDREN);
+    // The caller may be about to keep the thread busy for long. What has been drawn is sure to reach the
+    // display once the queue has been looked at.
+    MSG unused{};
+    PeekMessageW(&unused, nullptr, WM_NULL, WM_NULL, PM_NOREMOVE);
 }
 
 void DialogWindow::Fail(std::exception_ptr exception) {

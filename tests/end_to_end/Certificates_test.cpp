@@ -1,0 +1,164 @@
+// The released program beside the stand-in library: recipients chosen from the local store arrive in the
+// registry. Program and library are copied into a folder of their own for that.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "demo/RegistryText.h"
+#include "platform/win32/Win32CryptoLibrary.h"
+#include "platform/win32/Win32Registry.h"
+#include "tests/end_to_end/Editor.h"
+
+namespace tests {
+namespace {
+
+namespace fs = std::filesystem;
+using platform::RootKey;
+
+constexpr wchar_t serviceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
+constexpr wchar_t libraryRoot[] = L"SOFTWARE\\TALVERON\\morcel";
+
+constexpr int ruleList = 1030, editRule = 1024;
+constexpr int actionButton = 1050, actionField = 1049;
+constexpr int candidateList = 1214, fromLocalStore = 1215, fromLdap = 1217, selectAll = 1218, choose = 1027;
+constexpr int chosenList = 1222;
+constexpr int warningText = 1160;
+
+// Where programs look for a library that they must not look for, for as long as the object lives.
+class SearchedFolder {
+  public:
+    explicit SearchedFolder(const fs::path& folder) : before_(fs::current_path()), path_(32768, L'\0') {
+        path_.resize(GetEnvironmentVariableW(L"PATH", path_.data(), static_cast<DWORD>(path_.size())));
+        fs::current_path(folder);
+        SetEnvironmentVariableW(L"PATH", (folder.wstring() + L";" + path_).c_str());
+    }
+    ~SearchedFolder() {
+        SetEnvironmentVariableW(L"PATH", path_.c_str());
+        fs::current_path(before_);
+    }
+    SearchedFolder(const SearchedFolder&) = delete;
+    SearchedFolder& operator=(const SearchedFolder&) = delete;
+
+  private:
+    const fs::path before_;
+    std::wstring path_;
+};
+
+class CertificatesTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        fs::remove_all(folder_);
+        fs::create_directories(folder_ / L"files");
+        fs::copy_file(fs::path(platform::win32::ProgramFolder()) / L"brisgate.exe", program_);
+        fs::copy_file(fs::path(platform::win32::ProgramFolder()) / L"demo" / L"morcel1.dll",
+                      folder_ / L"morcel1.dll");
+        Serve(
+            "local | 1C | 01 | CN=Anna,C=DE\nlocal | 1C | 02 | CN=Boris,C=RU\nnetwork | 1C | 03 | CN=Far\n");
+        Clear();
+        demo::ApplyRegistryText(Configuration(), registry_);
+    }
+    void TearDown() override {
+        Clear();
+        fs::remove_all(folder_);
+    }
+
+    void Serve(const char* owners) { std::ofstream(folder_ / L"stand-in-owners.txt") << owners; }
+    void Clear() {
+        demo::DeleteRegistryTree(registry_, RootKey::LocalMachine, serviceRoot);
+        demo::DeleteRegistryTree(registry_, RootKey::CurrentUser, libraryRoot);
+    }
+    std::string Dump() { return demo::DumpRegistryKey(registry_, RootKey::LocalMachine, serviceRoot); }
+
+    // One rule that encrypts for somebody; its folders exist.
+    std::string Configuration() const {
+        const std::string files = (folder_ / L"files").string();
+        return "[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles\\1]\n"
+               "ProfileName = \"Office\"\nBasePath = \"C:\\Keys\"\n"
+               "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Alpha]\n"
+               "ZCSProfile = { \"Office\" }\nNotUseLDAP = { \"0\" }\nCrlUpdatePeriod = { \"6\" }\n"
+               "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Alpha\\rules\\Rule 0]\n"
+               "Operation = \"ENCR\"\nZCSProfile = \"Office\"\nMask num = 1\nM0 = \"*.txt\"\n"
+               "Path In = \"" +
+               files + "\"\nPath Out = \"" + files + "\"\nPath Error = \"" + files +
+               "\"\n"
+               "Ext num = 1\nC0 = \"CN=Boris,C=RU\"\n";
+    }
+    // The rule editor, opened on the only rule.
+    HWND OpenRule(const Editor& editor) const {
+        const HWND window = editor.MainWindow();
+        if (window == nullptr) return nullptr;
+        editor.SelectRow(window, ruleList, 0);
+        Editor::Press(window, editRule);
+        return editor.WaitForWindow(L"Edit rule");
+    }
+
+    const fs::path folder_ = fs::path(platform::win32::ProgramFolder()) / L"beside-stand-in";
+    const fs::path program_ = folder_ / L"brisgate.exe";
+    platform::win32::Win32Registry registry_;
+};
+
+TEST_F(CertificatesTest, RecipientsFromTheLocalStoreArriveInTheRegistry) {
+    const Editor editor(program_.wstring());
+    const HWND rule = OpenRule(editor);
+    ASSERT_NE(rule, nullptr);
+    EXPECT_EQ(Editor::TextOf(rule, actionField), L"1");
+    Editor::Press(rule, actionButton);
+    const HWND picker = editor.WaitForWindow(L"Add recipients");
+    ASSERT_NE(picker, nullptr);
+    EXPECT_TRUE(IsWindowEnabled(GetDlgItem(picker, fromLdap)));
+    Editor::Press(picker, fromLocalStore);
+    ASSERT_TRUE(editor.WaitForRows(picker, candidateList, 2));
+    Editor::Press(picker, selectAll);
+    Editor::Press(picker, choose);
+    ASSERT_TRUE(editor.WaitForRows(picker, chosenList, 2));
+    const std::vector<std::vector<std::wstring>> chosen{{L"CN=Boris,C=RU"}, {L"CN=Anna,C=DE"}};
+    EXPECT_EQ(editor.Rows(picker, chosenList, 1), chosen);
+    Editor::Press(picker, IDOK);
+    ASSERT_TRUE(editor.WaitUntilGone(picker));
+    EXPECT_EQ(Editor::TextOf(rule, actionField), L"2");
+    Editor::Press(rule, IDOK);
+    ASSERT_TRUE(editor.WaitUntilGone(rule));
+    Editor::Press(editor.MainWindow(), IDOK);
+    EXPECT_TRUE(editor.WaitForEnd());
+    const std::string saved = Dump();
+    for (const char* line : {"Ext num = 2\n", "C0 = \"CN=Boris,C=RU\"\n", "C1 = \"CN=Anna,C=DE\"\n",
+                             "LastCrlUpdate = { \"Office;;"})
+        EXPECT_NE(saved.find(line), std::string::npos) << line << saved;
+}
+
+TEST_F(CertificatesTest, WhatTheLibraryHasToSayOfAFailureIsShown) {
+    Serve("this makes no sense\n");
+    const Editor editor(program_.wstring());
+    const HWND rule = OpenRule(editor);
+    ASSERT_NE(rule, nullptr);
+    Editor::Press(rule, actionButton);
+    const HWND warning = editor.WaitForWindow(L"Warning:");
+    ASSERT_NE(warning, nullptr);
+    const std::wstring text = Editor::TextOf(warning, warningText);
+    EXPECT_TRUE(text.starts_with(L"Cryptocontext initialization.\r\nKSEAL error 0x20000001 - "))
+        << text.size();
+    EXPECT_NE(text.find(L"KSEAL stek, error number 1\r\nError: line 1: "), std::wstring::npos);
+    Editor::Press(warning, IDCANCEL);
+    EXPECT_TRUE(editor.WaitUntilGone(warning));
+    EXPECT_EQ(Editor::TextOf(rule, actionField), L"1");
+}
+
+TEST_F(CertificatesTest, ALibraryInTheCurrentFolderOrOnThePathIsNotTaken) {
+    const fs::path elsewhere = folder_ / L"files";
+    fs::rename(folder_ / L"morcel1.dll", elsewhere / L"morcel1.dll");
+    const SearchedFolder searched(elsewhere);
+    const Editor editor(program_.wstring());
+    const HWND rule = OpenRule(editor);
+    ASSERT_NE(rule, nullptr);
+    Editor::Press(rule, actionButton);
+    const HWND warning = editor.WaitForWindow(L"Warning:");
+    ASSERT_NE(warning, nullptr);
+    EXPECT_TRUE(
+        Editor::TextOf(warning, warningText).starts_with(L"Cryptocontext initialization.\r\nError 0x7E - "));
+}
+
+}  // namespace
+}  // namespace tests
