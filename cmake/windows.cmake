@@ -1,8 +1,12 @@
 # The program is built small; what works through long lists in memory is built fast. What waits for the user or for the
 # registry is not faster for it.
-file(GLOB fast_sources CONFIGURE_DEPENDS text/*.cpp crypto/*.cpp certs/*.cpp config/*.cpp)
+file(GLOB fast_sources CONFIGURE_DEPENDS text/*.cpp config/*.cpp)
 list(FILTER fast_sources EXCLUDE REGEX "/config/(Load|Save)[^/]*$")
-list(APPEND fast_sources app/RuleCommands.cpp app/RuleList.cpp app/RuleTexts.cpp ui/Choices.cpp ui/ListView.cpp)
+foreach(name Candidates ChosenNames FieldTable GroupsText KeySort NameParts NameRows OwnerSearch)
+    list(APPEND fast_sources certs/${name}.cpp)
+endforeach()
+list(APPEND fast_sources crypto/FindResult.cpp crypto/LibrarySearch.cpp crypto/NameList.cpp app/RuleCommands.cpp
+     app/RuleList.cpp app/RuleTexts.cpp ui/Choices.cpp ui/ListView.cpp)
 set_source_files_properties(${fast_sources} PROPERTIES COMPILE_OPTIONS -O2 SKIP_PRECOMPILE_HEADERS ON)
 
 # The Windows back ends and the product itself.

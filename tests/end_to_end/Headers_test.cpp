@@ -106,8 +106,9 @@ TEST_F(HeadersTest, NoSectionCanBeWrittenAndRun) {
 
 // Any other library could be put beside the program by someone who may write there but is no administrator.
 TEST_F(HeadersTest, ImportsOnlyWhatIsAlwaysTakenFromTheSystemFolder) {
-    const std::set<std::string> known{"advapi32.dll", "comdlg32.dll", "gdi32.dll",   "kernel32.dll",
-                                      "msvcrt.dll",   "ole32.dll",    "shell32.dll", "user32.dll"};
+    const std::set<std::string> known{"advapi32.dll", "comdlg32.dll", "gdi32.dll",
+                                      "kernel32.dll", "msvcrt.dll",   "ole32.dll",
+                                      "shell32.dll",  "shlwapi.dll",  "user32.dll"};
     const std::set<std::string> imported = ImportedLibraries();
     EXPECT_FALSE(imported.empty());
     for (const std::string& name : imported) EXPECT_TRUE(known.contains(name)) << name;
