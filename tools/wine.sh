@@ -36,9 +36,8 @@ start_display() {
     rm -f "$number_file"
 }
 
-# end_wine: ends the prefix's processes and the display, if this command started them.
+# end_wine: ends the prefix's processes and the display, if this command started them and they still run.
 end_wine() {
-    [ -n "${WINEPREFIX:-}" ] && wineserver -k 2>/dev/null
-    [ -n "${display_process:-}" ] && kill "$display_process" 2>/dev/null
-    return 0
+    if [ -n "${WINEPREFIX:-}" ]; then wineserver -k 2>/dev/null || true; fi
+    if [ -n "${display_process:-}" ]; then kill "$display_process" 2>/dev/null || true; fi
 }
