@@ -8,9 +8,6 @@ namespace tests {
 namespace {
 
 using demo::StandInCall;
-
-constexpr uint32_t okOrCancel = 0x31;
-constexpr uint32_t report = ui::box::Ok | ui::box::ErrorIcon;
 constexpr char probe[] = "FindCert 0xE04 scope 0 \"CN=QQQ,C=RU\" fields 4";
 
 class CertificateFailures : public CertificateJourney {
@@ -99,7 +96,7 @@ class SilentNetwork : public CertificateFailures {
         user_.ExpectBox(
             L"The network store of the stand-in library does not answer (0x20000003).\r\n"
             L"Continue without LDAP?",
-            okOrCancel, answer);
+            boxes::OkOrCancel, answer);
     }
 };
 
@@ -144,7 +141,7 @@ class FailingCrl : public CertificateFailures {
         user_.ExpectBox(
             L"The stand-in library has not loaded the revocation lists (0x20000004).\r\n"
             L"Continue without loading CRL?",
-            okOrCancel, answer);
+            boxes::OkOrCancel, answer);
     }
 };
 
@@ -180,12 +177,12 @@ TEST_F(CertificateFailures, ASearchThatFailsKeepsThePickerOpen) {
             user_.ExpectBox(
                 L"Searching of all certificate in local store.\r\n"
                 L"KSEAL error 0x20000010 - It failed.",
-                report, ui::IdOk);
+                boxes::Report, ui::IdOk);
             AddFromLocalStore();
             user_.ExpectBox(
                 L"Searching for certificate CN=Anna Keller,O=Kontor,C=DE.\r\n"
                 L"KSEAL error 0x20000010 - It failed.",
-                report, ui::IdOk);
+                boxes::Report, ui::IdOk);
             user_.Click(ui::IdOk);
             EXPECT_EQ(Chosen().size(), 2U);
             EXPECT_EQ(screen_.boxOwners, (std::vector<const ui::Dialog*>(2, &user_.Top())));

@@ -35,7 +35,6 @@ class CertificateJourney : public CryptoTest {
     using Script = std::function<void()>;
 
     static constexpr wchar_t Title[] = L"ZEMA AC QLD Service - configuration";
-    static constexpr uint32_t Exclamation = ui::box::Ok | ui::box::ExclamationIcon;
 
     CertificateJourney();
 

@@ -11,8 +11,6 @@ constexpr wchar_t ivan[] = L"CN=Ivan Orlov,O=Bank,C=RU";
 constexpr wchar_t ivana[] = L"CN=Ivana Horvat,O=Jadran,C=HR";
 constexpr wchar_t guest[] = L"CN=Guest,O=Elsewhere";
 
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-
 class RecipientsJourney : public CertificateJourney {
   protected:
     RecipientsJourney() {
@@ -34,7 +32,7 @@ class RecipientsJourney : public CertificateJourney {
         EXPECT_EQ(Candidates(), (Names{clara, anna, boris}));
         Check({clara, boris});
         SaveGroup(Path(L"kept.grx"));
-        user_.ExpectBox(L"Delete all list items?", question, ui::IdYes, Title);
+        user_.ExpectBox(L"Delete all list items?", boxes::Question, ui::IdYes, Title);
         user_.Click(deleteAll);
         EXPECT_EQ(Candidates(), Names{});
         SearchLdap(0, L"ivan*");
@@ -64,7 +62,7 @@ class RecipientsJourney : public CertificateJourney {
     void ExpectQuestionForTheGuest(int answer) {
         user_.ExpectBox(
             std::wstring(L"No certificates found for user ") + guest + L".\r\nContinue to check other users?",
-            question, answer, Title);
+            boxes::Question, answer, Title);
     }
 };
 
@@ -137,7 +135,7 @@ class SignersJourney : public CertificateJourney {
         return rows;
     }
     void Refused(const std::wstring& warning) {
-        user_.ExpectBox(warning, Exclamation, ui::IdOk, Title);
+        user_.ExpectBox(warning, boxes::Hint, ui::IdOk, Title);
         user_.Click(ui::IdOk);
     }
 
@@ -214,7 +212,7 @@ TEST_F(SignersJourney, TwoListsThatShareNobodyIntoTheRegistryAndBack) {
                 L"CN=Ivan Orlov,O=Bank,C=RU",
                 ui::Icon::Information, L"Signer list");
             user_.DoubleClickRow(signersid::List, 1);
-            user_.ExpectBox(L"Delete 1 list(s)?", question, ui::IdYes, Title);
+            user_.ExpectBox(L"Delete 1 list(s)?", boxes::Question, ui::IdYes, Title);
             user_.Click(signersid::Delete);
             EXPECT_EQ(Lists(), (std::vector<Names>{{L"bosses", L"2"}}));
             user_.Click(ui::IdCancel);

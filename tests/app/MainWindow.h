@@ -22,6 +22,8 @@ inline constexpr int OpenProfile = 1053;
 inline constexpr int Save = 1000;
 }  // namespace id
 
+inline constexpr wchar_t ServiceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
+
 class MainWindowTest : public WorldTest {
   protected:
     // Two store profiles and the profiles "Alpha" (two attached, four rules, the last one without an

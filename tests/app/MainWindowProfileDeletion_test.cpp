@@ -53,7 +53,7 @@ TEST_F(MainWindowProfileDeletion, DeletingTheOnlyProfileAsksAndThenRefuses) {
         ExpectDeleteQuestion(L"Beta", ui::IdNo);
         user_.Click(id::DeleteProfile);
         ExpectDeleteQuestion(L"Beta", ui::IdYes);
-        user_.ExpectBox(L"Last profile cannot be deleted.", Hint, ui::IdOk, Caption);
+        user_.ExpectBox(L"Last profile cannot be deleted.", boxes::Hint, ui::IdOk, Caption);
         user_.Click(id::DeleteProfile);
         EXPECT_EQ(Profiles(), Texts{L"Beta"});
         EXPECT_EQ(RuleColumn(1), Texts{L"Delete drafts"});
@@ -64,7 +64,7 @@ TEST_F(MainWindowProfileDeletion, DeletingTheOnlyProfileAsksAndThenRefuses) {
     EXPECT_NE(Dump().find("morcelservice\\Beta\\rules\\Rule 0]"), std::string::npos);
     Run([&](CBrisgateDlg&) {
         ExpectDeleteQuestion(L"Beta", ui::IdYes);
-        user_.ExpectBox(L"Last profile cannot be deleted.", Hint, ui::IdOk);
+        user_.ExpectBox(L"Last profile cannot be deleted.", boxes::Hint, ui::IdOk);
         user_.Click(id::DeleteProfile);  // no change
         LeaveUnchanged();
     });

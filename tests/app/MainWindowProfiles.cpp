@@ -30,7 +30,7 @@ void MainWindowProfilesTest::ExpectProfileCommands(const app::CBrisgateDlg& dial
 }
 
 void MainWindowProfilesTest::LeaveChanged() {
-    user_.ExpectBox(L"Some changes has not been saved. Exit without saving?", Question, ui::IdYes);
+    user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
     user_.PressCloseBox();
 }
 

@@ -21,8 +21,6 @@ inline constexpr int AddProfile = 32808, OpenProfile = 32809, EditProfile = 3281
 class MainWindowProfilesTest : public MainWindowTest {
   protected:
     using Texts = std::vector<std::wstring>;
-    static constexpr uint32_t Question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-    static constexpr uint32_t Hint = ui::box::Ok | ui::box::ExclamationIcon;
     static constexpr wchar_t Caption[] = L"ZEMA AC QLD Service - configuration";
     static constexpr int NameField = 1037;  // of the editor
 
@@ -46,7 +44,7 @@ class MainWindowProfilesTest : public MainWindowTest {
     // The editor opens; the user types the name and accepts.
     void ExpectNaming(const std::wstring& name);
     void ExpectDeleteQuestion(const std::wstring& name, int answer) {
-        user_.ExpectBox(L"Delete profile '" + name + L"'?", Question, answer, Caption);
+        user_.ExpectBox(L"Delete profile '" + name + L"'?", boxes::Question, answer, Caption);
     }
     void Delete(const std::wstring& name) {
         ExpectDeleteQuestion(name, ui::IdYes);

@@ -83,7 +83,8 @@ TEST_F(MainWindowProfilesTest, TheEditorKnowsTheNamesOfAllProfiles) {
         ExpectEditor([&](CAddProfile&) {
             for (const wchar_t* taken : {L"Alpha", L"Beta", L"New"}) {
                 user_.Type(NameField, taken);
-                user_.ExpectBox(std::wstring(L"Profile '") + taken + L"' allready exists.", Hint, ui::IdOk);
+                user_.ExpectBox(std::wstring(L"Profile '") + taken + L"' allready exists.", boxes::Hint,
+                                ui::IdOk);
                 user_.Click(ui::IdOk);
             }
             user_.Press(Key::Escape);
@@ -204,7 +205,7 @@ C0 = "CN=Boris"
                 L"Rule(s) '1' of profile 'Alpha' are using sertificates of CS profile 'Office'.\r\n"
                 L"Validation of these rules will be nessesary for proper work.\r\n"
                 L"Delete CS profile 'Office' from list?",
-                Question, ui::IdYes);
+                boxes::Question, ui::IdYes);
             user_.Click(deleteCsProfile);
             user_.Click(ui::IdOk);
         });
@@ -226,7 +227,7 @@ TEST_F(MainWindowProfilesTest, AStoreProfileTakenOutAndAddedAgainWasRemovedForTh
                 L"Rule(s) '1' of profile 'Alpha' are using sertificates of CS profile 'Office'.\r\n"
                 L"Validation of these rules will be nessesary for proper work.\r\n"
                 L"Delete CS profile 'Office' from list?",
-                Question, ui::IdYes);
+                boxes::Question, ui::IdYes);
             user_.Click(deleteCsProfile);
             user_.Expect<editors::CAddCSProfDlg>([this](editors::CAddCSProfDlg&) { user_.Click(ui::IdOk); });
             user_.Click(addCsProfile);

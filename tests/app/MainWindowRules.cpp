@@ -71,7 +71,7 @@ void MainWindowRulesTest::Select(const Rows& rows) {
 }
 
 void MainWindowRulesTest::ExpectLeaveQuestion(int answer) {
-    user_.ExpectBox(L"Some changes has not been saved. Exit without saving?", Question, answer);
+    user_.ExpectBox(boxes::LeaveText, boxes::Question, answer);
 }
 
 void MainWindowRulesTest::LeaveChanged() {

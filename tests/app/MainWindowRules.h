@@ -29,7 +29,6 @@ class MainWindowRulesTest : public MainWindowTest {
   protected:
     using Texts = std::vector<std::wstring>;
     using Rows = std::vector<size_t>;
-    static constexpr uint32_t Question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
 
     void SetUp() override;
     config::Rule RuleNamed(const std::wstring& description) const;

@@ -9,8 +9,6 @@ namespace {
 
 using app::CBrisgateDlg;
 
-constexpr wchar_t serviceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
-
 class MainWindowSizeTest : public MainWindowTest {
   protected:
     int ScrollBar() { return world_->Machine().ScreenMetrics.VerticalScrollBarWidth(user_.Top().Dpi()); }
@@ -95,10 +93,10 @@ TEST_F(MainWindowSizeTest, TheWindowOpensWhereItWasSaved) {
         user_.Click(id::Save);
         user_.PressCloseBox();
     });
-    const int32_t top = StoredInteger(serviceRoot, L"Window_top");
-    const int32_t left = StoredInteger(serviceRoot, L"Window_left");
-    ui::Size saved{StoredInteger(serviceRoot, L"Window_right") - left,
-                   StoredInteger(serviceRoot, L"Window_bottom") - top};
+    const int32_t top = StoredInteger(ServiceRoot, L"Window_top");
+    const int32_t left = StoredInteger(ServiceRoot, L"Window_left");
+    ui::Size saved{StoredInteger(ServiceRoot, L"Window_right") - left,
+                   StoredInteger(ServiceRoot, L"Window_bottom") - top};
     EXPECT_EQ(store_.WriteInteger(L"Window_top", 33, {}), true);
     EXPECT_EQ(store_.WriteInteger(L"Window_left", 44, {}), true);
     EXPECT_EQ(store_.WriteInteger(L"Window_bottom", 33 + saved.height, {}), true);
@@ -107,10 +105,10 @@ TEST_F(MainWindowSizeTest, TheWindowOpensWhereItWasSaved) {
         EXPECT_EQ(user_.OuterSize(), saved);
         user_.Click(ui::IdOk);
     });
-    EXPECT_EQ(StoredInteger(serviceRoot, L"Window_top"), 33);
-    EXPECT_EQ(StoredInteger(serviceRoot, L"Window_left"), 44);
-    EXPECT_EQ(StoredInteger(serviceRoot, L"Window_bottom"), 33 + saved.height);
-    EXPECT_EQ(StoredInteger(serviceRoot, L"Window_right"), 44 + saved.width);
+    EXPECT_EQ(StoredInteger(ServiceRoot, L"Window_top"), 33);
+    EXPECT_EQ(StoredInteger(ServiceRoot, L"Window_left"), 44);
+    EXPECT_EQ(StoredInteger(ServiceRoot, L"Window_bottom"), 33 + saved.height);
+    EXPECT_EQ(StoredInteger(ServiceRoot, L"Window_right"), 44 + saved.width);
 }
 
 TEST_F(MainWindowSizeTest, AWindowSavedAtTheTopOrLeftEdgeOpensAtItsDefaultPlace) {

@@ -13,9 +13,6 @@ namespace {
 
 using app::CBrisgateDlg;
 using Texts = std::vector<std::wstring>;
-
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-constexpr wchar_t leaveQuestion[] = L"Some changes has not been saved. Exit without saving?";
 constexpr wchar_t alphaRule0[] = L"SOFTWARE\\TALVERON\\morcelservice\\Alpha\\rules\\Rule 0";
 const std::set<int> needsProfile{1023, 1037, 1024, 1025, 1026, 1027, 1028, 1029,
                                  1032, 1033, 1034, 1035, 1041, 1042, 1030};
@@ -137,7 +134,7 @@ TEST_F(MainWindowTest, AClickOnAProfileOpensIt) {
         EXPECT_EQ(RuleColumn(1), Texts{L"Delete drafts"});
         user_.ClickRow(id::Profiles, 0);
         EXPECT_EQ(RuleColumn(0), (Texts{L"1", L"2", L"3"}));
-        user_.PressCloseBox();  // opening is no change: no question
+        user_.PressCloseBox();  // opening is no change: no boxes::Question
     });
 }
 
@@ -189,7 +186,7 @@ TEST_F(MainWindowTest, ARightClickUnderASearchTellsTheRuleThatTheRowShows) {
         });
         user_.RightClickCell(id::Rules, 0, 8);
         // The list was left with rows that stand for other rules than those at their positions.
-        user_.ExpectBox(leaveQuestion, question, ui::IdYes);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
         user_.PressCloseBox();
     });
 }
@@ -254,11 +251,11 @@ TEST_F(MainWindowTest, SwitchingARuleOffCountsAsAChangeOnceTheListIsLeft) {
         user_.ClickCheckBox(id::Rules, 0);
         EXPECT_FALSE(user_.Get<ui::ListView>(id::Rules).IsChecked(0));
         user_.Click(id::Search);
-        user_.ExpectBox(leaveQuestion, question, ui::IdNo);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdNo);
         user_.Click(ui::IdCancel);
         EXPECT_TRUE(dialog.IsOpen());
         EXPECT_FALSE(user_.Get<ui::ListView>(id::Rules).IsChecked(0));
-        user_.ExpectBox(leaveQuestion, question, ui::IdYes);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
         user_.Press(Key::Escape);
     });
     EXPECT_EQ(result, ui::IdCancel);
@@ -307,7 +304,7 @@ TEST_F(MainWindowTest, SaveAndExitAsksAfterASaveThatFailedEarly) {
                 L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice.\r\nError "
                 L"0x5 - ",
                 ui::box::ErrorIcon, ui::IdOk);
-            user_.ExpectBox(leaveQuestion, question, answer);
+            user_.ExpectBox(boxes::LeaveText, boxes::Question, answer);
             user_.Click(ui::IdOk);
         }
     });

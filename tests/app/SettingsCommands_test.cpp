@@ -14,8 +14,6 @@ using settings::CConflictDlg;
 constexpr int logPathButton = 1022;
 constexpr int logPathCommand = 32787;
 constexpr int configurationsCommand = 32822;
-constexpr wchar_t serviceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
-
 class SettingsCommandsTest : public SettingsTest {
   protected:
     void SetUp() override { SeedSmallConfiguration(); }
@@ -35,13 +33,13 @@ class SettingsCommandsTest : public SettingsTest {
     }
     std::wstring Stored(const std::wstring& name) {
         std::wstring text;
-        EXPECT_EQ(store_.Open(platform::RootKey::LocalMachine, serviceRoot), 0U);
+        EXPECT_EQ(store_.Open(platform::RootKey::LocalMachine, ServiceRoot), 0U);
         EXPECT_EQ(store_.ReadString(name, text, {}), config::ReadOutcome::Value);
         return text;
     }
     Texts StoredList(const std::wstring& name) {
         Texts texts;
-        EXPECT_EQ(store_.Open(platform::RootKey::LocalMachine, serviceRoot), 0U);
+        EXPECT_EQ(store_.Open(platform::RootKey::LocalMachine, ServiceRoot), 0U);
         EXPECT_TRUE(store_.ReadStringList(name, texts, nullptr));
         return texts;
     }
@@ -64,7 +62,7 @@ TEST_F(SettingsCommandsTest, LogSettingsAreTakenOverSavedAndLoadedAgain) {
             user_.PressCloseBox();
         });
         EXPECT_EQ(Stored(L"LogPath"), folder);
-        EXPECT_EQ(StoredInteger(serviceRoot, L"Log filesize"), byMenu ? 401 : 5000);
+        EXPECT_EQ(StoredInteger(ServiceRoot, L"Log filesize"), byMenu ? 401 : 5000);
         RunMain([&](CBrisgateDlg&) {
             ExpectLogSettings([&](CConflictDlg&) {
                 EXPECT_EQ(user_.Text(logid::Path), folder);
@@ -129,7 +127,7 @@ TEST_F(SettingsCommandsTest, AStoredSizeThatIsTooSmallOpensAs400) {
         user_.Click(logPathButton);
         user_.Click(ui::IdOk);
     });
-    EXPECT_EQ(StoredInteger(serviceRoot, L"Log filesize"), 400);
+    EXPECT_EQ(StoredInteger(ServiceRoot, L"Log filesize"), 400);
 }
 
 TEST_F(SettingsCommandsTest, ExtensionsAreTakenOverSavedAndLoadedAgain) {

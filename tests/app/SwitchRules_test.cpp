@@ -136,7 +136,7 @@ TEST_F(MainWindowSwitches, WithoutAnOpenedProfileThereIsNothingToSwitch) {
     rules_[2].IsOn = 2;
     Run([&] {
         user_.ClickRow(id::Profiles, 1);
-        user_.ExpectBox(L"Delete profile 'Beta'?", Question, ui::IdYes);
+        user_.ExpectBox(L"Delete profile 'Beta'?", boxes::Question, ui::IdYes);
         user_.Click(deleteProfile);
         EXPECT_EQ(user_.Text(id::ProfileLabel), L"Profile: ");
         List().UserLeft();

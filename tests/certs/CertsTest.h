@@ -60,8 +60,6 @@ class PickerNotes final : public ui::Screen {
 
 class CertsTest : public ExchangeTest {
   protected:
-    static constexpr uint32_t Exclamation = ui::box::Ok | ui::box::ExclamationIcon;
-    static constexpr uint32_t Question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
     static constexpr wchar_t Title[] = L"ZEMA AC QLD Service - configuration";
     using Script = std::function<void(certs::CPreEncryptDlg&)>;
 
@@ -100,9 +98,9 @@ class CertsTest : public ExchangeTest {
     void Check(int list, const std::vector<size_t>& rows) {
         for (const size_t row : rows) user_.ClickCheckBox(list, row);
     }
-    void ExpectWarning(const std::wstring& text) { user_.ExpectBox(text, Exclamation, ui::IdOk, Title); }
+    void ExpectWarning(const std::wstring& text) { user_.ExpectBox(text, boxes::Hint, ui::IdOk, Title); }
     void ExpectQuestion(const std::wstring& text, int answer) {
-        user_.ExpectBox(text, Question, answer, Title);
+        user_.ExpectBox(text, boxes::Question, answer, Title);
     }
     // The report of a failed step; what the system says of the code follows.
     void ExpectReport(const std::wstring& operation, platform::Win32Code code) {

@@ -11,18 +11,18 @@
 
 namespace {
 
-constexpr uint32_t seed = 20250117;
+constexpr uint32_t modelSeed = 20250117;
 constexpr int rounds = 40;
 
 class RoundTrip : public tests::ConfigTest {
   protected:
     void SetUp() override { SeedTrees(tests::GoldenLibrary + tests::Key(tests::ServiceKey)); }
-    tests::RandomModel random_{seed};
+    tests::RandomModel random_{modelSeed};
 };
 
 TEST_F(RoundTrip, RandomConfigurationsSavedOneOverTheOther) {
     for (int round = 0; round < rounds; ++round) {
-        SCOPED_TRACE("seed " + std::to_string(seed) + ", round " + std::to_string(round));
+        SCOPED_TRACE("modelSeed " + std::to_string(modelSeed) + ", round " + std::to_string(round));
         const config::Configuration configuration = random_.Next();
         ASSERT_TRUE(Save(configuration));
         ASSERT_EQ(Load(), configuration);
@@ -31,7 +31,7 @@ TEST_F(RoundTrip, RandomConfigurationsSavedOneOverTheOther) {
 
 TEST_F(RoundTrip, RulesWithoutOperationAreLeftOut) {
     for (int round = 0; round < rounds / 4; ++round) {
-        SCOPED_TRACE("seed " + std::to_string(seed) + ", round " + std::to_string(round));
+        SCOPED_TRACE("modelSeed " + std::to_string(modelSeed) + ", round " + std::to_string(round));
         config::Configuration configuration = random_.Next();
         for (config::ServiceProfile& profile : configuration.Profiles)
             for (size_t i = 0; i < profile.Rules.size(); i += 3) profile.Rules[i].Operation.clear();
@@ -49,7 +49,7 @@ TEST_F(RoundTrip, SavingTheSameAgainChangesNothing) {
         const auto first = Load();
         ASSERT_TRUE(first);
         ASSERT_TRUE(Save(*first));
-        ASSERT_EQ(Load(), first) << "seed " << seed << ", round " << round;
+        ASSERT_EQ(Load(), first) << "modelSeed " << modelSeed << ", round " << round;
     }
 }
 

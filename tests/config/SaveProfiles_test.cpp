@@ -52,10 +52,10 @@ class SaveProfiles : public tests::ConfigTest {
     // The last parts of the targets of these calls directly below the service's key.
     Names Targets(RegistryCall kind) {
         Names names;
-        const std::wstring service = L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\";
+        const std::wstring below = L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\";
         for (const auto& call : Registry().Calls()) {
-            if (call.call != kind || !call.target.starts_with(service)) continue;
-            const std::wstring name = call.target.substr(service.size());
+            if (call.call != kind || !call.target.starts_with(below)) continue;
+            const std::wstring name = call.target.substr(below.size());
             if (name.find(L'\\') == std::wstring::npos) names.push_back(name);
         }
         return names;

@@ -7,8 +7,6 @@ namespace {
 using demo::StandInCall;
 using Calls = std::vector<std::string>;
 
-constexpr uint32_t report = 0x10;
-
 TEST_F(LibrarySearchTest, AllLocalNamesComeInTheirOrderAndOnce) {
     ServeLocal({{.OwnerName = "CN=Ivan Petrov"},
                 {.OwnerName = "CN=Anna"},
@@ -142,20 +140,20 @@ TEST_F(LibrarySearchTest, FailuresAreReportedAndReleaseNothing) {
         user_.ExpectBox(
             L"Searching of all certificate in local store.\r\n"
             L"KSEAL error 0x20000010 - It failed.",
-            report, ui::IdOk);
+            boxes::Report, ui::IdOk);
     }));
     EXPECT_TRUE(names_.IsEmpty());
     EXPECT_EQ(library_.Calls().size(), 1U);
     EXPECT_FALSE(FindByName(L"CN=100%s", [this] {
-        user_.ExpectBox(L"Searching for certificate CN=100%s.\r\nKSEAL error 0x20000010 - It failed.", report,
-                        ui::IdOk);
+        user_.ExpectBox(L"Searching for certificate CN=100%s.\r\nKSEAL error 0x20000010 - It failed.",
+                        boxes::Report, ui::IdOk);
     }));
     EXPECT_TRUE(certificates_.Texts.empty());
     EXPECT_TRUE(certificates_.Serials.empty());
     EXPECT_EQ(library_.Calls().size(), 1U);
     names_.Add(L"from before");
     EXPECT_FALSE(FindOwners(L"*", [this] {
-        user_.ExpectBox(L"Searching for certificate *.\r\nKSEAL error 0x20000010 - It failed.", report,
+        user_.ExpectBox(L"Searching for certificate *.\r\nKSEAL error 0x20000010 - It failed.", boxes::Report,
                         ui::IdOk);
     }));
     EXPECT_TRUE(names_.IsEmpty());
@@ -170,11 +168,11 @@ TEST_F(LibrarySearchTest, NothingFoundIsAFailureOfTheOtherSearches) {
         user_.ExpectBox(
             L"Searching of all certificate in local store.\r\n"
             L"KSEAL error 0xE0700046 - Nothing.",
-            report, ui::IdOk);
+            boxes::Report, ui::IdOk);
     }));
     EXPECT_FALSE(FindByName(L"CN=A", [this] {
-        user_.ExpectBox(L"Searching for certificate CN=A.\r\nKSEAL error 0xE0700046 - Nothing.", report,
-                        ui::IdOk);
+        user_.ExpectBox(L"Searching for certificate CN=A.\r\nKSEAL error 0xE0700046 - Nothing.",
+                        boxes::Report, ui::IdOk);
     }));
 }
 
@@ -186,16 +184,17 @@ TEST_F(LibrarySearchTest, TheErrorStackIsShownWhereItIsWanted) {
         const std::wstring end = L".\r\nKSEAL error 0x20000010 - It failed" + (detail ? stack : L".");
         library_.AddError(context_.Handle(), {"broken", "db.c", 3, "x"});
         EXPECT_FALSE(FindAll([&] {
-            user_.ExpectBox(L"Searching of all certificate in local store" + end, report, ui::IdOk);
+            user_.ExpectBox(L"Searching of all certificate in local store" + end, boxes::Report, ui::IdOk);
         }));
         if (detail != 0) library_.AddError(context_.Handle(), {"broken", "db.c", 3, "x"});
-        EXPECT_FALSE(FindByName(
-            L"CN=A", [&] { user_.ExpectBox(L"Searching for certificate CN=A" + end, report, ui::IdOk); }));
+        EXPECT_FALSE(FindByName(L"CN=A", [&] {
+            user_.ExpectBox(L"Searching for certificate CN=A" + end, boxes::Report, ui::IdOk);
+        }));
         EXPECT_EQ(library_.WaitingErrors(context_.Handle()), detail != 0 ? 0U : 1U);
         if (detail != 0) library_.AddError(context_.Handle(), {"broken", "db.c", 3, "x"});
         EXPECT_FALSE(FindOwners(L"CN=A", [&] {
             user_.ExpectBox(L"Searching for certificate CN=A.\r\nKSEAL error 0x20000010 - It failed" + stack,
-                            report, ui::IdOk);
+                            boxes::Report, ui::IdOk);
         }));
         EXPECT_EQ(library_.WaitingErrors(context_.Handle()), 0U);
     }

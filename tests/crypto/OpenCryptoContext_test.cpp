@@ -10,8 +10,6 @@ namespace {
 using crypto::ContextFlags;
 using Calls = std::vector<std::string>;
 using demo::StandInCall;
-
-constexpr uint32_t question = 0x31;
 const std::string probe = "FindCert 0xE04 scope 0 \"CN=QQQ,C=RU\" fields 4";
 
 class OpenCryptoContextTest : public CryptoTest {
@@ -213,7 +211,7 @@ class FailingProbe : public OpenCryptoContextTest {
             L"Conneting to network store (LDAP).\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n"
             L"KSEAL stek, error number 1\r\nError: no answer\r\nFile: ldap.c\r\nData: host\r\n",
             nullptr);
-        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without LDAP?", question, answer);
+        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without LDAP?", boxes::OkOrCancel, answer);
     }
 };
 
@@ -263,7 +261,7 @@ TEST_F(OpenCryptoContextTest, GivingUpForTheRevocationListsClosesTheContext) {
         user_.ExpectBox(
             L"The stand-in library has not loaded the revocation lists (0x20000004).\r\n"
             L"Continue without loading CRL?",
-            question, ui::IdCancel);
+            boxes::OkOrCancel, ui::IdCancel);
     });
     EXPECT_FALSE(isOpen_);
     EXPECT_EQ(library_.Calls().back(), "Uninitialize");

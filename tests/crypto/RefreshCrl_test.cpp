@@ -13,9 +13,6 @@ using platform::memory::RecordedCall;
 using platform::memory::RegistryCall;
 using Calls = std::vector<std::string>;
 using demo::StandInCall;
-
-constexpr uint32_t report = 0x10;
-constexpr uint32_t question = 0x31;
 constexpr int64_t now = 1'700'000'000;
 const std::wstring key = L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice";
 const std::wstring value = key + L"\\LastCrlUpdate";
@@ -53,7 +50,8 @@ class RefreshCrlTest : public CryptoTest {
         ExpectFailureBox(
             L"Connetion to CRL distribution point.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\nserver busy",
             nullptr);
-        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", question, answer);
+        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel,
+                        answer);
     }
     void FailWithText() {
         library_.Serve({.CrlDiagnostic = "server busy"});
@@ -148,7 +146,8 @@ TEST_F(RefreshCrlTest, TheDiagnosticTextIsInTheAnsiCodePage) {
             L"Connetion to CRL distribution point.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n"
             L"\x041A\x043B\x044E\x0447",
             nullptr);
-        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", question, ui::IdOk);
+        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel,
+                        ui::IdOk);
     }));
 }
 
@@ -175,7 +174,8 @@ TEST_F(RefreshCrlTest, ATextWithoutAnEndIsReadUpToTheEndOfTheBuffer) {
             L"Connetion to CRL distribution point.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n" +
                 std::wstring(1024, L'x'),
             nullptr);
-        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", question, ui::IdOk);
+        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel,
+                        ui::IdOk);
     }));
 }
 
@@ -202,7 +202,7 @@ TEST_F(RefreshCrlTest, TheLibraryGetsAnEmptyBuffer) {
 
 TEST_F(RefreshCrlTest, WithoutTheServicesKeyTheCommandEnds) {
     EXPECT_FALSE(Refresh([this] {
-        user_.ExpectBoxBeginning(L"Create (open) register key " + key + L".\r\nError 0x2 - ", report,
+        user_.ExpectBoxBeginning(L"Create (open) register key " + key + L".\r\nError 0x2 - ", boxes::Report,
                                  ui::IdOk);
     }));
     EXPECT_FALSE(LibraryWasAsked());
@@ -213,8 +213,8 @@ TEST_F(RefreshCrlTest, WithoutTheServicesKeyTheCommandEnds) {
 TEST_F(RefreshCrlTest, AFailedOpenKeepsTheKeyThatWasCurrent) {
     Seed("[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel]\nname = \"here\"\n");
     ASSERT_EQ(store_.Open(platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel"), 0U);
-    EXPECT_FALSE(
-        Refresh([this] { user_.ExpectBoxBeginning(L"Create (open) register key ", report, ui::IdOk); }));
+    EXPECT_FALSE(Refresh(
+        [this] { user_.ExpectBoxBeginning(L"Create (open) register key ", boxes::Report, ui::IdOk); }));
     std::wstring text;
     store_.ReadString(L"name", text, {});
     EXPECT_EQ(text, L"here");
@@ -231,7 +231,7 @@ TEST_F(RefreshCrlTest, AFailedReadIsReportedAndLeavesTheStampsAsTheyAre) {
             user_.ExpectBox(
                 L"Reading multistring value 'LastCrlUpdate' from register.\r\n"
                 L"Error 0x5 - Access is denied.",
-                report, ui::IdOk);
+                boxes::Report, ui::IdOk);
         }));
         world_->Registry().NoFaults();
         EXPECT_TRUE(LibraryWasAsked());
@@ -247,7 +247,7 @@ TEST_F(RefreshCrlTest, AFailedWriteIsReportedAndTheCommandGoesOn) {
         user_.ExpectBox(
             L"Writing multistring value 'LastCrlUpdate' into register.\r\n"
             L"Error 0x5 - Access is denied.",
-            report, ui::IdOk);
+            boxes::Report, ui::IdOk);
     }));
     world_->Registry().NoFaults();
     EXPECT_EQ(Stamps(), "{ \"Bank;;5\" }");
@@ -258,7 +258,7 @@ TEST_F(RefreshCrlTest, AfterAFailedWriteTheUserStillDecidesAboutTheRefresh) {
     FailWithText();
     world_->Registry().FailWhere(RegistryCall::Set, L"LastCrlUpdate", 5);
     EXPECT_FALSE(Refresh([this] {
-        user_.ExpectBoxBeginning(L"Writing multistring value 'LastCrlUpdate' into register.", report,
+        user_.ExpectBoxBeginning(L"Writing multistring value 'LastCrlUpdate' into register.", boxes::Report,
                                  ui::IdOk);
         ExpectQuestion(ui::IdCancel);
     }));
@@ -278,13 +278,13 @@ TEST_F(RefreshCrlTest, MemoryThatIsNotToBeHadIsReported) {
     SeedStamps("{ \"Bank;;5\" }");
     memory_.SetLimit(0);
     EXPECT_TRUE(Refresh([this] {
-        user_.ExpectBox(L"Memory allocation.\r\nError 0x8 - Not enough memory.", report, ui::IdOk);
+        user_.ExpectBox(L"Memory allocation.\r\nError 0x8 - Not enough memory.", boxes::Report, ui::IdOk);
     }));
     EXPECT_EQ(Stamps(), "{ \"Bank;;5\" }");
     SeedStamps("{}");
     memory_.SetLimit(30);
     EXPECT_TRUE(Refresh([this] {
-        user_.ExpectBox(L"Memory allocation.\r\nError 0x8 - Not enough memory.", report, ui::IdOk);
+        user_.ExpectBox(L"Memory allocation.\r\nError 0x8 - Not enough memory.", boxes::Report, ui::IdOk);
     }));
     EXPECT_EQ(Stamps(), "{}");
 }

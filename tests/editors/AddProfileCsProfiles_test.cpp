@@ -7,13 +7,7 @@ namespace tests {
 namespace {
 
 using namespace profileid;
-constexpr int List = profileid::CsProfiles;
-
-constexpr wchar_t officeSettings[] = L"1054 1056 1058 1062 24 h. http://tsp.office";
-constexpr wchar_t bankSettings[] = L"1055 1057 1060 1061 8760 h. http://tsp.bank";
-constexpr wchar_t newSettings[] = L"1054 1 h. 0";
-constexpr int bankChoice = 1, taxChoice = 2, upperOfficeChoice = 3;  // in the chooser
-
+using namespace profilesample;
 using AddProfileCsProfiles = ProfileEditorTest;
 
 TEST_F(AddProfileCsProfiles, ChoosingOneShowsItsSettings) {

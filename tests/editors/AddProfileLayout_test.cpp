@@ -1,16 +1,13 @@
 // Where the controls of the profile editor stand, and how the keyboard reaches them.
 #include <gtest/gtest.h>
 
+#include "tests/editors/Places.h"
 #include "tests/editors/ProfileEditor.h"
 
 namespace tests {
 namespace {
 
 using namespace profileid;
-
-bool Overlap(const ui::Place& a, const ui::Place& b) {
-    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
-}
 
 bool IsWithin(const ui::Place& inner, const ui::Place& outer, int margin) {
     return inner.x >= outer.x + margin && inner.y >= outer.y + margin &&

@@ -24,13 +24,18 @@ inline constexpr int TimeoutLabel = 1092, Timeout = 1079, RenameConfFiles = 1093
 inline constexpr int Choice = 1102;  // of the chooser
 }  // namespace profileid
 
+// How the settings of the sample's store profiles look in the form, and where the chooser lists them.
+namespace profilesample {
+inline constexpr int List = profileid::CsProfiles;
+inline constexpr wchar_t officeSettings[] = L"1054 1056 1058 1062 24 h. http://tsp.office";
+inline constexpr wchar_t bankSettings[] = L"1055 1057 1060 1061 8760 h. http://tsp.bank";
+inline constexpr wchar_t newSettings[] = L"1054 1 h. 0";
+inline constexpr int bankChoice = 1, taxChoice = 2, upperOfficeChoice = 3;
+}  // namespace profilesample
+
 class ProfileEditorTest : public WorldTest {
   protected:
     using Texts = std::vector<std::wstring>;
-
-    static constexpr uint32_t Hint = ui::box::Ok | ui::box::ExclamationIcon;
-    static constexpr uint32_t YesNoQuestion =
-        ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
 
     // "Alpha" with the store profiles "Office" and "Bank".
     static config::ServiceProfile Alpha();
@@ -44,10 +49,10 @@ class ProfileEditorTest : public WorldTest {
 
     void Leave() { user_.Click(ui::IdCancel); }
     void ExpectHint(const std::wstring& text) {
-        user_.ExpectBox(text, Hint, ui::IdOk, L"ZEMA AC QLD Service - configuration");
+        user_.ExpectBox(text, boxes::Hint, ui::IdOk, L"ZEMA AC QLD Service - configuration");
     }
     void ExpectQuestion(const std::wstring& text, int answer) {
-        user_.ExpectBox(text, YesNoQuestion, answer, L"ZEMA AC QLD Service - configuration");
+        user_.ExpectBox(text, boxes::Question, answer, L"ZEMA AC QLD Service - configuration");
     }
     void ExpectFocus(int id) { EXPECT_EQ(user_.Top().Focus(), &user_.Top().Find(id)); }
 

@@ -48,9 +48,6 @@ class PreparedCertificates final : public editors::CertificateActions {
 
 class RuleEditorTest : public WorldTest {
   protected:
-    static constexpr uint32_t YesNoQuestion =
-        ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-
     // What a user sees of every control: "hidden", or text, choice and whether it can be used.
     using Seen = std::map<int, std::wstring>;
     static Seen Look(const ui::Dialog& dialog);

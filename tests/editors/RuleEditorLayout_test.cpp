@@ -2,14 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "editors/AddMask.h"
+#include "tests/editors/Places.h"
 #include "tests/editors/RuleEditor.h"
 
 namespace tests {
 namespace {
-
-bool Overlap(const ui::Place& a, const ui::Place& b) {
-    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
-}
 
 class RuleEditorLayout : public RuleEditorTest {
   protected:

@@ -13,12 +13,12 @@ class RuleEditorStoreProfiles : public RuleEditorTest {
     void ExpectRecipientsQuestion(int answer) {
         user_.ExpectBox(
             L"Recipients field must be clean to change CS profile.\r\nDelete all recipients from rule?",
-            YesNoQuestion, answer, L"ZEMA AC QLD Service - configuration");
+            boxes::Question, answer, L"ZEMA AC QLD Service - configuration");
     }
     void ExpectSignersQuestion(int answer) {
         user_.ExpectBox(
             L"Signers field must be clean to change CS profile.\r\nDelete all signer lists from rule?",
-            YesNoQuestion, answer, L"ZEMA AC QLD Service - configuration");
+            boxes::Question, answer, L"ZEMA AC QLD Service - configuration");
     }
 };
 

@@ -9,7 +9,7 @@
 namespace tests::model {
 namespace {
 
-const Texts existingFolders{L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second", L"C:\\Logs"};
+const Texts createdFolders{L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second", L"C:\\Logs"};
 
 std::string LibraryText() {
     std::string text;
@@ -35,7 +35,7 @@ Walk::Walk(World& world, uint32_t seed)
       reporter_(machine_, world.Screen()),
       store_(machine_, reporter_),
       services_{machine_, world.Screen(), reporter_, store_} {
-    for (const std::wstring& folder : existingFolders) files_.AddFolder(folder);
+    for (const std::wstring& folder : createdFolders) files_.AddFolder(folder);
     demo::ApplyRegistryText(LibraryText() + model_.Registry().Text(), world.Machine().Registry);
 }
 

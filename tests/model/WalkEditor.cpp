@@ -12,8 +12,6 @@ namespace {
 
 using editors::AddMask;
 using editors::CAddRule;
-
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
 const Texts existingFolders{L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second"};
 
 // The controls behind the values that an operation asks for by itself.
@@ -120,7 +118,7 @@ void Walk::ChooseStoreProfile(EditorForm& form) {
     const auto giveUp = [&](const wchar_t* text, auto& list) {
         if (!isNew || refused || list.empty()) return;
         refused = dice_.Chance(40);
-        user_.ExpectBox(text, question, refused ? ui::IdNo : ui::IdYes);
+        user_.ExpectBox(text, boxes::Question, refused ? ui::IdNo : ui::IdYes);
         if (!refused) list.clear();
     };
     giveUp(L"Recipients field must be clean to change CS profile.\r\nDelete all recipients from rule?",
@@ -139,7 +137,7 @@ void Walk::ChangeMasks(EditorForm& form) {
     const size_t row = masks.empty() ? 0 : dice_.Below(masks.size());
     if (!masks.empty()) user_.ClickRow(ruleid::Masks, row);
     if (!isNew && dice_.Chance(40)) {
-        user_.ExpectBox(L"Delete 1 mask(s)?", question, ui::IdYes);
+        user_.ExpectBox(L"Delete 1 mask(s)?", boxes::Question, ui::IdYes);
         user_.Click(ruleid::DeleteMask);
         masks.erase(masks.begin() + static_cast<std::ptrdiff_t>(row));
         return;

@@ -5,12 +5,7 @@
 #include "tests/model/Walk.h"
 
 namespace tests::model {
-namespace {
-
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-constexpr wchar_t leaveQuestion[] = L"Some changes has not been saved. Exit without saving?";
-
-}  // namespace
+namespace {}  // namespace
 
 void Walk::Save() {
     dice_.Chance(30) ? ClickElsewhere(id::SaveIcon)() : ButtonOrMenu(id::Save, 57603)();
@@ -47,7 +42,7 @@ void Walk::Exit() {
     const size_t way = dice_.Below(4);
     if (way == 0) model_.MoveKeyboard(Place::Elsewhere);
     const bool asks = model_.IsChanged();
-    if (asks) user_.ExpectBox(leaveQuestion, question, dice_.Chance(60) ? ui::IdNo : ui::IdYes);
+    if (asks) user_.ExpectBox(boxes::LeaveText, boxes::Question, dice_.Chance(60) ? ui::IdNo : ui::IdYes);
     if (way == 0) user_.Click(ui::IdCancel);
     if (way == 1) user_.ChooseMenu(32788);
     if (way == 2) user_.Press(Key::Escape);
@@ -56,7 +51,7 @@ void Walk::Exit() {
 }
 
 void Walk::ExitForGood() {
-    if (model_.IsChanged()) user_.ExpectBox(leaveQuestion, question, ui::IdYes);
+    if (model_.IsChanged()) user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
     user_.PressCloseBox();
 }
 

@@ -8,10 +8,6 @@
 
 namespace tests::model {
 namespace {
-
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-constexpr uint32_t exclamation = ui::box::Ok | ui::box::ExclamationIcon;
-constexpr wchar_t caption[] = L"ZEMA AC QLD Service - configuration";
 constexpr wchar_t serverRequest[] = L"Please, type TSP data.";
 
 const std::vector<std::pair<std::wstring, int>> settingBoxes{{L"NotUseLDAP", profileid::NotUseLdap},
@@ -134,14 +130,14 @@ void Walk::SelectStoreProfile(ProfileForm& form) {
     if (form.StoreProfiles().empty()) return;
     const size_t index = dice_.Below(form.StoreProfiles().size());
     const bool refused = form.LacksServer();
-    if (refused) user_.ExpectBox(serverRequest, exclamation, ui::IdOk, caption);
+    if (refused) user_.ExpectBox(serverRequest, boxes::Hint, ui::IdOk, boxes::Title);
     user_.Choose(profileid::CsProfiles, static_cast<int>(index));
     if (!refused) form.ShowStoreProfile(index);
 }
 
 void Walk::AttachStoreProfile(ProfileForm& form) {
     if (form.LacksServer()) {
-        user_.ExpectBox(serverRequest, exclamation, ui::IdOk, caption);
+        user_.ExpectBox(serverRequest, boxes::Hint, ui::IdOk, boxes::Title);
         return user_.Click(profileid::Add);
     }
     const size_t index = dice_.Below(StoreProfileFolders().size());
@@ -163,11 +159,11 @@ void Walk::DetachStoreProfile(ProfileForm& form) {
     if (count < 2) {
         user_.ExpectBox(
             count == 1 ? L"Last CS profile in list cannot be deleted." : L"Select list item to delete.",
-            exclamation, ui::IdOk, caption);
+            boxes::Hint, ui::IdOk, boxes::Title);
         return user_.Click(profileid::Delete);
     }
     const int answer = dice_.Chance(75) ? ui::IdYes : ui::IdNo;
-    user_.ExpectBox(form.DeleteQuestion(), question, answer, caption);
+    user_.ExpectBox(form.DeleteQuestion(), boxes::Question, answer, boxes::Title);
     user_.Click(profileid::Delete);
     if (answer == ui::IdYes) form.Detach();
 }
@@ -177,7 +173,7 @@ std::optional<Profile> Walk::LeaveProfileEditor(ProfileForm& form) {
     for (size_t attempts = 1 + dice_.Below(4); attempts > 0 && !HasDiverged(); --attempts) {
         if (dice_.Chance(8)) break;
         const auto refusal = form.FirstRefusal(model_.ProfileNames());
-        if (refusal) user_.ExpectBox(*refusal, exclamation, ui::IdOk, caption);
+        if (refusal) user_.ExpectBox(*refusal, boxes::Hint, ui::IdOk, boxes::Title);
         user_.Click(ui::IdOk);
         if (!refusal) return form.Finished();
         CompareProfileForm(form);

@@ -7,10 +7,6 @@
 namespace tests::model {
 namespace {
 
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-constexpr uint32_t exclamation = ui::box::Ok | ui::box::ExclamationIcon;
-constexpr wchar_t caption[] = L"ZEMA AC QLD Service - configuration";
-
 constexpr int openCommand = 32809;  // of no menu item
 
 }  // namespace
@@ -65,9 +61,9 @@ void Walk::DeleteProfile() {
     if (!model_.SelectedProfile()) return gesture();
     const int answer = dice_.Chance(60) ? ui::IdYes : ui::IdNo;
     const bool isLast = model_.ProfileNames().size() == 1;
-    user_.ExpectBox(L"Delete profile '" + model_.OpenedName() + L"'?", question, answer, caption);
+    user_.ExpectBox(L"Delete profile '" + model_.OpenedName() + L"'?", boxes::Question, answer, boxes::Title);
     if (answer == ui::IdYes && isLast)
-        user_.ExpectBox(L"Last profile cannot be deleted.", exclamation, ui::IdOk, caption);
+        user_.ExpectBox(L"Last profile cannot be deleted.", boxes::Hint, ui::IdOk, boxes::Title);
     gesture();
     model_.WindowOpens();
     if (answer == ui::IdNo || isLast) return;

@@ -7,8 +7,6 @@
 namespace tests::model {
 namespace {
 
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-
 constexpr wchar_t exchangeFile[] = L"C:\\In\\rules.prx";
 
 }  // namespace
@@ -51,7 +49,7 @@ void Walk::DeleteRules() {
     const size_t rows = model_.SelectedRows();
     if (rows == 0) return gesture();
     const int answer = dice_.Chance(60) ? ui::IdYes : ui::IdNo;
-    user_.ExpectBox(L"Delete " + std::to_wstring(rows) + L" rule(s)?", question, answer);
+    user_.ExpectBox(L"Delete " + std::to_wstring(rows) + L" rule(s)?", boxes::Question, answer);
     gesture();
     model_.WindowOpens();
     if (answer == ui::IdYes) model_.DeleteRules();

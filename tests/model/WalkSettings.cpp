@@ -10,10 +10,6 @@
 namespace tests::model {
 namespace {
 
-constexpr uint32_t question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-constexpr uint32_t exclamation = ui::box::Ok | ui::box::ExclamationIcon;
-constexpr wchar_t leaveQuestion[] = L"Some changes has not been saved. Exit without saving?";
-
 struct Field {
     int control;
     std::wstring name;
@@ -138,11 +134,11 @@ void Walk::SelectExtension(ExtensionForm& form) {
 
 void Walk::DeleteExtension(ExtensionForm& form) {
     if (form.selected.empty()) {
-        user_.ExpectBox(L"Select list item to delete.", exclamation, ui::IdOk);
+        user_.ExpectBox(L"Select list item to delete.", boxes::Hint, ui::IdOk);
         return user_.Click(extid::Delete);
     }
     const int answer = dice_.Chance(70) ? ui::IdYes : ui::IdNo;
-    user_.ExpectBox(L"Delete additional extension '" + form.selected + L"'?", question, answer);
+    user_.ExpectBox(L"Delete additional extension '" + form.selected + L"'?", boxes::Question, answer);
     user_.Click(extid::Delete);
     if (answer == ui::IdNo) return;
     std::erase(form.additional, form.selected);
@@ -154,7 +150,7 @@ void Walk::ApplyExtensions(ExtensionForm& form) {
     std::wstring refusal;
     for (size_t i = Fields().size(); i-- > 0;)
         if (form.texts[i].empty() && !Fields()[i].whenEmpty.empty()) refusal = Fields()[i].whenEmpty;
-    if (form.modified && !refusal.empty()) user_.ExpectBox(refusal, exclamation, ui::IdOk);
+    if (form.modified && !refusal.empty()) user_.ExpectBox(refusal, boxes::Hint, ui::IdOk);
     user_.Click(extid::Apply);
     if (!form.modified || !refusal.empty()) return;
     form.applied = form.additional;
@@ -165,10 +161,10 @@ void Walk::LeaveExtensions(const ExtensionForm& form) {
     if (dice_.Chance(25)) return user_.Click(ui::IdCancel);
     if (form.modified) {
         if (dice_.Chance(30)) {
-            user_.ExpectBox(leaveQuestion, question, ui::IdNo);
+            user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdNo);
             user_.Click(ui::IdOk);
         }
-        user_.ExpectBox(leaveQuestion, question, ui::IdYes);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
     }
     user_.Click(ui::IdOk);
     for (size_t i = 0; i < Fields().size(); ++i) model_.Settings()[Fields()[i].name] = form.texts[i];

@@ -39,13 +39,13 @@ class ConfigPageTest : public SettingsTest {
     }
     void DeleteExtension(int index, const std::wstring& name, int answer) {
         user_.Choose(extid::Additional, index);
-        user_.ExpectBox(L"Delete additional extension '" + name + L"'?", YesNoQuestion, answer, Title);
+        user_.ExpectBox(L"Delete additional extension '" + name + L"'?", boxes::Question, answer, Title);
         user_.Click(extid::Delete);
     }
     const Texts& Additional() { return user_.Get<ui::ListBox>(extid::Additional).Items(); }
     // Whether anything was changed since the last Apply, as the way out by OK tells; stays in the dialog.
     bool IsModified() {
-        user_.ExpectBox(LeaveQuestion, YesNoQuestion, ui::IdNo, Title);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdNo, Title);
         user_.Click(ui::IdOk);
         return !user_.Top().HasEnded();
     }
@@ -178,7 +178,7 @@ TEST_F(ConfigPageTest, ApplyTellsTheFirstMissingExtensionAndTakesNothing) {
         user_.Type(extid::Gzip, L"");
         for (const auto& [edit, text] : refusals) {
             user_.Type(edit, L"");
-            user_.ExpectBox(text, Exclamation, ui::IdOk, Title);
+            user_.ExpectBox(text, boxes::Hint, ui::IdOk, Title);
             user_.Click(extid::Apply);
             EXPECT_FALSE(dialog.HasEnded());
             EXPECT_EQ(dialog.Focus(), &dialog.Find(edit));
@@ -206,7 +206,7 @@ TEST_F(ConfigPageTest, ApplyChecksOnlyWhatWasModified) {
     Run([&](CConfigPage&) {
         user_.Click(extid::Apply);
         user_.Type(extid::Zip, L"z");
-        user_.ExpectBox(missingSigned, Exclamation, ui::IdOk, Title);
+        user_.ExpectBox(missingSigned, boxes::Hint, ui::IdOk, Title);
         user_.Click(extid::Apply);
         LeaveModified();
     });
@@ -298,7 +298,7 @@ TEST_F(ConfigPageTest, DeletingAsksFirst) {
 
 TEST_F(ConfigPageTest, DeletingNeedsASelection) {
     const auto expectRefusal = [&] {
-        user_.ExpectBox(L"Select list item to delete.", Exclamation, ui::IdOk, Title);
+        user_.ExpectBox(L"Select list item to delete.", boxes::Hint, ui::IdOk, Title);
         user_.Click(extid::Delete);
     };
     Run([&](CConfigPage&) {
@@ -314,7 +314,7 @@ TEST_F(ConfigPageTest, TheSelectionStaysWithItsExtension) {
     Run([&](CConfigPage&) {
         user_.Choose(extid::Additional, 2);
         AddExtension(L"aa");
-        user_.ExpectBox(L"Delete additional extension 'xml'?", YesNoQuestion, ui::IdNo, Title);
+        user_.ExpectBox(L"Delete additional extension 'xml'?", boxes::Question, ui::IdNo, Title);
         user_.Click(extid::Delete);
         user_.Press(Key::Escape);
     });
@@ -329,7 +329,7 @@ TEST_F(ConfigPageTest, CanBeUsedWithTheKeyboardAlone) {
         user_.Press(Key::End);
         user_.Press(Key::Tab);
         user_.Press(Key::Tab);
-        user_.ExpectBox(L"Delete additional extension 'xml'?", YesNoQuestion, ui::IdYes, Title);
+        user_.ExpectBox(L"Delete additional extension 'xml'?", boxes::Question, ui::IdYes, Title);
         user_.Press(Key::Space);
         for (int i = 0; i < 3; ++i) user_.Press(Key::Tab);
         user_.Press(Key::Space);

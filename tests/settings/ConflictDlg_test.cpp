@@ -136,7 +136,7 @@ TEST_F(ConflictDlgTest, ASizeGivenTooSmallIsRefusedByOk) {
     givenSize_ = 399;
     Run([&](CConflictDlg& dialog) {
         EXPECT_EQ(user_.Text(logid::Size), L"399");
-        user_.ExpectBox(L"Log files size must be bigger than 400 KB.", Exclamation, ui::IdOk,
+        user_.ExpectBox(L"Log files size must be bigger than 400 KB.", boxes::Hint, ui::IdOk,
                         L"ZEMA automized client QLD: Service");
         user_.Click(ui::IdOk);
         EXPECT_FALSE(dialog.HasEnded());
@@ -177,7 +177,7 @@ TEST_F(ConflictDlgTest, ThePathIsCheckedBeforeTheSizeAndTheSizeBeforeTheDrive) {
     Run([&](CConflictDlg& dialog) {
         ExpectRefused(dialog, L"C:\\Missing", 2);
         user_.Type(logid::Path, L"Logs");
-        user_.ExpectBox(L"Log files size must be bigger than 400 KB.", Exclamation, ui::IdOk);
+        user_.ExpectBox(L"Log files size must be bigger than 400 KB.", boxes::Hint, ui::IdOk);
         user_.Click(ui::IdOk);
         user_.Press(Key::Escape);
     });

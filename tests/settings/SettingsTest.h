@@ -33,11 +33,7 @@ class SettingsTest : public MainWindowTest {
         std::wstring text;
     };
 
-    static constexpr uint32_t YesNoQuestion =
-        ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
-    static constexpr uint32_t Exclamation = ui::box::Ok | ui::box::ExclamationIcon;
     static constexpr wchar_t Title[] = L"ZEMA AC QLD Service - configuration";
-    static constexpr wchar_t LeaveQuestion[] = L"Some changes has not been saved. Exit without saving?";
 
     SettingsTest()
         : machine_{world_->Machine().Registry,      files_,
@@ -56,7 +52,7 @@ class SettingsTest : public MainWindowTest {
         return app::CBrisgateDlg(settingsServices_).DoModal();
     }
 
-    void AskToLeave(int answer) { user_.ExpectBox(LeaveQuestion, YesNoQuestion, answer, Title); }
+    void AskToLeave(int answer) { user_.ExpectBox(boxes::LeaveText, boxes::Question, answer, Title); }
 
     static void ExpectStanding(const ui::Dialog& dialog, const std::map<int, Standing>& expected) {
         EXPECT_EQ(dialog.Controls().size(), expected.size());

@@ -9,6 +9,7 @@
 
 #include "config/Services.h"
 #include "demo/RegistryText.h"
+#include "tests/support/Boxes.h"
 #include "tests/support/World.h"
 
 namespace tests {

@@ -1,0 +1,12 @@
+// Where controls stand to each other.
+#pragma once
+
+#include "ui/Geometry.h"
+
+namespace tests {
+
+inline bool Overlap(const ui::Place& a, const ui::Place& b) {
+    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
+}
+
+}  // namespace tests
