@@ -13,6 +13,7 @@ namespace app {
 std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(
     const config::ServiceProfile& profile) {
     std::vector<std::wstring> names;
+    names.reserve(configuration_.Profiles.size());
     for (const config::ServiceProfile& known : configuration_.Profiles) names.push_back(known.Name);
     editors::CAddProfile editor(services_, this, profile, std::move(names),
                                 crypto::CsProfileNames(configuration_.CsProfiles), editorMemory_);

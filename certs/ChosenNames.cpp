@@ -12,9 +12,9 @@ ChosenNames::ChosenNames(const std::vector<config::CertificateRef>& names) {
 }
 
 NameId ChosenNames::IdOf(std::wstring_view name) {
-    if (!texts_.Add(name)) return static_cast<NameId>(texts_.Find(name).value());
-    timesChosen_.push_back(0);
-    return static_cast<NameId>(texts_.Size() - 1);
+    const size_t id = texts_.RowOf(name);
+    if (id == timesChosen_.size()) timesChosen_.push_back(0);
+    return static_cast<NameId>(id);
 }
 
 std::vector<NameId> ChosenNames::Listed() const {

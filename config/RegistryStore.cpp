@@ -133,8 +133,12 @@ ReadOutcome RegistryStore::ReadString(const std::wstring& name, std::wstring& ta
     }
     auto text = missing ? std::nullopt
                         : DecodeString(type, std::span(buffer).first(std::min<size_t>(size, buffer.size())));
-    target = text ? std::move(*text) : defaultValue;
-    return text ? ReadOutcome::Value : ReadOutcome::Default;
+    if (!text) {
+        target = defaultValue;
+        return ReadOutcome::Default;
+    }
+    target = std::move(*text);
+    return ReadOutcome::Value;
 }
 
 bool RegistryStore::ReadStringList(const std::wstring& name, std::vector<std::wstring>& target,

@@ -22,13 +22,19 @@ NameList& NameList::operator=(NameList&& other) noexcept {
 }
 
 bool NameList::Add(std::wstring_view name) {
+    const size_t before = Size();
+    return RowOf(name) == before;
+}
+
+size_t NameList::RowOf(std::wstring_view name) {
     if (names_.size() * 2 >= slots_.size()) Grow();
     const uint32_t hash = Hash(name);
-    const size_t slot = SlotOf(name, hash);
-    if (slots_[slot] != 0) return false;
-    names_.push_back({Store(name), static_cast<uint32_t>(name.size()), hash});
-    slots_[slot] = static_cast<uint32_t>(names_.size());
-    return true;
+    uint32_t& slot = slots_[SlotOf(name, hash)];
+    if (slot == 0) {
+        names_.push_back({Store(name), static_cast<uint32_t>(name.size()), hash});
+        slot = static_cast<uint32_t>(names_.size());
+    }
+    return slot - 1;
 }
 
 void NameList::Clear() {

@@ -19,9 +19,12 @@ class NameList {
     NameList& operator=(const NameList&) = delete;
     NameList(NameList&& other) noexcept { *this = std::move(other); }
     NameList& operator=(NameList&& other) noexcept;
+    ~NameList() = default;
 
     // Adds the name at the end. False: an equal one (exact comparison) is already there.
     bool Add(std::wstring_view name);
+    // The row of the name, which is added at the end unless an equal one is there.
+    size_t RowOf(std::wstring_view name);
     void Clear();
 
     size_t Size() const { return names_.size(); }

@@ -112,7 +112,7 @@ void CAddProfile::DeleteCsProfile() {
 }
 
 std::wstring CAddProfile::DeleteQuestion(const std::wstring& name) const {
-    const std::wstring question = text::Format(L"Delete CS profile '%s' from list?", name);
+    std::wstring question = text::Format(L"Delete CS profile '%s' from list?", name);
     const std::wstring rules = RulesWithCertificatesOf(profile_.Rules, name);
     if (rules.empty()) return question;
     return text::Format(

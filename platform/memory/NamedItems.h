@@ -20,6 +20,7 @@ class NamedItems {
     NamedItems() = default;
     NamedItems(const NamedItems&) = delete;
     NamedItems& operator=(const NamedItems&) = delete;
+    ~NamedItems() = default;
 
     bool Empty() const { return items_.empty(); }
 

@@ -17,6 +17,7 @@ struct Win32Machine {
     Win32Machine() = default;
     Win32Machine(const Win32Machine&) = delete;
     Win32Machine& operator=(const Win32Machine&) = delete;
+    ~Win32Machine() = default;
 
     Win32Registry Registry;
     Win32Files Files;
