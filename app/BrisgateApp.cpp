@@ -33,13 +33,28 @@ void ShowFatal(ui::Screen& screen, const std::wstring& reason) {
 
 }  // namespace
 
+CBrisgateApp::CBrisgateApp(const platform::Machine& machine, ui::Screen& screen)
+    : machine_(machine),
+      screen_(screen),
+      memoryBox_(screen) {
+    screen_.SetMemoryTeller([this](const ui::Dialog& dialog) { memoryBox_.CommandEnded(dialog); });
+}
+
 void CBrisgateApp::InitInstance() {
+    try {
+        Run();
+    } catch (const std::bad_alloc&) {
+        memoryBox_.ProgramEnds();
+    }
+}
+
+void CBrisgateApp::Run() {
     try {
         if (!TakeInstanceLock()) return;
         const HeldLock lock(machine_.InstanceLock);
         RunMainDialog();
     } catch (const std::bad_alloc&) {
-        ShowFatal(screen_, L"There is not enough memory.");
+        throw;
     } catch (const std::exception& exception) {
         ShowFatal(screen_, machine_.CodePage.ToWide(exception.what()));
     }

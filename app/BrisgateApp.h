@@ -2,6 +2,7 @@
 // fails.
 #pragma once
 
+#include "errors/MemoryBox.h"
 #include "platform/Machine.h"
 #include "ui/Screen.h"
 
@@ -9,18 +10,23 @@ namespace app {
 
 class CBrisgateApp {
   public:
-    CBrisgateApp(const platform::Machine& machine, ui::Screen& screen) : machine_(machine), screen_(screen) {}
+    CBrisgateApp(const platform::Machine& machine, ui::Screen& screen);
+    ~CBrisgateApp() { screen_.SetMemoryTeller({}); }
+    CBrisgateApp(const CBrisgateApp&) = delete;
+    CBrisgateApp& operator=(const CBrisgateApp&) = delete;
 
     // Returns when the program is to end. No exception leaves it: what arrives here is shown in one error
     // box.
     void InitInstance();
 
   private:
+    void Run();
     bool TakeInstanceLock();
     void RunMainDialog();
 
     const platform::Machine& machine_;
     ui::Screen& screen_;
+    const errors::MemoryBox memoryBox_;
 };
 
 }  // namespace app

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <unordered_set>
+#include <utility>
 
 #include "app/AboutDlg.h"
 #include "config/Load.h"
@@ -85,6 +86,7 @@ void CBrisgateDlg::RestorePlacement() {
 }
 
 void CBrisgateDlg::FillProfileList() {
+    profiles_.SetRows(0);  // the names that follow may not be had
     profileNames_.clear();
     std::unordered_set<std::wstring> shown;
     for (const config::ServiceProfile& profile : configuration_.Profiles)
@@ -182,8 +184,9 @@ void CBrisgateDlg::Save() {
     settings.WindowBottom = window.y + window.height;
     settings.WindowLeft = window.x;
     settings.WindowRight = window.x + window.width;
-    if (config::SaveConfiguration(services_.Registry, services_.Errors, this, configuration_))
-        changed_ = false;
+    const bool wasChanged = std::exchange(changed_, true);  // should memory run out half-way
+    const bool saved = config::SaveConfiguration(services_.Registry, services_.Errors, this, configuration_);
+    changed_ = wasChanged && !saved;
 }
 
 bool CBrisgateDlg::MayLeave() {

@@ -23,10 +23,10 @@ std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(
 
 // How a command ends that changed which profiles there are.
 void CBrisgateDlg::ShowChangedProfiles(std::optional<size_t> selectedRow, size_t rowToSee) {
+    changed_ = true;
     FillProfileList();
     if (selectedRow) profiles_.SelectOnly(*selectedRow);
     profiles_.EnsureVisible(std::min(rowToSee, profiles_.RowCount() - 1));
-    changed_ = true;
 }
 
 void CBrisgateDlg::AddProfile() {
@@ -48,15 +48,19 @@ void CBrisgateDlg::EditProfile() {
     if (profile == nullptr) return;
     auto edited = RunProfileEditor(*profile);
     if (!edited) return;
+    // Whatever needs memory comes before the change or after it.
+    LeadRulesToFirstStoreProfile(edited->record, edited->removedCsProfiles);
+    std::wstring name = edited->record.Name;
+    std::vector<std::wstring> names = profileNames_;
+    std::replace(names.begin(), names.end(), openedProfile_, name);
     *profile = std::move(edited->record);
-    LeadRulesToFirstStoreProfile(*profile, edited->removedCsProfiles);
-    std::replace(profileNames_.begin(), profileNames_.end(), openedProfile_, profile->Name);
+    openedProfile_ = std::move(name);
+    profileNames_ = std::move(names);
+    changed_ = true;
     profiles_.RefreshRows();
-    openedProfile_ = profile->Name;
     profileLabel_.SetText(L"Profile: " + profile->Name);
     csProfileLabel_.SetText(text::Format(L"CS profile's num: %d", profile->ZCSProfile.size()));
     RefillRules();
-    changed_ = true;
 }
 
 void CBrisgateDlg::DeleteProfile() {

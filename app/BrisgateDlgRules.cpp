@@ -21,9 +21,9 @@ std::optional<CBrisgateDlg::ChosenRule> CBrisgateDlg::FirstChosenRule() {
 
 // How every command ends that has changed the rules.
 void CBrisgateDlg::ShowChangedRules() {
+    changed_ = true;
     RefillRules();
     rules_.SetFocus();
-    changed_ = true;
 }
 
 void CBrisgateDlg::ShowRule(size_t row) {
@@ -116,7 +116,8 @@ void CBrisgateDlg::MakeLast() {
 
 void CBrisgateDlg::TakeCheckBoxes() {
     config::ServiceProfile* const profile = OpenedProfile();
-    if (profile != nullptr && SwitchRules(rules_.Checks(), profile->Rules)) changed_ = true;
+    if (profile != nullptr && ruleList_.IsFilled() && SwitchRules(rules_.Checks(), profile->Rules))
+        changed_ = true;
 }
 
 void CBrisgateDlg::ExportRules() {

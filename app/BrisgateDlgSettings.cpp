@@ -1,4 +1,6 @@
 // The main dialog's commands on the settings that all profiles share.
+#include <utility>
+
 #include "app/BrisgateDlg.h"
 #include "settings/ConfigPage.h"
 #include "settings/ConflictDlg.h"
@@ -17,7 +19,8 @@ void CBrisgateDlg::EditLogSettings() {
 void CBrisgateDlg::EditExtensions() {
     settings::CConfigPage dialog(services_.Screen, this, configuration_.Settings);
     if (dialog.DoModal() != ui::IdOk) return;
-    configuration_.Settings = dialog.Result();
+    config::GlobalSettings result = dialog.Result();
+    configuration_.Settings = std::move(result);  // all of them or none
     changed_ = true;
 }
 

@@ -38,6 +38,7 @@ void RuleList::SpreadOver(int clientWidth) {
 }
 
 void RuleList::Empty() {
+    filled_ = false;
     listed_.clear();
     view_.SetRows(0);
 }
@@ -49,6 +50,7 @@ void RuleList::Fill(std::wstring_view searchText) {
     checks.reserve(listed_.size());
     for (const size_t position : listed_) checks.push_back(rules[position].IsOn != 0);
     view_.SetRows(std::move(checks));
+    filled_ = true;
     SpreadWidths();
 }
 

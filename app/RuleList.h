@@ -24,6 +24,8 @@ class RuleList {
     void SpreadWidths();
 
     void Empty();
+    // The rows stand for rules: it has been filled since it was emptied.
+    bool IsFilled() const { return filled_; }
     // Shows the rules that pass the search, with their check boxes as the rules are switched on and off.
     void Fill(std::wstring_view searchText);
 
@@ -37,6 +39,7 @@ class RuleList {
     const config::Services& services_;
     const Rules rules_;
     std::vector<size_t> listed_;  // for each row the position of its rule
+    bool filled_ = false;
 };
 
 // Switches each rule on or off as the check box of the row at its position says; a row that is not there

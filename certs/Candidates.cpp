@@ -1,6 +1,7 @@
 #include "certs/Candidates.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/Finder.h"
 #include "text/Upper.h"
@@ -50,9 +51,10 @@ void Candidates::PrepareFilter() {
     if (first == end) return;
     size_t length = 0;
     for (size_t id = first; id < end; ++id) length += names_[id].size();
-    UpperNames& piece = upper_.emplace_back(UpperNames{first, end, {}});
+    UpperNames piece{first, end, {}};
     piece.units.reserve(length);
     for (size_t id = first; id < end; ++id) AppendUpper(names_[id], piece.units);
+    upper_.push_back(std::move(piece));
 }
 
 std::vector<NameId> Candidates::NotEmpty() const {

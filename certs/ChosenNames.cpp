@@ -12,9 +12,8 @@ ChosenNames::ChosenNames(const std::vector<config::CertificateRef>& names) {
 }
 
 NameId ChosenNames::IdOf(std::wstring_view name) {
-    const size_t id = texts_.RowOf(name);
-    if (id == timesChosen_.size()) timesChosen_.push_back(0);
-    return static_cast<NameId>(id);
+    timesChosen_.resize(texts_.Size() + 1);  // first: no text may ever stand without its number
+    return static_cast<NameId>(texts_.RowOf(name));
 }
 
 std::vector<NameId> ChosenNames::Listed() const {
@@ -27,8 +26,8 @@ std::vector<NameId> ChosenNames::Listed() const {
 void ChosenNames::Add(std::wstring_view name) {
     const NameId id = IdOf(name);
     if (timesChosen_[id] != 0) return;
-    timesChosen_[id] = 1;
     chosen_.push_back(id);
+    timesChosen_[id] = 1;
 }
 
 void ChosenNames::RemoveEvery(const std::vector<NameId>& ids) {

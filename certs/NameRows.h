@@ -22,10 +22,12 @@ class NameRows {
     std::wstring_view Text(size_t row) const { return names_[ids_[row]]; }
     void Show(std::vector<NameId> ids) { ids_ = std::move(ids); }
 
-    // Sorts by the value of the field and what follows it in the name, by character code; names without the
-    // field come first (descending: last). Rows that do not differ in this keep their order. Returns, for
-    // every place, the row that stood elsewhere before.
-    std::vector<uint32_t> Sort(std::wstring_view fieldKey, bool descending);
+    // The rows sorted by the value of the field and what follows it in the name, by character code; names
+    // without the field come first (descending: last). Rows that do not differ in this keep their order.
+    // Gives, for every place, the row that stands elsewhere now.
+    std::vector<uint32_t> SortedOrder(std::wstring_view fieldKey, bool descending) const;
+    // The names as they would stand in that order.
+    std::vector<NameId> InOrder(const std::vector<uint32_t>& order) const;
 
     // The rows with a check mark, or those without.
     std::vector<NameId> Checked(const std::vector<bool>& checks, bool checked = true) const;

@@ -80,13 +80,17 @@ ui::Size CPreEncryptDlg::MinimumTrackSize() const {
 }
 
 void CPreEncryptDlg::RefillCandidates() {
-    candidates_.rows.Show(candidateNames_.Listed(filter_.Text()));
-    candidateView_.SetRows(candidates_.rows.Count());
+    Show(candidates_, candidateNames_.Listed(filter_.Text()));
 }
 
 void CPreEncryptDlg::RefillChosen() {
-    chosen_.rows.Show(chosenNames_.Listed());
-    chosenView_.SetRows(chosen_.rows.Count());
+    Show(chosen_, chosenNames_.Listed());
+}
+
+// The view first: without memory for its rows the old ones stay, with their names.
+void CPreEncryptDlg::Show(List& list, std::vector<NameId> names) {
+    list.view.SetRows(names.size());
+    list.rows.Show(std::move(names));
 }
 
 // The direction is what the header's arrow says; where there is none yet, upwards.
@@ -94,7 +98,11 @@ void CPreEncryptDlg::Sort(List& list) {
     const int field = sortField_.Selected();
     if (field == ui::ComboBox::None) return;
     const bool descending = list.view.Columns().front().arrow == ui::SortArrow::Down;
-    list.view.Reorder(list.rows.Sort(Fields().at(static_cast<size_t>(field)).Key, descending));
+    const std::vector<uint32_t> order =
+        list.rows.SortedOrder(Fields().at(static_cast<size_t>(field)).Key, descending);
+    std::vector<NameId> sorted = list.rows.InOrder(order);
+    list.view.Reorder(order);
+    list.rows.Show(std::move(sorted));
 }
 
 void CPreEncryptDlg::FlipAndSort(List& list) {

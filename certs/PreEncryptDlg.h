@@ -49,6 +49,7 @@ class CPreEncryptDlg : public ui::Dialog {
     void Connect(List& list, const std::wstring& kind);
     void CreateColumns();
     void FitColumns();
+    static void Show(List& list, std::vector<NameId> names);
     void RefillCandidates();
     void RefillChosen();
     void Sort(List& list);

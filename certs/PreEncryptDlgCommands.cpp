@@ -66,7 +66,7 @@ void CPreEncryptDlg::CheckAll(bool checked) {
 void CPreEncryptDlg::DeleteAll() {
     if (candidates_.rows.Count() == 0) return;
     if (!errors::Confirm(Screen(), this, L"Delete all list items?")) return;
-    candidates_.rows.Show({});
+    Show(candidates_, {});
     candidateNames_.Clear();
     groupsPath_.clear();
     RefillCandidates();
@@ -90,10 +90,9 @@ void CPreEncryptDlg::ExcludeOtherSigners() {
 
 // The rows that stay keep the order in which they are shown.
 void CPreEncryptDlg::RemoveChosen() {
-    const std::vector<bool> checks = chosenView_.Checks();
-    chosenNames_.RemoveEvery(chosen_.rows.Checked(checks));
-    chosen_.rows.Show(chosen_.rows.Checked(checks, false));
-    chosenView_.SetRows(chosen_.rows.Count());
+    const std::vector<NameId> removed = chosen_.rows.Checked(chosenView_.Checks());
+    Show(chosen_, chosen_.rows.Checked(chosenView_.Checks(), false));
+    chosenNames_.RemoveEvery(removed);
 }
 
 }  // namespace certs

@@ -44,6 +44,7 @@ ui::Size SignerList::MinimumTrackSize() const {
 }
 
 void SignerList::Refill() {
+    view_.SetRows(0);  // the rows that follow may not be had
     shown_.clear();
     for (size_t i = 0; i < lists_.size(); ++i)
         if (!lists_[i].Name.empty()) shown_.push_back(i);

@@ -66,9 +66,10 @@ size_t NameList::SlotOf(std::wstring_view name, uint32_t hash) const {
 
 const wchar_t* NameList::Store(std::wstring_view name) {
     if (name.size() > freeLength_) {
-        freeLength_ = std::max(blockLength, name.size());
-        blocks_.push_back(std::make_unique_for_overwrite<wchar_t[]>(freeLength_));
+        const size_t length = std::max(blockLength, name.size());
+        blocks_.push_back(std::make_unique_for_overwrite<wchar_t[]>(length));
         free_ = blocks_.back().get();
+        freeLength_ = length;
     }
     const wchar_t* const stored = free_;
     free_ = std::copy(name.begin(), name.end(), free_);

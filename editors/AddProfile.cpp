@@ -105,10 +105,10 @@ void CAddProfile::DeleteCsProfile() {
     if (selected == ui::ListBox::None) return errors::Warn(Screen(), this, L"Select list item to delete.");
     const std::wstring name = csProfiles_.SelectedItem();
     if (!errors::Confirm(Screen(), this, DeleteQuestion(name))) return;
+    if (std::find(removed_.begin(), removed_.end(), name) == removed_.end()) removed_.push_back(name);
     csProfiles_.Remove(selected);
     DetachStoreProfile(profile_, static_cast<size_t>(selected));
     ShowCsProfile(0);
-    if (std::find(removed_.begin(), removed_.end(), name) == removed_.end()) removed_.push_back(name);
 }
 
 std::wstring CAddProfile::DeleteQuestion(const std::wstring& name) const {

@@ -31,6 +31,7 @@ void MaskList::CreateColumn() {
 }
 
 void MaskList::Refill() {
+    view_.SetRows(0);  // the rows that follow may not be had
     view_.SetRows(masks_.size());
     view_.SetColumnWidths({view_.ClientWidth()});
 }

@@ -1,6 +1,7 @@
 #include "ui/Dialog.h"
 
 #include <algorithm>
+#include <new>
 #include <stdexcept>
 
 #include "ui/Controls.h"
@@ -114,6 +115,16 @@ void Dialog::UserFocused(Control& control) {
 
 void Dialog::UserLeft(Control& control) {
     if (focus_ == &control) focus_ = nullptr;
+}
+
+bool Dialog::Survives(const std::exception_ptr& failure) const {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::bad_alloc&) {
+        return screen_.TellOfShortMemory(*this);
+    } catch (...) {
+        return false;
+    }
 }
 
 void Dialog::EndDialog(int result) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <vector>
 
@@ -78,6 +79,9 @@ class Dialog {
     bool UserChoseSystemMenu(int command);  // false: the system's own command, left to it
     void UserFocused(Control& control);
     void UserLeft(Control& control);
+    // For the windows, when a handler of what the user does has thrown: the dialog stays open if only memory
+    // was short, and the user has been told.
+    bool Survives(const std::exception_ptr& failure) const;
 
   protected:
     // Called once the window exists and before it is shown.

@@ -35,9 +35,10 @@ void ListView::SetRows(size_t count) {
 }
 
 void ListView::SetRows(std::vector<bool> checks) {
+    std::vector<bool> selection(checks.size());
     rowCount_ = checks.size();
     checks_ = std::move(checks);
-    selection_.assign(rowCount_, false);
+    selection_ = std::move(selection);
     focusedRow_.reset();
     scrollTarget_ = 0;
     Changed(Aspect::Rows);

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -71,6 +73,17 @@ class Screen {
 
     virtual void ShowWaitCursor(bool shown) = 0;
     virtual const platform::ScreenMetrics& Metrics() const = 0;
+
+    // What tells the user that a command has ended because memory ran out, and in which dialog. It should not
+    // need any. Without it such a command ends its dialog, as one does that throws anything else.
+    using MemoryTeller = std::function<void(const Dialog& dialog)>;
+    void SetMemoryTeller(MemoryTeller teller) { memoryTeller_ = std::move(teller); }
+    // False: the user could not be told.
+    bool TellOfShortMemory(const Dialog& dialog);
+
+  private:
+    MemoryTeller memoryTeller_;
+    bool isTelling_ = false;
 };
 
 // Shows the wait cursor for as long as it lives.

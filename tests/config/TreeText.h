@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "demo/RegistryText.h"
 #include "demo/RegistryTool.h"
 #include "platform/memory/MemoryRegistry.h"
 

@@ -175,6 +175,65 @@ TEST_F(WindowGalleryTest, WhatAHandlerThrowsReachesTheCaller) {
     EXPECT_FALSE(gallery_.IsOpen());
 }
 
+class WithoutMemory : public WindowGalleryTest {
+  protected:
+    void SetUp() override {
+        ui::Screen& screen = world_->Screen();
+        screen.SetMemoryTeller([&screen](const ui::Dialog& dialog) {
+            screen.ShowMessageBox(&dialog, L"No memory", L"Gallery", ui::box::Ok | ui::box::ErrorIcon);
+        });
+    }
+    void ExpectTold() {
+        user_.ExpectBox(L"No memory", ui::box::Ok | ui::box::ErrorIcon, ui::IdOk, L"Gallery");
+    }
+};
+
+TEST_F(WithoutMemory, ACommandEndsAndItsDialogGoesOn) {
+    gallery_.onHear = [](const std::wstring& what) {
+        if (what == L"apply") throw std::bad_alloc();
+    };
+    Run([this] {
+        for (int time = 0; time < 2; ++time) {
+            ExpectTold();
+            user_.Click(Apply);
+            EXPECT_FALSE(gallery_.HasEnded());
+        }
+        gallery_.TakeHeard();
+        user_.Click(Save);
+        EXPECT_EQ(Heard{L"save"}, gallery_.TakeHeard());
+    });
+}
+
+TEST_F(WithoutMemory, ADialogThatCannotOpenEndsTheCommandBelow) {
+    gallery_.onHear = [this](const std::wstring& what) {
+        if (what != L"apply") return;
+        Gallery above(world_->Screen(), &gallery_);
+        above.onInit = [] { throw std::bad_alloc(); };
+        above.DoModal();
+        ADD_FAILURE() << "the command went on";
+    };
+    Run([this] {
+        ExpectTold();
+        user_.Click(Apply);
+        EXPECT_FALSE(gallery_.HasEnded());
+    });
+}
+
+TEST_F(WithoutMemory, OtherFailuresEndTheDialogAllTheSame) {
+    gallery_.onHear = [](const std::wstring& what) {
+        if (what == L"apply") throw std::out_of_range("apply");
+    };
+    EXPECT_THROW(Run([this] { user_.Click(Apply); }), std::out_of_range);
+}
+
+TEST_F(WithoutMemory, WhoCannotEvenBeToldIsSentBack) {
+    world_->Screen().SetMemoryTeller([](const ui::Dialog&) { throw std::bad_alloc(); });
+    gallery_.onHear = [](const std::wstring& what) {
+        if (what == L"apply") throw std::bad_alloc();
+    };
+    EXPECT_THROW(Run([this] { user_.Click(Apply); }), std::bad_alloc);
+}
+
 TEST_F(WindowGalleryTest, MayEndWhileItOpens) {
     gallery_.onInit = [this] { gallery_.EndDialog(7); };
     EXPECT_EQ(7, gallery_.DoModal());

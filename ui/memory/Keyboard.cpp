@@ -85,13 +85,17 @@ bool CanTakeFocus(const Control& control) {
 }
 
 Control* NextTabStop(const Dialog& dialog, bool backwards) {
-    std::vector<Control*> order = dialog.Controls();
-    if (backwards) std::reverse(order.begin(), order.end());
-    const auto focused = std::find(order.begin(), order.end(), dialog.Focus());
-    if (focused != order.end()) std::rotate(order.begin(), focused + 1, order.end());
-    const auto next =
-        std::find_if(order.begin(), order.end(), [](const Control* c) { return CanTakeFocus(*c); });
-    return next == order.end() ? nullptr : *next;
+    const std::vector<Control*>& controls = dialog.Controls();
+    const size_t count = controls.size();
+    const auto focused = std::find(controls.begin(), controls.end(), dialog.Focus());
+    const auto start = static_cast<size_t>(focused - controls.begin());
+    for (size_t step = 1; step <= count; ++step) {
+        const size_t ahead = start == count ? step - 1 : (start + step) % count;
+        const size_t behind = (start + count - step) % count;
+        Control* const next = controls[backwards ? behind : ahead];
+        if (CanTakeFocus(*next)) return next;
+    }
+    return nullptr;
 }
 
 void MoveFocus(Dialog& dialog, Control& control) {

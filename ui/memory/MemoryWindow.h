@@ -26,7 +26,7 @@ class MemoryWindow final : public Window {
     const Dialog& Owner() const { return dialog_; }
     // The result that ended the dialog, IdCancel if it has not ended. Throws what a handler threw.
     int Result() const;
-    // Ends the dialog because a handler threw; the first failure counts.
+    // A handler threw. That ends the dialog, unless it survives; the first failure counts.
     void Fail(std::exception_ptr failure);
 
     // Comes to the front: the control that had the focus before gets it back; the first time, when the
@@ -71,7 +71,7 @@ class MemoryWindow final : public Window {
     int y_ = 100;
     Size client_;
     bool minimized_ = false;
-    bool wasActive_ = false;
+    bool wasActive_ = false;  // the dialog has initialised itself and can be used
     bool behind_ = false;
     Control* focusBehind_ = nullptr;  // gets the focus when the window comes to the front again
     RowSelection rows_;

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <new>
 #include <utility>
 
 #include "ui/win32/DialogWindow.h"
@@ -103,7 +104,11 @@ void DialogWindow::OnCommand(int id, int notification, HWND control) {
 INT_PTR DialogWindow::OnNotify(NMHDR& notification) {
     ControlMirror* const mirror = SenderOf(notification);
     if (mirror == nullptr) return FALSE;
-    if (const std::optional<LRESULT> answer = mirror->Answer(notification)) return Reply(*answer);
+    try {
+        if (const std::optional<LRESULT> answer = mirror->Answer(notification)) return Reply(*answer);
+    } catch (const std::bad_alloc&) {
+        return FALSE;  // a cell stays empty; a box would come up with each painting
+    }
     return writing_ > 0 ? FALSE : Reply(mirror->OnNotify(notification));
 }
 

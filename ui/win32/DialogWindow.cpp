@@ -63,6 +63,7 @@ void DialogWindow::OpenModeless(HWND owner) {
 }
 
 void DialogWindow::Fail(std::exception_ptr exception) {
+    if (initialised_ && !ended_ && dialog_.Survives(exception)) return;
     if (unattended_ && taker_) {
         taker_(std::move(exception));
     } else if (!exception_) {
@@ -85,6 +86,7 @@ INT_PTR DialogWindow::OnInit() {
     opened_ = true;
     dialog_.Opened(*this, Client(), dpi);
     if (ended_) return TRUE;
+    initialised_ = true;
     if (!placed_) CenterOnOwner(window_);
     // The focus that the program chose holds only if the system is told that it need not choose any.
     return dialog_.Focus() == nullptr ? TRUE : FALSE;

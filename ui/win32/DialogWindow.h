@@ -44,7 +44,7 @@ class DialogWindow : public ui::Window {
     bool IsModal() const { return modal_; }
     // The window is gone, and none of its messages is being worked on.
     bool IsOver() const { return window_ == nullptr && depth_ == 0; }
-    // Ends the dialog with an exception, which leaves RunModal.
+    // A handler threw. Unless the dialog survives, that ends it, and the exception leaves RunModal.
     void Fail(std::exception_ptr exception);
 
     void Show(const Control& control, Aspect aspect) override;
@@ -102,7 +102,8 @@ class DialogWindow : public ui::Window {
     bool modal_ = true;
     bool unattended_ = false;  // modeless and open: nobody waits for its end
     bool opened_ = false;      // the dialog is told of sizes and asked for their limits
-    bool placed_ = false;      // the program said where the window has to be
+    bool initialised_ = false;
+    bool placed_ = false;  // the program said where the window has to be
     bool ended_ = false;
     std::exception_ptr exception_;
 };

@@ -1,0 +1,99 @@
+#include "editors/AddMask.h"
+#include "editors/AddProfile.h"
+#include "editors/AddRule.h"
+#include "errors/ErrBox.h"
+#include "settings/ConflictDlg.h"
+#include "tests/config/GoldenTree.h"
+#include "tests/torture/Scenarios.h"
+
+namespace tests::torture {
+namespace {
+
+namespace id {
+constexpr int Profiles = 1001, Rules = 1030, Search = 1079, LogPath = 1022;
+constexpr int AddRule = 1023, CopyRule = 1037, EditRule = 1024, DeleteRule = 1025;
+constexpr int MakeFirst = 1026, MoveUp = 1027, MoveDown = 1028, MakeLast = 1029;
+constexpr int AddProfile = 1031, EditProfile = 1032, DeleteProfile = 1033, ProfileName = 1037;
+constexpr int Operation = 1042, Masks = 1001, AddMask = 1124, DeleteMask = 1126, Mask = 1095;
+}  // namespace id
+
+constexpr int operations = 24;
+constexpr bool oneStep = true;
+
+void Nothing(World& /*world*/, Notes& /*notes*/) {}
+
+// The editor of a rule, in which everything is tried before it is accepted.
+void TryRule(World& world, Notes& /*notes*/) {
+    Hand& hand = world.hand;
+    hand.In<editors::AddMask>([&hand] {
+        hand.Paste(id::Mask, L"*.new");
+        hand.Click(ui::IdOk);
+    });
+    hand.In<errors::ErrBox>([&hand] { hand.Click(ui::IdOk); });
+    hand.In<editors::CAddRule>([&hand] {
+        for (int operation = 0; operation < operations; ++operation) hand.Choose(id::Operation, operation);
+        hand.Choose(id::Operation, 1);  // one that asks for no certificates
+        for (const int folder : {1045, 1046, 1047}) hand.Paste(folder, L"C:\\In");
+        hand.Click(id::AddMask);
+        hand.Select(id::Masks, 0);
+        hand.Click(id::DeleteMask);
+        hand.Click(id::AddMask);
+        hand.Click(ui::IdOk);
+    });
+}
+
+void RenameProfile(World& world, Notes& /*notes*/) {
+    world.hand.In<editors::CAddProfile>([&hand = world.hand] {
+        hand.Paste(id::ProfileName, L"A name of its own that is rather long");
+        hand.Click(ui::IdOk);
+    });
+}
+
+void ChangeSettings(World& world, Notes& /*notes*/) {
+    world.hand.In<settings::CConflictDlg>([&hand = world.hand] {
+        hand.Paste(1091, L"C:\\In");
+        hand.Click(ui::IdOk);
+    });
+}
+
+void SelectFirst(Hand& hand) {
+    hand.Select(id::Rules, 0);
+}
+
+std::function<void(Hand&)> Press(int button) {
+    return [button](Hand& hand) { hand.Click(button); };
+}
+
+}  // namespace
+
+const std::vector<Scenario>& InnerScenarios() {
+    static const std::vector<Scenario> all{
+        {"rule added", Kind::Command, GoldenTrees, TryRule, {}, Press(id::AddRule)},
+        {"rule copied", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::CopyRule), oneStep},
+        {"rule edited", Kind::Command, GoldenTrees, TryRule, SelectFirst, Press(id::EditRule)},
+        {"rule deleted", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::DeleteRule), oneStep},
+        {"rule moved down", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::MoveDown), oneStep},
+        {"rule made last", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::MakeLast), oneStep},
+        {"rules searched",
+         Kind::Command,
+         GoldenTrees,
+         Nothing,
+         {},
+         [](Hand& hand) { hand.Paste(id::Search, L"run"); },
+         oneStep},
+        {"profile opened",
+         Kind::Command,
+         GoldenTrees,
+         Nothing,
+         {},
+         [](Hand& hand) { hand.Select(id::Profiles, 1); },
+         oneStep},
+        {"profile added", Kind::Command, GoldenTrees, RenameProfile, {}, Press(id::AddProfile), oneStep},
+        {"profile renamed", Kind::Command, GoldenTrees, RenameProfile, {}, Press(id::EditProfile), oneStep},
+        {"profile deleted", Kind::Command, GoldenTrees, Nothing, {}, Press(id::DeleteProfile), oneStep},
+        {"log path", Kind::Command, GoldenTrees, ChangeSettings, {}, Press(id::LogPath), oneStep},
+    };
+    return all;
+}
+
+}  // namespace tests::torture
