@@ -81,8 +81,11 @@ void CBrisgateDlg::RestorePlacement() {
     const config::GlobalSettings& settings = configuration_.Settings;
     // Kept: a window saved at the very top or left of the screen opens at its default place.
     if (settings.WindowTop == 0 || settings.WindowLeft == 0) return;
-    SetNormalRect({settings.WindowLeft, settings.WindowTop, settings.WindowRight - settings.WindowLeft,
-                   settings.WindowBottom - settings.WindowTop});
+    // What the registry holds can be anything; no screen reaches farther than 16 bits.
+    const auto onScreen = [](int32_t pixels) { return std::clamp(pixels, -0x8000, 0x7FFF); };
+    const int left = onScreen(settings.WindowLeft);
+    const int top = onScreen(settings.WindowTop);
+    SetNormalRect({left, top, onScreen(settings.WindowRight) - left, onScreen(settings.WindowBottom) - top});
 }
 
 void CBrisgateDlg::FillProfileList() {

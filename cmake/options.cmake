@@ -29,7 +29,8 @@ endif()
 if(WIN32)
     target_compile_definitions(brisgate_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT
                                _WIN32_WINNT=0x0A00 WINVER=0x0A00)
-    target_compile_options(brisgate_options INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong)
+    target_compile_options(brisgate_options INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong
+                           -fcf-protection)
     target_link_options(brisgate_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections
                         -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va)
     # The same sources give the same program, wherever and whenever it is built.

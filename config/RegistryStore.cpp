@@ -114,7 +114,7 @@ ReadOutcome RegistryStore::ReadInteger(const std::wstring& name, int32_t& target
         return ReadOutcome::Failure;
     }
     uint32_t value = 0;
-    for (size_t i = buffer.size(); i-- > 0;) value = value << 8 | std::to_integer<uint32_t>(buffer[i]);
+    for (size_t i = 0; i < buffer.size(); ++i) value |= std::to_integer<uint32_t>(buffer[i]) << (8 * i);
     target = static_cast<int32_t>(value);
     return ReadOutcome::Value;
 }

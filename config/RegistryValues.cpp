@@ -30,7 +30,8 @@ bool IsString(platform::ValueType type) {
 }
 
 bool EndsInZeros(std::wstring_view units, size_t count) {
-    return units.size() >= count && units.find_last_not_of(L'\0') + 1 + count <= units.size();
+    return units.size() >= count &&
+           units.substr(units.size() - count).find_first_not_of(L'\0') == std::wstring_view::npos;
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ int OpenedChoice(Option option, const Rule& rule, const std::vector<std::wstring
         case Option::ArchiveIfAny:
             return IndexWithin(rule.ZipFile, ChoicesOf(option, storeProfiles));
         case Option::ArchiveKind:
-            return IndexWithin(rule.ZipFile - 1, ChoicesOf(option, storeProfiles));
+            return IndexWithin(std::max(rule.ZipFile, 1) - 1, ChoicesOf(option, storeProfiles));
         default:
             return 0;
     }

@@ -9,13 +9,13 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <span>
 #include <string>
 #include <vector>
 
 #include "crypto/CheckLdapStore.h"
 #include "crypto/LibrarySearch.h"
 #include "crypto/RefreshCrl.h"
+#include "fuzz/Input.h"
 #include "platform/memory/MemoryMachine.h"
 #include "ui/memory/MemoryScreen.h"
 
@@ -23,36 +23,16 @@ namespace {
 
 namespace kseal = platform::kseal;
 
-void Require(bool condition) {
-    if (!condition) std::abort();
+using fuzz::Require;
+
+fuzz::Input input;
+
+std::string AnyText() {
+    std::string text;
+    for (size_t length = input.Byte(); length > 0 && !input.IsEmpty(); --length)
+        text += static_cast<char>(std::max<uint8_t>(1, input.Byte()));
+    return text;
 }
-
-// The input, taken from the front; zeros behind its end.
-class Input {
-  public:
-    void Start(std::span<const uint8_t> bytes) { rest_ = bytes; }
-    bool IsEmpty() const { return rest_.empty(); }
-    uint8_t Byte() {
-        if (rest_.empty()) return 0;
-        const uint8_t byte = rest_.front();
-        rest_ = rest_.subspan(1);
-        return byte;
-    }
-    uint32_t Word() {
-        uint32_t word = 0;
-        for (int i = 0; i < 4; ++i) word = word << 8 | Byte();
-        return word;
-    }
-    std::string Text() {
-        std::string text;
-        for (size_t length = Byte(); length > 0 && !IsEmpty(); --length)
-            text += static_cast<char>(std::max<uint8_t>(1, Byte()));
-        return text;
-    }
-
-  private:
-    std::span<const uint8_t> rest_;
-};
 
 // What the library handed out. Each block has exactly the size that its user may read.
 struct HandedOut {
@@ -61,13 +41,12 @@ struct HandedOut {
     std::vector<std::unique_ptr<uint8_t[]>> serials;
 };
 
-Input input;
 std::map<void*, std::unique_ptr<char[]>> texts;
 std::optional<HandedOut> result;
 
 char* MaybeText(std::vector<std::unique_ptr<char[]>>& owner) {
     if (input.Byte() % 4 == 0) return nullptr;
-    const std::string text = input.Text();
+    const std::string text = AnyText();
     owner.push_back(std::make_unique<char[]>(text.size() + 1));
     std::copy(text.begin(), text.end(), owner.back().get());
     return owner.back().get();
@@ -119,7 +98,7 @@ kseal::Code FreeFindResult(kseal::Context, kseal::CertFindResult*) {
 
 void WriteAnyText(char* buffer, uint32_t size) {
     Require(std::count(buffer, buffer + size, '\0') == size);
-    const std::string text = input.Byte() % 4 == 0 ? std::string(size, 'x') : input.Text();
+    const std::string text = input.Byte() % 4 == 0 ? std::string(size, 'x') : AnyText();
     std::copy_n(text.begin(), std::min<size_t>(text.size(), size), buffer);
 }
 
@@ -195,7 +174,7 @@ void Use(const config::Services& services, ui::Dialog& parent, const crypto::Cry
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    input.Start({data, size});
+    input = fuzz::Input({data, size});
     platform::memory::MemoryMachine machine;
     machine.CryptoLibrary.Install(exports);
     Passer user;

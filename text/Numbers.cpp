@@ -20,7 +20,7 @@ std::wstring InBase(uint64_t number, uint64_t base) {
 
 std::wstring Decimal(int64_t number) {
     if (number >= 0) return InBase(static_cast<uint64_t>(number), 10);
-    return L"-" + InBase(uint64_t{0} - static_cast<uint64_t>(number), 10);
+    return L"-" + InBase(~static_cast<uint64_t>(number) + 1, 10);
 }
 
 std::wstring Hexadecimal(uint64_t number) {

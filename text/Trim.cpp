@@ -5,7 +5,8 @@
 namespace text {
 
 std::wstring_view TrimRight(std::wstring_view text, std::wstring_view characters) {
-    return text.substr(0, text.find_last_not_of(characters) + 1);
+    const size_t last = text.find_last_not_of(characters);
+    return last == std::wstring_view::npos ? std::wstring_view() : text.substr(0, last + 1);
 }
 
 std::wstring_view Trim(std::wstring_view text, std::wstring_view characters) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <map>
+#include <utility>
 
 #include "tests/app/MainWindow.h"
 
@@ -109,6 +111,30 @@ TEST_F(MainWindowSizeTest, TheWindowOpensWhereItWasSaved) {
     EXPECT_EQ(StoredInteger(ServiceRoot, L"Window_left"), 44);
     EXPECT_EQ(StoredInteger(ServiceRoot, L"Window_bottom"), 33 + saved.height);
     EXPECT_EQ(StoredInteger(ServiceRoot, L"Window_right"), 44 + saved.width);
+}
+
+TEST_F(MainWindowSizeTest, PlacesThatNoWindowCanHaveDoNoHarm) {
+    SeedSmallConfiguration();
+    constexpr int32_t smallest = std::numeric_limits<int32_t>::min();
+    constexpr int32_t largest = std::numeric_limits<int32_t>::max();
+    for (const auto& [low, high] :
+         {std::pair{smallest, largest}, std::pair{largest, smallest}, std::pair{largest, largest},
+          std::pair{smallest, smallest}, std::pair{-2, largest}, std::pair{100, smallest}}) {
+        SCOPED_TRACE(testing::PrintToString(low) + " to " + testing::PrintToString(high));
+        const std::string from = " = " + std::to_string(low) + "\n";
+        const std::string to = " = " + std::to_string(high) + "\n";
+        Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nWindow_top" + from + "Window_left" +
+             from + "Window_bottom" + to + "Window_right" + to);
+        const int result = Run([&](CBrisgateDlg&) { user_.Click(ui::IdOk); });
+        EXPECT_EQ(result, ui::IdOk);
+        // Some place that a window can have, the size at least what the buttons need.
+        for (const auto& [begin, end] :
+             {std::pair{L"Window_top", L"Window_bottom"}, std::pair{L"Window_left", L"Window_right"}}) {
+            const int64_t size = int64_t{StoredInteger(serviceRoot, end)} - StoredInteger(serviceRoot, begin);
+            EXPECT_GT(size, 100);
+            EXPECT_LE(size, 0x10000);
+        }
+    }
 }
 
 TEST_F(MainWindowSizeTest, AWindowSavedAtTheTopOrLeftEdgeOpensAtItsDefaultPlace) {

@@ -1,6 +1,8 @@
 // What the rule editor shows when it opens.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "config/Operations.h"
 #include "tests/editors/ExpectedForm.h"
 #include "tests/editors/RuleEditor.h"
@@ -164,6 +166,8 @@ TEST_F(RuleEditorOpening, NumbersOutsideTheirRangeShowAsTheFirstEntryOrZero) {
     EXPECT_EQ(listB(L"ARCH", 1), L"ZIP archivation");
     EXPECT_EQ(listB(L"ARCH", 0), L"ZIP archivation");
     EXPECT_EQ(listB(L"UNAR", 3), L"ZIP archivation");
+    EXPECT_EQ(listB(L"UNAR", std::numeric_limits<int32_t>::min()), L"ZIP archivation");
+    EXPECT_EQ(listB(L"ENCR", std::numeric_limits<int32_t>::max()), L"No");
     config::Rule rule = FullRule(L"PACK");
     rule.ArchCount = -5;
     Edit(rule, [this](ui::Dialog&) {

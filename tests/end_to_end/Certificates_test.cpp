@@ -146,6 +146,28 @@ TEST_F(CertificatesTest, WhatTheLibraryHasToSayOfAFailureIsShown) {
     EXPECT_EQ(Editor::TextOf(rule, actionField), L"1");
 }
 
+// Libraries that the system looks for in many places, for the pickers, the pictures and the messages.
+TEST_F(CertificatesTest, NothingIsLoadedFromTheCurrentFolderOrThePath) {
+    const fs::path elsewhere = folder_ / L"files";
+    for (const wchar_t* name :
+         {L"comctl32.dll", L"uxtheme.dll", L"wininet.dll", L"version.dll", L"dwmapi.dll", L"propsys.dll",
+          L"windowscodecs.dll", L"cryptbase.dll", L"profapi.dll"})
+        fs::copy_file(folder_ / L"morcel1.dll", elsewhere / name);
+    const SearchedFolder searched(elsewhere);
+    const Editor editor(program_.wstring());
+    const HWND rule = OpenRule(editor);
+    ASSERT_NE(rule, nullptr);
+    Editor::Press(rule, actionButton);
+    ASSERT_NE(editor.WaitForWindow(L"Add recipients"), nullptr);
+    size_t besideTheProgram = 0;
+    for (const std::wstring& file : editor.Modules()) {
+        const fs::path path(file);
+        EXPECT_NE(path.parent_path().filename(), elsewhere.filename()) << path;
+        if (path.parent_path().filename() == folder_.filename()) ++besideTheProgram;
+    }
+    EXPECT_EQ(besideTheProgram, 2U);  // itself and the library of certificates
+}
+
 TEST_F(CertificatesTest, ALibraryInTheCurrentFolderOrOnThePathIsNotTaken) {
     const fs::path elsewhere = folder_ / L"files";
     fs::rename(folder_ / L"morcel1.dll", elsewhere / L"morcel1.dll");

@@ -1,7 +1,9 @@
 #include "tests/end_to_end/Editor.h"
 
 #include <commctrl.h>
+#include <psapi.h>
 
+#include <algorithm>
 #include <functional>
 #include <stdexcept>
 
@@ -125,6 +127,23 @@ HWND Editor::WaitForBox() const {
     return WaitFor(process_, [](HWND window) {
         return Title(window) == errors::ProgramTitle && GetDlgItem(window, ruleListId) == nullptr;
     });
+}
+
+std::vector<std::wstring> Editor::Modules() const {
+    std::vector<HMODULE> modules(1024);
+    DWORD needed = 0;
+    if (!EnumProcessModules(process_.hProcess, modules.data(),
+                            static_cast<DWORD>(modules.size() * sizeof(HMODULE)), &needed))
+        throw std::runtime_error("the program does not tell its modules");
+    modules.resize(std::min(modules.size(), needed / sizeof(HMODULE)));
+    std::vector<std::wstring> files;
+    for (const HMODULE module : modules) {
+        std::wstring file(32768, L'\0');
+        file.resize(
+            GetModuleFileNameExW(process_.hProcess, module, file.data(), static_cast<DWORD>(file.size())));
+        files.push_back(file);
+    }
+    return files;
 }
 
 bool Editor::WaitForEnd() const {

@@ -27,6 +27,9 @@ class Editor {
     bool WaitForEnd() const;
     bool WaitUntilGone(HWND window) const;
 
+    // The files of all modules that the program has loaded.
+    std::vector<std::wstring> Modules() const;
+
     // Presses a button of the window and returns at once.
     static void Press(HWND window, int id);
     static std::wstring TextOf(HWND window, int id);

@@ -17,6 +17,8 @@
 namespace tests {
 namespace {
 
+constexpr std::string_view mark = "\xF3\x0F\x1E\xFA";  // the instruction endbr64
+
 class HeadersTest : public ::testing::Test {
   protected:
     void SetUp() override {
@@ -102,6 +104,19 @@ TEST_F(HeadersTest, NoSectionCanBeWrittenAndRun) {
         constexpr DWORD both = IMAGE_SCN_MEM_WRITE | IMAGE_SCN_MEM_EXECUTE;
         EXPECT_NE(section.Characteristics & both, both);
     }
+}
+
+// A processor that watches over indirect jumps lets them end only where the code is marked for it. What the
+// compiler brings along is not.
+TEST_F(HeadersTest, FunctionsAreMarkedAsTargetsOfJumps) {
+    size_t marks = 0;
+    for (const IMAGE_SECTION_HEADER& section : sections_) {
+        if ((section.Characteristics & IMAGE_SCN_MEM_EXECUTE) == 0) continue;
+        const std::string_view code =
+            std::string_view(bytes_).substr(section.PointerToRawData, section.SizeOfRawData);
+        for (size_t at = code.find(mark); at != std::string_view::npos; at = code.find(mark, at + 1)) ++marks;
+    }
+    EXPECT_GT(marks, 1000U);
 }
 
 // Any other library could be put beside the program by someone who may write there but is no administrator.

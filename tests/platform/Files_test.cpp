@@ -75,6 +75,18 @@ TEST_F(FilesTest, WhatWasWrittenIsRead) {
     EXPECT_EQ(files_.Close(read), code::Success);
 }
 
+TEST_F(FilesTest, AReadFillsNoMoreThanItsBuffer) {
+    MakeFile(Path(L"a.prx"), "more than was expected");
+    const FileHandle file = Open(Path(L"a.prx"));
+    std::string block = "............";
+    uint32_t count = 77;
+    const auto buffer = std::as_writable_bytes(std::span(block)).subspan(4, 4);
+    EXPECT_EQ(files_.Read(file, buffer, count), code::Success);
+    EXPECT_EQ(count, 4U);
+    EXPECT_EQ(block, "....more....");
+    EXPECT_EQ(files_.Close(file), code::Success);
+}
+
 TEST_F(FilesTest, CreatingReplacesAnOldFile) {
     MakeFile(Path(L"a.grx"), "a long old content");
     MakeFile(Path(L"a.grx"), "new");

@@ -1,0 +1,139 @@
+// A save is ended before each of its writes in turn, as if the process had been ended there. Whatever it
+// leaves, the next start does not fail otherwise than with its one report, and the next save makes everything
+// whole.
+#include "tests/config/KilledSave.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <optional>
+#include <sstream>
+#include <string>
+
+#include "tests/config/FaultTest.h"
+#include "tests/config/GoldenTree.h"
+#include "tests/config/RandomModel.h"
+#include "tests/config/TreeText.h"
+
+namespace {
+
+using config::Configuration;
+using tests::RecordedCall;
+using tests::Reports;
+
+struct Killed {};
+
+std::string DemoText() {
+    std::stringstream text;
+    text << std::ifstream("demo/configuration.txt", std::ios::binary).rdbuf();
+    return text.str();
+}
+
+class KilledSave : public tests::FaultTest {
+  protected:
+    std::optional<Configuration> LoadWithReports() {
+        screen_.reports.clear();
+        return LoadReportingTo(faultReporter_);
+    }
+    void SaveAll(const Configuration& configuration) {
+        Registry().NoFaults();
+        screen_.reports.clear();
+        ASSERT_TRUE(SaveReportingTo(faultReporter_, configuration));
+        ASSERT_EQ(screen_.reports, Reports{});
+    }
+    // False when the save came to its end before that write.
+    bool SaveKilledBefore(size_t write, const Configuration& configuration) {
+        size_t writes = 0;
+        Registry().ForgetCalls();
+        Registry().SetFault([&writes, write](size_t, const RecordedCall& call) {
+            if (tests::IsWrite(call.call) && writes++ == write) throw Killed();
+            return tests::code::Success;
+        });
+        bool killed = false;
+        try {
+            EXPECT_TRUE(SaveReportingTo(faultReporter_, configuration));
+        } catch (const Killed&) {
+            killed = true;
+        }
+        Registry().NoFaults();
+        return killed;
+    }
+
+    // A start is refused, with one report, while a profile has no key for its rules; counted.
+    void ExpectAStart(const Configuration& before, const Configuration& after) {
+        const auto found = LoadWithReports();
+        if (found) {
+            EXPECT_EQ(screen_.reports, Reports{});
+            if (!tests::IsFirstStart(*found)) tests::ExpectOnTheWay(*found, before, after);
+            return;
+        }
+        ++refusedStarts_;
+        ASSERT_EQ(screen_.reports.size(), 1U);
+        EXPECT_TRUE(screen_.reports[0].starts_with(L"Create (open) register key " + tests::ServicePath));
+        EXPECT_TRUE(screen_.reports[0].ends_with(L"\\rules.\r\nError 0x2 - "));
+    }
+
+    // Every step-th write of the way from one configuration to the other. Both must be whole again after the
+    // next save, and so must the way back be.
+    size_t KillOnTheWay(const Configuration& before, const Configuration& after, size_t step = 1) {
+        SaveAll(after);
+        const std::string whole = DumpTrees();
+        SaveAll(before);
+        size_t kills = 0;
+        for (size_t write = 0; SaveKilledBefore(write, after); write += step) {
+            SCOPED_TRACE(write);
+            ++kills;
+            ExpectAStart(before, after);
+            SaveAll(after);
+            EXPECT_EQ(DumpTrees(), whole);
+            SaveAll(before);
+            if (HasFailure()) break;
+        }
+        return kills;
+    }
+    void Tell(const char* what, size_t kills) const {
+        std::printf("%s: ended at %zu writes, %zu of the next starts refused\n", what, kills, refusedStarts_);
+    }
+
+    size_t refusedStarts_ = 0;
+};
+
+TEST_F(KilledSave, TheGoldenConfiguration) {
+    SeedTrees(tests::GoldenTrees);
+    const auto before = Load();
+    ASSERT_TRUE(before);
+    const Configuration after = tests::AfterADaysWork(*before);
+    const size_t kills = KillOnTheWay(*before, after) + KillOnTheWay(after, *before);
+    EXPECT_GT(kills, 150U);
+    EXPECT_LT(refusedStarts_, kills);
+    Tell("golden configuration", kills);
+}
+
+TEST_F(KilledSave, TheDemoConfiguration) {
+    SeedTrees(DemoText());
+    SaveAll(*Load());
+    const auto before = Load();
+    ASSERT_TRUE(before);
+    // Every write of so many is much: all of them only where it is asked for.
+    const char* step = std::getenv("BRISGATE_KILL_STEP");
+    const size_t kills =
+        KillOnTheWay(*before, tests::AfterADaysWork(*before), step == nullptr ? 19 : std::stoul(step));
+    EXPECT_GT(kills, 40U);
+    Tell("demo configuration", kills);
+}
+
+TEST_F(KilledSave, RandomConfigurations) {
+    SeedTrees(tests::GoldenLibrary + tests::Key(tests::ServiceKey));
+    tests::RandomModel random(20260117);
+    size_t kills = 0;
+    for (int round = 0; round < 2; ++round) {
+        const Configuration before = random.Next();
+        kills += KillOnTheWay(before, tests::AfterADaysWork(before), 41);
+        kills += KillOnTheWay(before, random.Next(), 41);
+    }
+    Tell("random configurations", kills);
+}
+
+}  // namespace

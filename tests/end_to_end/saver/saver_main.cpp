@@ -1,0 +1,44 @@
+// brisgate_saver.exe WRITE: loads the configuration, changes it as a day's work would, saves it, and ends
+// itself before that write, counted from 0.
+#include <windows.h>
+
+#include <cstdlib>
+
+#include "config/Load.h"
+#include "config/Save.h"
+#include "platform/win32/Win32Machine.h"
+#include "tests/config/KilledSave.h"
+#include "tests/config/ReportsOnlyScreen.h"
+
+namespace {
+
+using platform::memory::FaultyRegistry;
+using platform::memory::RecordedCall;
+
+int Run(size_t lastWrite) {
+    platform::win32::Win32Machine parts;
+    FaultyRegistry registry(parts.Registry);
+    const platform::Machine machine{
+        registry,           parts.Files,         parts.CodePage, parts.SystemMessages, parts.Clock,
+        parts.InstanceLock, parts.ScreenMetrics, parts.Memory,   parts.CryptoLibrary};
+    tests::ReportsOnlyScreen screen(machine.ScreenMetrics);
+    const errors::ErrorReporter reporter(machine, screen);
+    config::RegistryStore store(machine, reporter);
+    const auto loaded = config::LoadConfiguration(store, reporter, nullptr);
+    if (!loaded) return EXIT_FAILURE;
+
+    size_t writes = 0;
+    registry.SetFault([&writes, lastWrite](size_t, const RecordedCall& call) {
+        if (tests::IsWrite(call.call) && writes++ == lastWrite)
+            TerminateProcess(GetCurrentProcess(), tests::SaverWasEnded);
+        return platform::code::Success;
+    });
+    const bool saved = config::SaveConfiguration(store, reporter, nullptr, tests::AfterADaysWork(*loaded));
+    return saved && screen.reports.empty() ? static_cast<int>(tests::SaverSaved) : EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+    return count == 2 ? Run(std::strtoul(arguments[1], nullptr, 10)) : EXIT_FAILURE;
+}
