@@ -15,7 +15,7 @@ class CAboutDlg : public ui::Dialog {
   private:
     void OnInitDialog() override;
 
-    ui::Picture icon_{*this, 1200, {11, 12, 21, 20}, ui::Icon::App};
+    ui::Picture icon_{*this, 1200, {11, 12, 22, 21}, ui::Icon::App};
     ui::Label company_{*this, 1201, {42, 10, 250, 8}, L"Talveron LLC"};
     ui::Label product_{*this, 1202, {42, 22, 250, 8}, L"Client QLD"};
     ui::Label version_;

@@ -24,6 +24,10 @@ CBrisgateDlg::CBrisgateDlg(const config::Services& services, editors::Certificat
                                     : std::span<const config::Rule>(profile->Rules);
       }) {
     EnableProfileControls(false);
+    profileLabel_.SetName(L"Opened profile");
+    csProfileLabel_.SetName(L"Number of CS profiles");
+    profiles_.SetName(L"Profiles");
+    rules_.SetName(L"Rules");
     configurations_.SetTooltip(L"Configurations");
     openProfile_.SetTooltip(L"Open profile");
     for (ui::Control* reachedOtherwise : {&configurations_, &openProfile_}) {

@@ -23,12 +23,15 @@ void ExportRules(const config::Services& services, const ui::Dialog* owner,
     if (profile.Rules.empty()) return errors::Warn(services.Screen, owner, L"Profile contains no rules.");
     const std::string text = config::ExchangeText(profile.Rules, services.Machine.CodePage);
     const auto path = PickRulesFile(services, owner, ui::FilePickerKind::Save, profile.Name);
-    if (path) config::WriteWholeFile(services, owner, *path, text);
+    if (!path) return;
+    const ui::WaitCursor wait(services.Screen);
+    config::WriteWholeFile(services, owner, *path, text);
 }
 
 bool ImportRules(const config::Services& services, const ui::Dialog* owner, config::ServiceProfile& profile) {
     const auto path = PickRulesFile(services, owner, ui::FilePickerKind::Open);
     if (!path) return false;
+    const ui::WaitCursor wait(services.Screen);
     const auto content = config::ReadWholeFile(services, owner, *path);
     if (!content) return false;
     config::ExchangedRules exchanged = config::ParseExchangeText(content->Bytes(), services.Machine.CodePage);

@@ -24,10 +24,14 @@ CPreEncryptDlg::CPreEncryptDlg(const config::Services& services, ui::Dialog* own
       services_(services),
       search_(search),
       settings_(std::move(settings)),
-      chosenNames_(chosen) {}
+      chosenNames_(chosen) {
+    candidateView_.SetName(L"Subjects");
+    chosenView_.SetName(L"Recipients");
+}
 
 void CPreEncryptDlg::EditSignerList(std::wstring name, std::vector<config::SignerListEntry> existing) {
     listMode_ = true;
+    chosenView_.SetName(L"Signers");
     editedList_ = std::move(name);
     existingLists_ = std::move(existing);
 }

@@ -42,6 +42,7 @@ void CPreEncryptDlg::AddFromGroup() {
     const auto path = Screen().PickFile(this, GroupsFileToOpen(groupsPath_, settings_.GroupFilesFolder));
     if (!path) return;
     groupsPath_ = *path;
+    const ui::WaitCursor wait(Screen());
     const auto add = [this](std::wstring_view name) { candidateNames_.Add(name); };
     if (ReadGroupsFile(services_, this, *path, add)) RefillCandidates();
 }

@@ -21,6 +21,7 @@ SignerList::SignerList(const config::Services& services, ui::Dialog* owner, cryp
       profile_(std::move(profile)),
       storeProfile_(storeProfile),
       lists_(std::move(lists)) {
+    view_.SetName(Caption());
     view_.SetCells([this](size_t row, size_t column) { return Cell(row, column); });
     view_.OnDoubleClick([this](const ui::ListHit& hit) { ShowMembers(hit); });
 }

@@ -31,13 +31,15 @@ target_link_options(brisgate PRIVATE -municode -s
 target_include_directories(brisgate PRIVATE resources ${CMAKE_BINARY_DIR}/resources)
 set_target_properties(brisgate PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 
-# Helpers of ./run: seeding and dumping the registry, and waiting for a window.
+# Helpers of scripts: seeding and dumping the registry, waiting for a window, and working in one.
 add_executable(brisgate-registry demo/win32/registry_main.cpp)
 target_link_libraries(brisgate-registry PRIVATE memory win32)
 add_executable(brisgate-wait tools/win32/wait_window_main.cpp)
 target_link_libraries(brisgate-wait PRIVATE brisgate_options)
 target_link_options(brisgate-wait PRIVATE -municode)
-set_target_properties(brisgate-registry brisgate-wait PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools)
+add_executable(brisgate-drive tools/win32/drive_window_main.cpp)
+target_link_libraries(brisgate-drive PRIVATE brisgate_options)
+set_target_properties(brisgate-registry brisgate-wait brisgate-drive PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tools)
 
 # A stand-in for the cryptographic library, in a folder of its own: the product is never shipped with it.
 add_library(morcel1 SHARED demo/win32/morcel1.cpp demo/win32/morcel1.def demo/win32/morcel1.rc)

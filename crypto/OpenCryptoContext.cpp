@@ -48,6 +48,7 @@ std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& 
 
 std::optional<OpenedContext> OpenCryptoContext(const config::Services& services, ui::Dialog& parent,
                                                const StoreProfileSettings& settings) {
+    const ui::WaitCursor wait(services.Screen);
     std::optional<CryptoContext> context = Open(services, parent, settings);
     if (!context) return std::nullopt;
     bool ldapUsable = settings.Picker.NotUseLDAP == 0;

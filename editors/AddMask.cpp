@@ -9,6 +9,7 @@ AddMask::AddMask(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring
     : Dialog(screen, owner, {.size = {200, 50}}, L"Mask") {
     combo_.SetItems(std::move(suggestions));
     combo_.SetText(std::move(mask));
+    combo_.SetName(Caption());
 }
 
 void AddMask::OnOK() {

@@ -25,7 +25,10 @@ CAddProfile::CAddProfile(const config::Services& services, ui::Dialog* owner, co
       profile_(std::move(profile)),
       profileNames_(std::move(profileNames)),
       csProfileNames_(std::move(csProfileNames)),
-      memory_(memory) {}
+      memory_(memory) {
+    csProfiles_.SetName(L"CS profiles");
+    tsp_.SetName(L"TSP server");
+}
 
 void CAddProfile::OnInitDialog() {
     const bool isNew = profile_.Name.empty();

@@ -41,6 +41,11 @@ CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const co
       form_(OpenedForm(rule, profile_.ZCSProfile)),
       maskList_(masks_, *this, services.Screen, form_.Masks, std::move(suggestedMasks)) {
     oldMask_.SetText(isNew_ ? L"*" : rule.Mask);
+    operation_.SetName(L"Operation");
+    pathIn_.SetName(pickPathIn_.Tooltip());
+    pathOut_.SetName(pickPathOut_.Tooltip());
+    pathError_.SetName(pickPathError_.Tooltip());
+    masks_.SetName(L"Masks");
 }
 
 void CAddRule::OnInitDialog() {
@@ -105,6 +110,7 @@ void CAddRule::Reshape() {
     action_.SetTooltip(std::wstring(look.tooltip));
     action_.Enable(look.isEnabled);
     actionField_.SetReadOnly(!look.takesPath);
+    actionField_.SetName(std::wstring(look.fieldName));
     pickPathOut_.Enable(shape.outputFolder);
     pathOut_.Enable(shape.outputFolder);
     storeProfileLabel_.SetText(shape.storeProfile ? L"CS profile: " : L"");
@@ -114,6 +120,9 @@ void CAddRule::Reshape() {
 
 void CAddRule::ReshapeRow(const Row& row, const OptionField& field) {
     row.label->SetText(std::wstring(field.label));
+    // Behind a list that is not shown, the label is too far away for these.
+    row.text->SetName(row.label->Text());
+    if (row.number != nullptr) row.number->SetName(row.label->Text());
     Use(row.list, field.input == Input::List);
     Use(row.text, field.input == Input::Text);
     Use(row.number, field.input == Input::Number);

@@ -65,6 +65,7 @@ struct ActionLook {
     Action action = Action::None;
     ui::Icon icon = ui::Icon::None;
     std::wstring_view tooltip;
+    std::wstring_view fieldName;
     bool isEnabled = false;
     bool takesPath = false;  // the field holds a path and can be typed in; else it shows a number
 };

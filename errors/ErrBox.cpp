@@ -3,8 +3,8 @@
 namespace errors {
 
 ErrBox::ErrBox(ui::Screen& screen, ui::Dialog* owner, std::wstring text, ui::Icon icon)
-    : Dialog(screen, owner, {.size = {220, 85}}, L"Error"),
-      icon_(*this, 1150, {7, 10, 21, 20}, icon),
-      text_(*this, 1151, {36, 10, 177, 48}, std::move(text)) {}
+    : Dialog(screen, owner, {.size = {220, 62}}, L"Error"),
+      icon_(*this, 1150, {7, 8, 22, 21}, icon),
+      text_(*this, 1151, {36, 10, 177, 24}, std::move(text)) {}
 
 }  // namespace errors

@@ -15,7 +15,7 @@ class ErrBox : public ui::Dialog {
   private:
     ui::Picture icon_;
     ui::Label text_;
-    ui::Button ok_{*this, ui::IdOk, {85, 64, 50, 14}, L"OK"};
+    ui::Button ok_{*this, ui::IdOk, {163, 41, 50, 14}, L"OK"};
 };
 
 }  // namespace errors

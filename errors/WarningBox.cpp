@@ -24,6 +24,7 @@ WarningBox::WarningBox(ui::Screen& screen, ui::Dialog* owner, Kind kind, const s
     : Dialog(screen, owner, {.size = {320, 185}, .resizable = true}, title.empty() ? L"Warning:" : title),
       kind_(kind) {
     text_.SetText(text);
+    text_.SetName(Caption());
     continue_.Enable(false);
     continue_.Show(false);
 }

@@ -15,11 +15,14 @@ CConflictDlg::CConflictDlg(const config::Services& services, ui::Dialog* owner, 
     : Dialog(services.Screen, owner, {.size = {264, 75}}, L"Log path"),
       services_(services),
       logPath_(std::move(logPath)),
-      logFilesize_(logFilesize) {}
+      logFilesize_(logFilesize) {
+    path_.SetName(L"Log path");
+}
 
 void CConflictDlg::OnInitDialog() {
     path_.SetText(logPath_);
     size_.SetText(text::Decimal(logFilesize_));
+    path_.SetFocus();  // on the button before it, Enter would ask for a folder
 }
 
 // The field says the number that OK will take, whatever has been typed.

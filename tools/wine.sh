@@ -21,6 +21,12 @@ without_window_manager() {
     wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
 }
 
+# with_title_bars WIDTHxHEIGHT: programs show in a desktop window of Wine's own of that size, with title bars and borders.
+with_title_bars() {
+    wine reg add 'HKCU\Software\Wine\Explorer' /v Desktop /d Default /f >/dev/null
+    wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d "$1" /f >/dev/null
+}
+
 # start_display WIDTHxHEIGHT: a virtual display of this command's own; sets DISPLAY.
 start_display() {
     local number_file

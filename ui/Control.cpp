@@ -26,6 +26,12 @@ void Control::SetText(std::wstring text) {
     Changed(Aspect::Text);
 }
 
+void Control::SetName(std::wstring name) {
+    if (name == name_) return;
+    name_ = std::move(name);
+    Changed(Aspect::Name);
+}
+
 void Control::Enable(bool enabled) {
     if (enabled == enabled_) return;
     enabled_ = enabled;

@@ -29,6 +29,7 @@ using Handler = std::function<void()>;
 // What of a control changed and has to be shown anew.
 enum class Aspect {
     Text,
+    Name,
     Enabled,
     Visible,
     Bounds,
@@ -73,6 +74,8 @@ class Control {
     virtual void Accept(ControlVisitor& visitor) = 0;
     // Whether the Tab key stops here (while the control is shown and enabled).
     virtual bool TakesFocus() const { return true; }
+    // Whether the control says by itself what it is: a button, say, and not an edit.
+    virtual bool HasCaption() const { return false; }
 
     int Id() const { return id_; }
     const Place& Placement() const { return place_; }
@@ -80,6 +83,11 @@ class Control {
     // The text that the window carries: a caption, or what an edit holds.
     const std::wstring& Text() const { return text_; }
     void SetText(std::wstring text);
+
+    // What a screen reader calls a control that neither has a caption nor stands right behind a label
+    // (ui/Names.h).
+    const std::wstring& Name() const { return name_; }
+    void SetName(std::wstring name);
 
     bool IsEnabled() const { return enabled_; }
     void Enable(bool enabled);
@@ -117,6 +125,7 @@ class Control {
     const int id_;
     const Place place_;
     std::wstring text_;
+    std::wstring name_;
     std::wstring tooltip_;
     bool enabled_ = true;
     bool visible_ = true;

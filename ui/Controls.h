@@ -13,6 +13,7 @@ class Label : public Control {
   public:
     Label(Dialog& owner, int id, const Place& place, std::wstring text = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool HasCaption() const override { return true; }
     bool TakesFocus() const override { return false; }
 };
 
@@ -32,6 +33,7 @@ class GroupBox : public Control {
   public:
     GroupBox(Dialog& owner, int id, const Place& place, std::wstring text = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool HasCaption() const override { return true; }
     bool TakesFocus() const override { return false; }
 };
 
@@ -70,6 +72,7 @@ class Button : public Control {
   public:
     Button(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool HasCaption() const override { return true; }
     void UserClicked();
 
   private:
@@ -83,6 +86,7 @@ class IconButton : public Control {
     IconButton(Dialog& owner, int id, const Place& place, ui::Icon icon, std::wstring tooltip,
                Handler onClick = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool HasCaption() const override { return true; }
 
     ui::Icon Icon() const { return icon_; }
     void SetIcon(ui::Icon icon);
@@ -97,6 +101,7 @@ class CheckBox : public Control {
   public:
     CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    bool HasCaption() const override { return true; }
 
     bool IsChecked() const { return checked_; }
     void SetChecked(bool checked);

@@ -71,6 +71,8 @@ class Screen {
     virtual std::optional<std::wstring> PickFolder(const Dialog* owner) = 0;
     virtual std::optional<std::wstring> PickFile(const Dialog* owner, const FilePicker& picker) = 0;
 
+    // Calls come in pairs and may be nested. While the user is asked something meanwhile, in a box or a modal
+    // dialog, the cursor is the usual one.
     virtual void ShowWaitCursor(bool shown) = 0;
     virtual const platform::ScreenMetrics& Metrics() const = 0;
 

@@ -81,10 +81,11 @@ class CertificateJourney : public CryptoTest {
     void PutFile(const std::wstring& path, std::string_view content);
     std::string Content(const std::wstring& path);
 
+    const std::unique_ptr<TestFiles> files_ = MakeTestFiles();
+
   private:
     Names Shown(int list) const;
 
-    const std::unique_ptr<TestFiles> files_ = MakeTestFiles();
     platform::memory::MemoryInstanceLock lock_;
     const platform::Machine program_{world_->Machine().Registry,
                                      files_->Files(),

@@ -130,7 +130,7 @@ TEST_F(MainWindowSizeTest, PlacesThatNoWindowCanHaveDoNoHarm) {
         // Some place that a window can have, the size at least what the buttons need.
         for (const auto& [begin, end] :
              {std::pair{L"Window_top", L"Window_bottom"}, std::pair{L"Window_left", L"Window_right"}}) {
-            const int64_t size = int64_t{StoredInteger(serviceRoot, end)} - StoredInteger(serviceRoot, begin);
+            const int64_t size = int64_t{StoredInteger(ServiceRoot, end)} - StoredInteger(ServiceRoot, begin);
             EXPECT_GT(size, 100);
             EXPECT_LE(size, 0x10000);
         }

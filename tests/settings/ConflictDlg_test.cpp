@@ -55,7 +55,7 @@ TEST_F(ConflictDlgTest, IsLaidOutWithTheseControls) {
                                 {2, {{207, 54, 50, 14}, L"Exit"}}});
         EXPECT_TRUE(user_.Get<ui::Edit>(logid::Size).Style().digitsOnly);
         EXPECT_EQ(TabOrder(),
-                  (std::vector<int>{logid::Pick, logid::Path, logid::Size, ui::IdOk, ui::IdCancel}));
+                  (std::vector<int>{logid::Path, logid::Size, ui::IdOk, ui::IdCancel, logid::Pick}));
         user_.Press(Key::Escape);
     });
 }
@@ -245,10 +245,11 @@ TEST_F(ConflictDlgTest, AFolderThatVanishesBetweenPickingAndOkIsRefused) {
 
 TEST_F(ConflictDlgTest, CanBeUsedWithTheKeyboardAlone) {
     const int result = Run([&](CConflictDlg& dialog) {
+        EXPECT_EQ(dialog.Focus(), &dialog.Find(logid::Path));
+        for (size_t stop = 1; stop < 5; ++stop) user_.Press(Key::Tab);
         EXPECT_EQ(dialog.Focus(), &dialog.Find(logid::Pick));
         user_.ExpectFolderPicker(L"C:\\windows");
         user_.Press(Key::Space);
-        user_.Press(Key::Tab);
         user_.Press(Key::Tab);
         user_.Press(Key::Enter);
     });

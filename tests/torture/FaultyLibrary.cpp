@@ -74,9 +74,9 @@ Code GetErrorLineEx(Context context, char** errorText, char** sourceFile, int32_
                                        : Real().GetErrorLineEx(context, errorText, sourceFile, line, data));
 }
 
-void FreeMem(void* memory) {
+void FreeMem(void* block) {
     const Harness harness;
-    Real().FreeMem(memory);
+    Real().FreeMem(block);
 }
 
 constexpr kseal::Exports exports{

@@ -4,18 +4,11 @@
 #include "errors/ErrBox.h"
 #include "settings/ConflictDlg.h"
 #include "tests/config/GoldenTree.h"
+#include "tests/torture/Ids.h"
 #include "tests/torture/Scenarios.h"
 
 namespace tests::torture {
 namespace {
-
-namespace id {
-constexpr int Profiles = 1001, Rules = 1030, Search = 1079, LogPath = 1022;
-constexpr int AddRule = 1023, CopyRule = 1037, EditRule = 1024, DeleteRule = 1025;
-constexpr int MakeFirst = 1026, MoveUp = 1027, MoveDown = 1028, MakeLast = 1029;
-constexpr int AddProfile = 1031, EditProfile = 1032, DeleteProfile = 1033, ProfileName = 1037;
-constexpr int Operation = 1042, Masks = 1001, AddMask = 1124, DeleteMask = 1126, Mask = 1095;
-}  // namespace id
 
 constexpr int operations = 24;
 constexpr bool oneStep = true;

@@ -4,15 +4,12 @@
 
 #include "app/BrisgateDlg.h"
 #include "certs/PreEncryptDlg.h"
+#include "tests/torture/Ids.h"
 #include "tests/torture/Scenarios.h"
 #include "tests/torture/ShortMemory.h"
 
 namespace tests::torture {
 namespace {
-
-namespace id {
-constexpr int Profiles = 1001, Rules = 1030, Save = 1000;
-}
 
 constexpr size_t noRow = static_cast<size_t>(-1);
 

@@ -1,4 +1,5 @@
 #include "tests/torture/Scenarios.h"
+#include "tests/torture/Ids.h"
 
 #include "certs/FilterDlg.h"
 #include "certs/PreEncryptDlg.h"
@@ -10,17 +11,6 @@
 
 namespace tests::torture {
 namespace {
-
-namespace id {
-constexpr int Save = 1000, Profiles = 1001, Rules = 1030;
-constexpr int CopyRule = 1037, DeleteRule = 1025, AddProfile = 1031, DeleteProfile = 1033;
-constexpr int Export = 1034, Import = 1035, ProfileName = 1037;
-constexpr int Operation = 1042, Action = 1050;
-constexpr int Candidates = 1214, FromLocal = 1215, FromGroup = 1216, FromLdap = 1217, SelectAll = 1218;
-constexpr int SaveGroup = 1221, Choose = 1027, Remove = 1028, Chosen = 1222, ListName = 1224;
-constexpr int FilterField = 1202, FilterSample = 1204;
-constexpr int Lists = 1230, AddList = 1231, EditList = 1232, DeleteList = 1233;
-}  // namespace id
 
 constexpr bool oneStep = true;
 constexpr wchar_t file[] = L"C:\\In\\exchanged.";

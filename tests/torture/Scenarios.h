@@ -49,6 +49,12 @@ struct Outcome {
     size_t pickers = 0;  // how many were opened
 };
 
+// As a test may be called: without blanks and commas.
+inline std::string NameInTests(std::string name) {
+    std::erase_if(name, [](char c) { return c == ' ' || c == ','; });
+    return name;
+}
+
 struct Torment {
     Faults::Plan plan{};
     Ending ending = Ending::Leave;

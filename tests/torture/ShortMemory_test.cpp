@@ -109,14 +109,9 @@ TEST_P(ShortOfMemory, ACommandEndsAsAWhole) {
               << " runs; so far " << totalRuns << "\n";
 }
 
-std::string NameOf(const testing::TestParamInfo<size_t>& info) {
-    std::string name = ScenarioNumber(info.param).name;
-    std::erase_if(name, [](char c) { return c == ' ' || c == ','; });
-    return name;
-}
-
 INSTANTIATE_TEST_SUITE_P(Scenarios, ShortOfMemory,
-                         testing::Range(size_t{0}, Scenarios().size() + InnerScenarios().size()), NameOf);
+                         testing::Range(size_t{0}, Scenarios().size() + InnerScenarios().size()),
+                         [](const auto& scenario) { return NameInTests(ScenarioNumber(scenario.param).name); });
 
 }  // namespace
 }  // namespace tests::torture

@@ -151,13 +151,8 @@ TEST_P(Torture, EveryCallFails) {
               << " runs; so far " << totalFaults << " in " << totalRuns << "\n";
 }
 
-std::string NameOf(const testing::TestParamInfo<size_t>& info) {
-    std::string name = Scenarios().at(info.param).name;
-    std::erase_if(name, [](char c) { return c == ' ' || c == ','; });
-    return name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Scenarios, Torture, testing::Range(size_t{0}, Scenarios().size()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Scenarios, Torture, testing::Range(size_t{0}, Scenarios().size()),
+                         [](const auto& scenario) { return NameInTests(Scenarios().at(scenario.param).name); });
 
 }  // namespace
 }  // namespace tests::torture

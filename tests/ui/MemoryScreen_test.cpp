@@ -304,6 +304,13 @@ TEST_F(MemoryScreenTest, AListIsAsWideAsItsBorderAndScrollBarLeave) {
     });
 }
 
+TEST_F(MemoryScreenTest, TheCursorIsTheUsualOneWhileTheUserIsAsked) {
+    const ui::WaitCursor wait(screen);
+    EXPECT_EQ(1, screen.WaitCursors());
+    Run([this] { EXPECT_EQ(0, screen.WaitCursors()); });
+    EXPECT_EQ(1, screen.WaitCursors());
+}
+
 TEST_F(MemoryScreenTest, CountsWaitCursors) {
     {
         const ui::WaitCursor outer(screen);

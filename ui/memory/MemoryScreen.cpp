@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <utility>
 
 namespace ui::memory {
 
@@ -27,10 +28,28 @@ class MemoryScreen::OpenWindow {
     Dialog& dialog_;
 };
 
+// While one lives, the user is asked something and finds the usual cursor.
+class MemoryScreen::Asking {
+  public:
+    explicit Asking(MemoryScreen& screen)
+        : screen_(screen),
+          interrupted_(std::exchange(screen.waitCursors_, 0)) {}
+    ~Asking() { screen_.waitCursors_ = interrupted_; }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+  private:
+    MemoryScreen& screen_;
+    const int interrupted_;
+};
+
 // A message box or a picker in front of all windows.
 class MemoryScreen::Interruption {
   public:
-    Interruption(MemoryScreen& screen, const Dialog* owner) : screen_(screen), interrupted_(screen.active_) {
+    Interruption(MemoryScreen& screen, const Dialog* owner)
+        : screen_(screen),
+          asking_(screen),
+          interrupted_(screen.active_) {
         screen_.lastOwner_ = owner != nullptr && owner->IsOpen() ? owner : nullptr;
         screen_.Activate(nullptr);
     }
@@ -40,6 +59,7 @@ class MemoryScreen::Interruption {
 
   private:
     MemoryScreen& screen_;
+    const Asking asking_;
     MemoryWindow* const interrupted_;
 };
 
@@ -49,6 +69,7 @@ void MemoryScreen::SetDpi(uint32_t dpi) {
 }
 
 int MemoryScreen::RunModal(Dialog& dialog) {
+    const Asking asking(*this);
     MemoryWindow window(dialog, metrics_, dpi_);
     {
         const OpenWindow open(*this, window, dialog);

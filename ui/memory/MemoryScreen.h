@@ -46,7 +46,8 @@ class MemoryScreen final : public Screen {
     // What there is to be seen. None: the dialog is not open.
     MemoryWindow* WindowOf(const Dialog& dialog) const;
     size_t OpenDialogs() const { return windows_.size(); }
-    int WaitCursors() const { return waitCursors_; }  // shown and not yet taken away
+    // Shown and not yet taken away; none while the user is being asked something.
+    int WaitCursors() const { return waitCursors_; }
     // Of the message box or picker opened last; none when that dialog was not open.
     const Dialog* LastOwner() const { return lastOwner_; }
     const FilePicker& LastFilePicker() const { return lastFilePicker_; }
@@ -54,6 +55,7 @@ class MemoryScreen final : public Screen {
   private:
     class OpenWindow;
     class Interruption;
+    class Asking;
     User& RequireUser() const;
     void Activate(MemoryWindow* window);
     void Remove(MemoryWindow& window);

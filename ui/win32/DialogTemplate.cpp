@@ -1,6 +1,10 @@
 #include "ui/win32/DialogTemplate.h"
 
-#include "ui/win32/WindowKinds.h"
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "ui/Names.h"
 
 namespace ui::win32 {
 namespace {
@@ -17,11 +21,18 @@ DWORD StyleOf(const DialogStyle& style) {
 }  // namespace
 
 DialogTemplate::DialogTemplate(const Dialog& dialog) {
-    AddHeader(dialog);
-    for (Control* control : dialog.Controls()) AddControl(*control);
+    const auto& controls = dialog.Controls();
+    const auto namePlates = std::count_if(controls.begin(), controls.end(), [&dialog](const auto* control) {
+        return NeedsNamePlate(dialog, *control);
+    });
+    AddHeader(dialog, static_cast<int>(controls.size()) + static_cast<int>(namePlates));
+    for (Control* control : controls) {
+        if (NeedsNamePlate(dialog, *control)) AddNamePlate(*control);
+        AddControl(*control);
+    }
 }
 
-void DialogTemplate::AddHeader(const Dialog& dialog) {
+void DialogTemplate::AddHeader(const Dialog& dialog, int items) {
     constexpr int ExtendedVersion = 1;
     constexpr int ExtendedSignature = 0xFFFF;
     constexpr int FontPoints = 8;
@@ -30,7 +41,7 @@ void DialogTemplate::AddHeader(const Dialog& dialog) {
     AddLong(0);  // help id
     AddLong(0);  // extended style
     AddLong(StyleOf(dialog.Style()));
-    AddWord(static_cast<int>(dialog.Controls().size()));
+    AddWord(items);
     AddWord(0);
     AddWord(0);
     AddWord(dialog.Style().size.width);
@@ -44,25 +55,33 @@ void DialogTemplate::AddHeader(const Dialog& dialog) {
     AddText(L"MS Shell Dlg");
 }
 
+void DialogTemplate::AddNamePlate(const Control& control) {
+    AddItem({WC_STATICW, SS_LEFT | SS_NOPREFIX}, 0, {}, NamePlateId(control), control.Name());
+}
+
 void DialogTemplate::AddControl(Control& control) {
-    const WindowKind kind = KindOf(control);
-    DWORD style = kind.style | WS_CHILD;
-    if (control.IsVisible()) style |= WS_VISIBLE;
-    if (!control.IsEnabled()) style |= WS_DISABLED;
-    if (control.TakesFocus()) style |= WS_TABSTOP;
-    const Place& place = control.Placement();
+    DWORD state = 0;
+    if (control.IsVisible()) state |= WS_VISIBLE;
+    if (!control.IsEnabled()) state |= WS_DISABLED;
+    if (control.TakesFocus()) state |= WS_TABSTOP;
+    // The window's text is shown once it exists.
+    AddItem(KindOf(control), state, control.Placement(), control.Id(), {});
+}
+
+void DialogTemplate::AddItem(const WindowKind& kind, DWORD state, const Place& place, int id,
+                             std::wstring_view text) {
     AlignToLong();
     AddLong(0);  // help id
     AddLong(kind.extendedStyle);
-    AddLong(style);
+    AddLong(kind.style | WS_CHILD | state);
     AddWord(place.x);
     AddWord(place.y);
     AddWord(place.width);
     AddWord(place.height + kind.dropHeight);
-    AddLong(static_cast<uint32_t>(control.Id()));
+    AddLong(static_cast<uint32_t>(id));
     AddText(kind.className);
-    AddText({});  // the window's text is shown once it exists
-    AddWord(0);   // no creation data
+    AddText(text);
+    AddWord(0);  // no creation data
 }
 
 void DialogTemplate::AddLong(uint32_t value) {

@@ -8,8 +8,15 @@
 #include <vector>
 
 #include "ui/Dialog.h"
+#include "ui/win32/WindowKinds.h"
 
 namespace ui::win32 {
+
+// The number of the invisible text right before a control that needs one; controls have lower numbers.
+inline int NamePlateId(const Control& control) {
+    constexpr int BeyondControls = 0x4000;
+    return BeyondControls + control.Id();
+}
 
 class DialogTemplate {
   public:
@@ -18,8 +25,10 @@ class DialogTemplate {
     const DLGTEMPLATE* Data() const { return reinterpret_cast<const DLGTEMPLATE*>(words_.data()); }
 
   private:
-    void AddHeader(const Dialog& dialog);
+    void AddHeader(const Dialog& dialog, int items);
+    void AddNamePlate(const Control& control);
     void AddControl(Control& control);
+    void AddItem(const WindowKind& kind, DWORD state, const Place& place, int id, std::wstring_view text);
     void AddWord(int value) { words_.push_back(static_cast<uint16_t>(value)); }
     void AddLong(uint32_t value);
     void AddText(std::wstring_view text);

@@ -57,9 +57,10 @@ void DialogWindow::OpenModeless(HWND owner) {
     ShowWindow(window, SW_SHOW);
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW | RDW_ALLCHILDREN);
     // The caller may be about to keep the thread busy for long. What has been drawn is sure to reach the
-    // display once the queue has been looked at.
+    // display once the queue has been looked at in vain, whatever else is waiting in it.
+    constexpr UINT SentByNobody = 0xBFFF;
     MSG unused{};
-    PeekMessageW(&unused, nullptr, WM_NULL, WM_NULL, PM_NOREMOVE);
+    PeekMessageW(&unused, nullptr, SentByNobody, SentByNobody, PM_NOREMOVE);
 }
 
 void DialogWindow::Fail(std::exception_ptr exception) {
@@ -122,6 +123,7 @@ void DialogWindow::Show(const Control& control, Aspect aspect) {
     if (mirror == nullptr) return;
     const Writing writing(*this);
     mirror->Show(aspect);
+    if (aspect == Aspect::Name) SetDlgItemTextW(window_, NamePlateId(control), control.Name().c_str());
     if (aspect == Aspect::Tooltip) tooltips_.SetText(mirror->Window(), control.Tooltip());
     if (aspect == Aspect::Enabled || aspect == Aspect::Visible) tooltips_.Follow(mirror->Window());
     if (control.HasFocus() && !(control.IsEnabled() && control.IsVisible())) FollowFocus();

@@ -112,13 +112,23 @@ IconHandle EmptyPicture() {
     return IconHandle(CreateIcon(GetModuleHandleW(nullptr), 1, 1, 1, 1, Keep.data(), Nothing.data()));
 }
 
-int PictureSizeFor(Size control) {
+namespace {
+
+int LargestDrawn(int room) {
     constexpr std::array Drawn{96, 64, 48, 32, 24, 20, 16};
-    constexpr int Edge = 6;  // both borders of a button, with a little air
-    const int room = std::min(control.width, control.height) - Edge;
     for (const int size : Drawn)
         if (size <= room) return size;
     return Drawn.back();
+}
+
+}  // namespace
+
+int PictureSizeFor(Size control) {
+    return LargestDrawn(std::min(control.width, control.height));
+}
+
+int ButtonPictureSizeFor(Size control) {
+    return LargestDrawn(std::min(control.width, control.height) * 4 / 5);
 }
 
 }  // namespace ui::win32

@@ -27,5 +27,7 @@ IconHandle EmptyPicture();
 
 // The largest size in which icons are drawn that fits into a control of this size.
 int PictureSizeFor(Size control);
+// The same for a button, with air around the picture that grows with the button.
+int ButtonPictureSizeFor(Size control);
 
 }  // namespace ui::win32

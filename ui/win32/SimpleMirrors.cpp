@@ -5,10 +5,10 @@
 namespace ui::win32 {
 namespace {
 
-IconHandle LoadToFit(Icon icon, HWND window) {
+Size ClientSizeOf(HWND window) {
     RECT area{};
     GetClientRect(window, &area);
-    return LoadPicture(icon, PictureSizeFor({area.right, area.bottom}));
+    return {area.right, area.bottom};
 }
 
 }  // namespace
@@ -22,7 +22,7 @@ std::wstring CaptionMirror::WithDoubledAmpersands(const std::wstring& text) {
 void PictureMirror::Show(Aspect aspect) {
     ControlMirror::Show(aspect);
     if (aspect != Aspect::Icon) return;
-    IconHandle icon = LoadToFit(picture_.Icon(), Window());
+    IconHandle icon = LoadPicture(picture_.Icon(), PictureSizeFor(ClientSizeOf(Window())));
     Send(STM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
     icon_.swap(icon);  // the old one goes once the window has let go of it
 }
@@ -73,7 +73,7 @@ void IconButtonMirror::Show(Aspect aspect) {
 }
 
 void IconButtonMirror::ShowPicture() {
-    IconHandle icon = LoadToFit(button_.Icon(), Window());
+    IconHandle icon = LoadPicture(button_.Icon(), ButtonPictureSizeFor(ClientSizeOf(Window())));
     fadedIcon_ = button_.IsEnabled() ? IconHandle() : FadedPicture(icon.get());
     if (fadedIcon_ != nullptr) icon = EmptyPicture();
     Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
@@ -90,11 +90,10 @@ std::optional<LRESULT> IconButtonMirror::Answer(NMHDR& question) const {
 }
 
 void IconButtonMirror::DrawFaded(HDC canvas) const {
-    RECT area{};
-    GetClientRect(Window(), &area);
-    const int size = PictureSizeFor({area.right, area.bottom});
-    const int x = (area.right - size) / 2;
-    const int y = (area.bottom - size) / 2;
+    const Size area = ClientSizeOf(Window());
+    const int size = ButtonPictureSizeFor(area);
+    const int x = (area.width - size) / 2;
+    const int y = (area.height - size) / 2;
     DrawIconEx(canvas, x, y, fadedIcon_.get(), size, size, 0, nullptr, DI_NORMAL);
 }
 

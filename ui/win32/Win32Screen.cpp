@@ -34,6 +34,24 @@ struct Win32Screen::Waiting {
     HCURSOR before = nullptr;
 };
 
+// While one lives, the user is asked something and finds the usual cursor.
+class Win32Screen::Asking {
+  public:
+    explicit Asking(Waiting& waiting) : waiting_(waiting), interrupted_(std::exchange(waiting.count, 0)) {
+        if (interrupted_ > 0) SetCursor(waiting_.before);
+    }
+    ~Asking() {
+        waiting_.count = interrupted_;
+        if (interrupted_ > 0) SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+  private:
+    Waiting& waiting_;
+    const int interrupted_;
+};
+
 Win32Screen::Win32Screen(const platform::ScreenMetrics& metrics)
     : metrics_(metrics),
       waiting_(std::make_unique<Waiting>()) {}
@@ -44,6 +62,7 @@ int Win32Screen::RunModal(Dialog& dialog) {
     ThrowStray();
     SweepClosed();
     DialogWindow window(dialog);
+    const Asking asking(*waiting_);
     const HWND owner = HandleOf(WindowOf(dialog.Parent()));
     const Listed listed(modal_, window);
     return window.RunModal(owner);
@@ -86,14 +105,17 @@ void Win32Screen::ThrowStray() {
 
 int Win32Screen::ShowMessageBox(const Dialog* owner, const std::wstring& text, const std::wstring& caption,
                                 uint32_t flags) {
+    const Asking asking(*waiting_);
     return MessageBoxW(HandleOf(WindowOf(owner)), text.c_str(), caption.c_str(), flags);
 }
 
 std::optional<std::wstring> Win32Screen::PickFolder(const Dialog* owner) {
+    const Asking asking(*waiting_);
     return ui::win32::PickFolder(HandleOf(WindowOf(owner)));
 }
 
 std::optional<std::wstring> Win32Screen::PickFile(const Dialog* owner, const FilePicker& picker) {
+    const Asking asking(*waiting_);
     return ui::win32::PickFile(HandleOf(WindowOf(owner)), picker);
 }
 

@@ -29,6 +29,7 @@ class Win32Screen : public ui::Screen {
 
   private:
     struct Waiting;
+    class Asking;
 
     DialogWindow* WindowOf(const Dialog* dialog) const;  // none when the dialog is not open
     void SweepClosed();

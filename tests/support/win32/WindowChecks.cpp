@@ -8,7 +8,9 @@
 #include "ui/Choices.h"
 #include "ui/Controls.h"
 #include "ui/ListView.h"
+#include "ui/Names.h"
 #include "ui/win32/ControlMirror.h"
+#include "ui/win32/DialogTemplate.h"
 #include "ui/win32/Placing.h"
 
 namespace tests {
@@ -110,7 +112,16 @@ void CheckFocus(HWND dialog, HWND window, const ui::Control& control) {
     EXPECT_EQ(control.HasFocus(), holdsFocus) << "focus";
 }
 
-void CheckControl(HWND dialog, ui::Control& control) {
+// What a screen reader finds before a control that does not say itself what it is.
+void CheckNamePlate(HWND dialog, HWND window, const ui::Control& control) {
+    const HWND plate = GetDlgItem(dialog, ui::win32::NamePlateId(control));
+    ASSERT_NE(nullptr, plate);
+    EXPECT_EQ(plate, GetWindow(window, GW_HWNDPREV));
+    EXPECT_EQ(control.Name(), ui::win32::TextOf(plate));
+    EXPECT_FALSE(IsWindowVisible(plate));
+}
+
+void CheckControl(HWND dialog, const ui::Dialog& mirrored, ui::Control& control) {
     SCOPED_TRACE("control " + std::to_string(control.Id()));
     const HWND window = GetDlgItem(dialog, control.Id());
     ASSERT_NE(nullptr, window);
@@ -119,6 +130,7 @@ void CheckControl(HWND dialog, ui::Control& control) {
     EXPECT_EQ(control.IsEnabled(), IsWindowEnabled(window) != FALSE) << "enabled";
     CheckBounds(dialog, window, control);
     CheckFocus(dialog, window, control);
+    if (ui::NeedsNamePlate(mirrored, control)) CheckNamePlate(dialog, window, control);
     Checker checker(window);
     control.Accept(checker);
 }
@@ -155,7 +167,7 @@ void CheckDialog(HWND window, const ui::Dialog& dialog) {
     ASSERT_NE(nullptr, window);
     EXPECT_EQ(dialog.Caption(), ui::win32::TextOf(window));
     CheckMenus(window, dialog);
-    for (ui::Control* control : dialog.Controls()) CheckControl(window, *control);
+    for (ui::Control* control : dialog.Controls()) CheckControl(window, dialog, *control);
 }
 
 }  // namespace tests

@@ -1,0 +1,112 @@
+// Whatever may take long is done under the wait cursor: reading and writing the registry and files, and the
+// cryptographic library, but for closing it.
+#include <gtest/gtest.h>
+
+#include "platform/memory/MemoryFiles.h"
+#include "tests/app/CertificateJourney.h"
+#include "ui/memory/MemoryScreen.h"
+
+namespace tests {
+namespace {
+
+class WaitCursorTest : public CertificateJourney {
+  protected:
+    using FileCall = platform::memory::FileCall;
+
+    WaitCursorTest() { SeedEncryptingRule(); }
+    ~WaitCursorTest() override {
+        world_->Registry().NoFaults();
+        Files().NoFaults();
+    }
+
+    // From now on; the calls that are made are counted.
+    void Watch() {
+        world_->Registry().SetFault([this](size_t, const auto& call) {
+            CheckShown(testing::PrintToString(call.target));
+            ++registryCalls_;
+            return 0;
+        });
+        Files().SetFault([this](size_t, const auto& call) {
+            if (call.call == FileCall::CheckPathExists) return 0;
+            CheckShown(testing::PrintToString(call.path));
+            ++fileCalls_;
+            return 0;
+        });
+        library_.OnCall([this](const std::string& call) {
+            if (call == "Uninitialize") return;
+            CheckShown(call);
+            ++libraryCalls_;
+        });
+    }
+    void CheckShown(const std::string& call) {
+        EXPECT_GT(dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen()).WaitCursors(), 0) << call;
+    }
+    platform::memory::MemoryFiles& Files() {
+        return dynamic_cast<platform::memory::MemoryFiles&>(files_->Files());
+    }
+
+    size_t registryCalls_ = 0;
+    size_t fileCalls_ = 0;
+    size_t libraryCalls_ = 0;
+};
+
+TEST_F(WaitCursorTest, LoadingAndSaving) {
+    Watch();
+    RunProgram([this] {
+        EXPECT_GT(registryCalls_, 0U);
+        registryCalls_ = 0;
+        SaveAndLeave();
+        EXPECT_GT(registryCalls_, 0U);
+    });
+}
+
+TEST_F(WaitCursorTest, ExportAndImport) {
+    constexpr int exportRules = 1034, importRules = 1035;
+    Watch();
+    RunProgram([this] {
+        user_.ExpectFilePicker(ui::FilePickerKind::Save, Path(L"rules.prx"));
+        user_.Click(exportRules);
+        EXPECT_GT(fileCalls_, 0U);
+        fileCalls_ = 0;
+        user_.ExpectFilePicker(ui::FilePickerKind::Open, Path(L"rules.prx"));
+        user_.Click(importRules);
+        EXPECT_GT(fileCalls_, 0U);
+        SaveAndLeave();
+    });
+}
+
+TEST_F(WaitCursorTest, EverySourceOfCertificates) {
+    Watch();
+    WithTheRule([this] {
+        OpenPicker([this] {
+            EXPECT_GT(libraryCalls_, 2U);  // opening, the network store, the revocation lists
+            AddFromLocalStore();
+            SearchLdap(0, L"ivan*");
+            user_.Click(selectAll);
+            SaveGroup(Path(L"all.grx"));
+            EXPECT_GT(fileCalls_, 0U);
+            fileCalls_ = 0;
+            OpenGroup(Path(L"all.grx"));
+            EXPECT_GT(fileCalls_, 0U);
+            libraryCalls_ = 0;
+            user_.Click(ui::IdOk);
+            EXPECT_GT(libraryCalls_, 0U);
+        });
+    });
+}
+
+TEST_F(WaitCursorTest, IsNotShownWhileTheUserWorksOrReadsAReport) {
+    const auto& screen = dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen());
+    library_.SetAnswer(demo::StandInCall::Initialize, failed);
+    WithTheRule([&] {
+        user_.Expect<errors::WarningBox>([&](errors::WarningBox&) {
+            EXPECT_EQ(screen.WaitCursors(), 0);
+            user_.Click(ui::IdCancel);
+        });
+        user_.Click(actionButton);
+        EXPECT_EQ(screen.WaitCursors(), 0);
+    });
+}
+
+}  // namespace
+}  // namespace tests
