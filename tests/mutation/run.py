@@ -33,9 +33,10 @@ OPERATORS = [
     (r"\((\w+), (\w+)\)", r"(\2, \1)"),                          # swapped arguments
     (r"^(\s+)[\w.>:-]+\([^;{}]*\);$", r"\1;"),                    # dropped call
     (r"^(\s+)if \(.*\) (return|continue|break)[^;]*;$", r"\1;"),  # dropped early way out
-    (r"\breturn (\w+);", r"return {};"),
+    (r"\breturn (?!false)(\w+);", r"return {};"),
 ]
-NOT_CODE = re.compile(r"^\s*(//|#|using |namespace |\}|static_assert|template|class |struct |public:|private:)")
+NOT_CODE = re.compile(r"^\s*(//|#|using |namespace |\}|static_assert|template|class |struct |public:|private:|"
+                      r"(\{[-0-9A-Fx, ]+\},?\s*)+$)")  # the last: tables of code points
 
 
 def mutations(path):

@@ -111,7 +111,9 @@ TEST_P(ShortOfMemory, ACommandEndsAsAWhole) {
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, ShortOfMemory,
                          testing::Range(size_t{0}, Scenarios().size() + InnerScenarios().size()),
-                         [](const auto& scenario) { return NameInTests(ScenarioNumber(scenario.param).name); });
+                         [](const auto& scenario) {
+                             return NameInTests(ScenarioNumber(scenario.param).name);
+                         });
 
 }  // namespace
 }  // namespace tests::torture

@@ -152,7 +152,9 @@ TEST_P(Torture, EveryCallFails) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, Torture, testing::Range(size_t{0}, Scenarios().size()),
-                         [](const auto& scenario) { return NameInTests(Scenarios().at(scenario.param).name); });
+                         [](const auto& scenario) {
+                             return NameInTests(Scenarios().at(scenario.param).name);
+                         });
 
 }  // namespace
 }  // namespace tests::torture

@@ -57,8 +57,8 @@ void Step(const Dialog& dialog, const Edit& edit, VirtualKey key) {
 }
 
 void PressInList(ListView& list, RowSelection& rows, VirtualKey key, Modifier modifier) {
-    if (key == VirtualKey::Space && list.Style().checkBoxes && list.FocusedRow())
-        list.UserToggledCheck(*list.FocusedRow());
+    const std::optional<size_t> row = list.FocusedRow();
+    if (key == VirtualKey::Space && list.Style().checkBoxes && row) list.UserToggledCheck(*row);
     list.UserPressedKey(static_cast<int>(key));
     const bool moves = key != VirtualKey::Space && key != VirtualKey::Delete;
     if (moves && list.HasFocus()) rows.Move(list, key, modifier);

@@ -15,7 +15,7 @@ size_t Destination(const ListView& list, VirtualKey key) {
     const std::optional<size_t> from = list.FocusedRow();
     switch (key) {
         case VirtualKey::Up:
-            return from.value_or(0) == 0 ? 0 : *from - 1;
+            return std::max<size_t>(from.value_or(0), 1) - 1;
         case VirtualKey::Down:
             return from ? std::min(*from + 1, last) : 0;
         case VirtualKey::End:

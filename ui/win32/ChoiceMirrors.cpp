@@ -48,12 +48,12 @@ int ComboMirror::DropHeight() const {
 
 void EditableComboMirror::Show(Aspect aspect) {
     if (aspect == Aspect::Text) {
-        ControlMirror::Show(Aspect::Text);
+        ShowText();
         return;
     }
     ComboMirror::Show(aspect);
     // Filling and selecting change the edit as well.
-    if (aspect == Aspect::Items || aspect == Aspect::Selection) ControlMirror::Show(Aspect::Text);
+    if (aspect == Aspect::Items || aspect == Aspect::Selection) ShowText();
 }
 
 void EditableComboMirror::OnCommand(int notification) {

@@ -9,12 +9,15 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
+void ControlMirror::ShowText() {
+    // Setting an equal text would still move the caret of an edit to its beginning.
+    if (const std::wstring text = ShownText(); TextOf(window_) != text) SetWindowTextW(window_, text.c_str());
+}
+
 void ControlMirror::Show(Aspect aspect) {
     switch (aspect) {
         case Aspect::Text:
-            // Setting an equal text would still move the caret of an edit to its beginning.
-            if (const std::wstring text = ShownText(); TextOf(window_) != text)
-                SetWindowTextW(window_, text.c_str());
+            ShowText();
             break;
         case Aspect::Enabled:
             if (!control_.IsEnabled()) MoveFocusAway();

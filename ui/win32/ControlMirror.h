@@ -48,6 +48,7 @@ class ControlMirror {
         return SendMessageW(window_, message, wParam, lParam);
     }
     virtual std::wstring ShownText() const { return control_.Text(); }
+    void ShowText();
     void Focused() const { control_.UserFocused(); }
     void Left() const { control_.UserLeft(); }
 

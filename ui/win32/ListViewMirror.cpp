@@ -119,9 +119,10 @@ void ListViewMirror::ShowSelection() const {
     SelectNone();
     for (const size_t row : list_.SelectedRows())
         SetState(static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
-    if (!list_.FocusedRow()) return;
-    SetState(static_cast<int>(*list_.FocusedRow()), LVIS_FOCUSED, LVIS_FOCUSED);
-    Send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(*list_.FocusedRow()));
+    const std::optional<size_t> focused = list_.FocusedRow();
+    if (!focused) return;
+    SetState(static_cast<int>(*focused), LVIS_FOCUSED, LVIS_FOCUSED);
+    Send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(*focused));
 }
 
 // Some systems visit every row of the list when told to change all: that pays only where most rows are
