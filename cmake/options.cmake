@@ -1,8 +1,15 @@
 # Warnings and code generation that every target of the project shares.
 add_library(brisgate_options INTERFACE)
+if(MSVC)
+    include(cmake/msvc.cmake)
+    return()
+endif()
 target_compile_options(brisgate_options INTERFACE
-    -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wold-style-cast -Wcast-qual -Wformat=2 -Wnull-dereference -Wextra-semi -Wundef)
+if(NOT CMAKE_HOST_WIN32)
+    target_compile_options(brisgate_options INTERFACE -Werror)  # there, the compiler is any version
+endif()
 
 # Optimising std::string, GCC 12 warns of overruns that cannot happen; the sanitizers watch for real ones.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")

@@ -7,7 +7,9 @@ foreach(name Candidates ChosenNames FieldTable GroupsText KeySort NameParts Name
 endforeach()
 list(APPEND fast_sources crypto/FindResult.cpp crypto/LibrarySearch.cpp crypto/NameList.cpp app/RuleCommands.cpp
      app/RuleList.cpp app/RuleTexts.cpp ui/Choices.cpp ui/ListView.cpp)
-set_source_files_properties(${fast_sources} PROPERTIES COMPILE_OPTIONS -O2 SKIP_PRECOMPILE_HEADERS ON)
+if(NOT MSVC)
+    set_source_files_properties(${fast_sources} PROPERTIES COMPILE_OPTIONS -O2 SKIP_PRECOMPILE_HEADERS ON)
+endif()
 
 # The Windows back ends and the product itself.
 file(GLOB win32_sources CONFIGURE_DEPENDS platform/win32/*.cpp ui/win32/*.cpp)
@@ -26,10 +28,16 @@ add_executable(brisgate WIN32 app/win32/main.cpp resources/brisgate.rc)
 target_link_libraries(brisgate PRIVATE win32)
 # Of an exception that nobody catches, the runtime library would write the type to a console that a window program
 # does not have, and carry a tenth of the program's code for it: it ends the program at once instead.
-target_link_options(brisgate PRIVATE -municode -s
-                    LINKER:--defsym,_ZN9__gnu_cxx27__verbose_terminate_handlerEv=abort)
+if(NOT MSVC)
+    target_link_options(brisgate PRIVATE -municode -s
+                        LINKER:--defsym,_ZN9__gnu_cxx27__verbose_terminate_handlerEv=abort)
+endif()
 target_include_directories(brisgate PRIVATE resources ${CMAKE_BINARY_DIR}/resources)
 set_target_properties(brisgate PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
+
+if(NOT BRISGATE_TESTS)
+    return()
+endif()
 
 # Helpers of scripts: seeding and dumping the registry, waiting for a window, and working in one.
 add_executable(brisgate-registry demo/win32/registry_main.cpp)

@@ -7,7 +7,7 @@
 namespace text {
 namespace {
 
-constexpr CaseRange ranges[] = {
+constexpr CaseRange upperRanges[] = {
     {0x0061, 0x007A, 1, -32},    {0x00B5, 0x00B5, 1, 743},   {0x00E0, 0x00F6, 1, -32},
     {0x00F8, 0x00FE, 1, -32},    {0x00FF, 0x00FF, 1, 121},   {0x0101, 0x012F, 2, -1},
     {0x0131, 0x0131, 1, -232},   {0x0133, 0x0137, 2, -1},    {0x013A, 0x0148, 2, -1},
@@ -74,7 +74,7 @@ constexpr CaseRange ranges[] = {
 constexpr std::array<uint16_t, 0x600> MakeUpperOfLow() {
     std::array<uint16_t, 0x600> table{};
     for (size_t unit = 0; unit < table.size(); ++unit) table[unit] = static_cast<uint16_t>(unit);
-    for (const CaseRange& range : ranges)
+    for (const CaseRange& range : upperRanges)
         for (size_t unit = range.first; unit <= range.last && unit < table.size(); unit += range.step)
             table[unit] = static_cast<uint16_t>(static_cast<int32_t>(unit) + range.delta);
     return table;
@@ -85,7 +85,7 @@ constexpr std::array<uint16_t, 0x600> MakeUpperOfLow() {
 constexpr std::array<uint16_t, 0x600> detail::UpperOfLow = MakeUpperOfLow();
 
 wchar_t detail::UpperOfHigh(wchar_t unit) {
-    return Mapped(ranges, unit);
+    return Mapped(upperRanges, unit);
 }
 
 std::wstring Upper(std::wstring_view text) {

@@ -2,20 +2,15 @@
 
 #include <windows.h>
 
-#include <limits>
-
 #include <shlwapi.h>
+
+#include "platform/win32/Length.h"
 
 namespace platform::win32 {
 namespace {
 
 HANDLE SystemHandle(FileHandle file) {
     return reinterpret_cast<HANDLE>(file);
-}
-
-DWORD Length(size_t bytes) {
-    constexpr size_t largest = std::numeric_limits<DWORD>::max();
-    return static_cast<DWORD>(bytes < largest ? bytes : largest);
 }
 
 Win32Code LastErrorUnless(BOOL succeeded) {

@@ -2,8 +2,9 @@
 
 #include <windows.h>
 
-#include <limits>
 #include <vector>
+
+#include "platform/win32/Length.h"
 
 namespace platform::win32 {
 namespace {
@@ -18,12 +19,6 @@ HKEY RootHandle(RootKey root) {
 
 HKEY SystemHandle(KeyHandle key) {
     return reinterpret_cast<HKEY>(key);
-}
-
-// Lengths beyond the system's own 32 bits are refused by the system itself.
-DWORD Length(size_t bytes) {
-    constexpr size_t largest = std::numeric_limits<DWORD>::max();
-    return static_cast<DWORD>(bytes < largest ? bytes : largest);
 }
 
 Win32Code Answer(LSTATUS status) {
