@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <new>
 #include <unordered_set>
 #include <utility>
 
@@ -191,9 +192,14 @@ void CBrisgateDlg::Save() {
     settings.WindowBottom = window.y + window.height;
     settings.WindowLeft = window.x;
     settings.WindowRight = window.x + window.width;
-    const bool wasChanged = std::exchange(changed_, true);  // should memory run out half-way
-    const bool saved = config::SaveConfiguration(services_.Registry, services_.Errors, this, configuration_);
-    changed_ = wasChanged && !saved;
+    try {
+        // A report takes the focus from the rule list, which may be a change of its own.
+        if (config::SaveConfiguration(services_.Registry, services_.Errors, this, configuration_))
+            changed_ = false;
+    } catch (const std::bad_alloc&) {
+        changed_ = true;  // the registry holds a half of it
+        throw;
+    }
 }
 
 bool CBrisgateDlg::MayLeave() {

@@ -312,6 +312,20 @@ TEST_F(MainWindowTest, SaveAndExitAsksAfterASaveThatFailedEarly) {
     EXPECT_EQ(Dump(), before);
 }
 
+// The report takes the focus from the rule list, which only then hands over its check boxes.
+TEST_F(MainWindowTest, ACheckBoxThatAFailingSaveTakesOverIsUnsaved) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg&) {
+        user_.ClickCheckBox(id::Rules, 0);
+        world_->Registry().FailWhere(platform::memory::RegistryCall::Open, L"morcelservice", 5);
+        user_.ExpectBoxBeginning(L"Create (open) register key ", ui::box::ErrorIcon, ui::IdOk);
+        user_.ChooseMenu(57603);
+        world_->Registry().NoFaults();
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
+        user_.PressCloseBox();
+    });
+}
+
 TEST_F(MainWindowTest, SaveAndExitLeavesAfterASaveThatFailedEarlyWhenNothingHadChanged) {
     SeedSmallConfiguration();
     const int result = Run([&](CBrisgateDlg&) {
