@@ -1,5 +1,10 @@
 // What holds for every form of the program: whatever can be used says what it is called, also to those who do
 // not see it, and the Tab key goes through it in the order in which it is read.
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+
 #include "app/AboutDlg.h"
 #include "editors/AddCSProfDlg.h"
 #include "editors/AddMask.h"
@@ -24,9 +29,13 @@ class AllForms : public CertificateJourney {
         ++seen_;
         for (const ui::Control* control : form.Controls()) {
             if (!control->TakesFocus() || !control->IsVisible()) continue;
-            EXPECT_FALSE(ui::SpokenName(form, *control).empty())
+            const std::wstring name = ui::SpokenName(form, *control);
+            EXPECT_FALSE(name.empty())
                 << testing::PrintToString(form.Caption()) << ", control " << control->Id();
+            names_.insert(name);
         }
+        const ui::Size size = form.Style().size;
+        sizes_[form.Caption()] = {size.width, size.height};
         CheckReadingOrder(form);
     }
     // Of two neighbours the second lies further down or further to the right, or they share a place.
@@ -52,6 +61,8 @@ class AllForms : public CertificateJourney {
     }
 
     size_t seen_ = 0;
+    std::set<std::wstring> names_;                       // of all controls that were looked at
+    std::map<std::wstring, std::pair<int, int>> sizes_;  // by captions, in dialog units
 };
 
 TEST_F(AllForms, OfTheMainWindow) {
@@ -76,6 +87,12 @@ TEST_F(AllForms, OfTheMainWindow) {
         user_.PressCloseBox();
     });
     EXPECT_EQ(seen_, 8U);
+    for (const wchar_t* name : {L"Opened profile", L"Profiles", L"Rules", L"CS profiles", L"TSP server"})
+        EXPECT_TRUE(names_.contains(name)) << testing::PrintToString(name);
+    EXPECT_EQ(sizes_[L"Add CS profile"], (std::pair{200, 50}));
+    EXPECT_EQ(sizes_[L"Log path"], (std::pair{264, 75}));
+    EXPECT_EQ(sizes_[L"Configurations"], (std::pair{290, 204}));
+    EXPECT_EQ(sizes_[L"About programm..."], (std::pair{299, 75}));
 }
 
 TEST_F(AllForms, OfTheRuleEditorInEachOfItsShapes) {
@@ -91,6 +108,8 @@ TEST_F(AllForms, OfTheRuleEditorInEachOfItsShapes) {
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(seen_, 26U);
+    EXPECT_TRUE(names_.contains(L"Operation"));
+    EXPECT_TRUE(names_.contains(L"Masks"));
 }
 
 TEST_F(AllForms, OfRecipients) {
