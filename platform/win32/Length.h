@@ -8,7 +8,8 @@
 
 namespace platform::win32 {
 
-// What does not fit into 32 bits becomes the largest that does: the system refuses it, or tells how much it did.
+// What does not fit into 32 bits becomes the largest that does: the system refuses it, or tells how much it
+// did.
 inline DWORD Length(size_t bytes) {
     constexpr size_t largest = std::numeric_limits<DWORD>::max();
     return static_cast<DWORD>(bytes < largest ? bytes : largest);
