@@ -14,7 +14,7 @@ need_packages() {
 }
 
 build_packages=(git cmake ninja-build g++ python3)
-native_packages=(googletest libbenchmark-dev)
+native_packages=(libgtest-dev libbenchmark-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64 googletest wine wine64 fonts-wine xvfb xauth)
 screenshot_packages=(imagemagick)
 guide_packages=(imagemagick optipng)

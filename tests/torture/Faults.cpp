@@ -17,7 +17,7 @@ constexpr std::array<uint32_t, 3> asking{5, 8, 32};
 constexpr std::array<uint32_t, 4> readingFile{5, 8, 33, HalfOfIt};
 constexpr std::array<uint32_t, 4> writingFile{5, 33, 112, HalfOfIt};
 constexpr std::array<uint32_t, 2> closingFile{5, 112};
-constexpr std::array<uint32_t, 2> memory{8, 14};
+constexpr std::array<uint32_t, 2> noMemory{8, 14};
 constexpr std::array<uint32_t, 4> finding{5, 126, 127, 193};
 constexpr std::array<uint32_t, 2> library{14, LibraryFailed};
 constexpr std::array<uint32_t, 3> controlling{14, LibraryFailed, LibraryFailedWithText};
@@ -55,7 +55,7 @@ std::span<const uint32_t> CodesFor(Op op) {
         case Op::CloseFile:
             return closingFile;
         case Op::AllocateBlock:
-            return memory;
+            return noMemory;
         case Op::FindLibrary:
             return finding;
         case Op::Control:

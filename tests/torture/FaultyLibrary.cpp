@@ -12,7 +12,7 @@ namespace kseal = platform::kseal;
 using kseal::Code;
 using kseal::Context;
 
-Faults* faults = nullptr;  // of the one library that there is
+Faults* theFaults = nullptr;  // of the one library that there is
 
 const kseal::Exports& Real() {
     return demo::StandInLibrary::Exports();
@@ -20,27 +20,27 @@ const kseal::Exports& Real() {
 
 Code Initialize(const char* profileName, uint32_t flags, Context* context) {
     const Harness harness;
-    const Code fault = faults->Ask(Op::Initialize, {});
-    return faults->Answered(fault != 0 ? fault : Real().Initialize(profileName, flags, context));
+    const Code fault = theFaults->Ask(Op::Initialize, {});
+    return theFaults->Answered(fault != 0 ? fault : Real().Initialize(profileName, flags, context));
 }
 
 // What is released is gone, whatever the answer.
 Code Uninitialize(Context context) {
     const Harness harness;
-    const Code fault = faults->Ask(Op::Uninitialize, {});
+    const Code fault = theFaults->Ask(Op::Uninitialize, {});
     const Code answer = Real().Uninitialize(context);
-    return faults->Answered(fault != 0 ? fault : answer);
+    return theFaults->Answered(fault != 0 ? fault : answer);
 }
 
 Code Ctrl(Context context, uint32_t controlCode, void* controlBlock) {
     const Harness harness;
-    const Code fault = faults->Ask(Op::Control, {});
+    const Code fault = theFaults->Ask(Op::Control, {});
     const Code answer = Real().Ctrl(context, controlCode, controlBlock);
     if (fault != 0) *static_cast<kseal::CrlControlBlock*>(controlBlock)->Buffer = '\0';
     if (fault == LibraryFailedWithText)
         std::ranges::copy(std::string_view(Diagnostic),
                           static_cast<kseal::CrlControlBlock*>(controlBlock)->Buffer);
-    return faults->Answered(fault != 0 ? fault : answer);
+    return theFaults->Answered(fault != 0 ? fault : answer);
 }
 
 // The target is the query behind the fields that are wanted.
@@ -50,28 +50,28 @@ Code FindCert(Context context, const kseal::CertFindRequest* request, kseal::Cer
     if (request->Query != nullptr)
         target +=
             std::wstring(request->Query, request->Query + std::char_traits<char>::length(request->Query));
-    const Code fault = faults->Ask(Op::FindCert, target);
-    return faults->Answered(fault != 0 ? fault : Real().FindCert(context, request, result));
+    const Code fault = theFaults->Ask(Op::FindCert, target);
+    return theFaults->Answered(fault != 0 ? fault : Real().FindCert(context, request, result));
 }
 
 Code FreeFindResult(Context context, kseal::CertFindResult* result) {
     const Harness harness;
-    const Code fault = faults->Ask(Op::FreeFindResult, {});
+    const Code fault = theFaults->Ask(Op::FreeFindResult, {});
     const Code answer = Real().FreeFindResult(context, result);
-    return faults->Answered(fault != 0 ? fault : answer);
+    return theFaults->Answered(fault != 0 ? fault : answer);
 }
 
 Code GetErrorText(Code code, char* buffer, uint32_t size) {
     const Harness harness;
-    const Code fault = faults->Ask(Op::ErrorText, {});
-    return faults->Answered(fault != 0 ? fault : Real().GetErrorText(code, buffer, size));
+    const Code fault = theFaults->Ask(Op::ErrorText, {});
+    return theFaults->Answered(fault != 0 ? fault : Real().GetErrorText(code, buffer, size));
 }
 
 Code GetErrorLineEx(Context context, char** errorText, char** sourceFile, int32_t* line, char** data) {
     const Harness harness;
-    const Code fault = faults->Ask(Op::ErrorLine, {});
-    return faults->Answered(fault != 0 ? fault
-                                       : Real().GetErrorLineEx(context, errorText, sourceFile, line, data));
+    const Code fault = theFaults->Ask(Op::ErrorLine, {});
+    return theFaults->Answered(
+        fault != 0 ? fault : Real().GetErrorLineEx(context, errorText, sourceFile, line, data));
 }
 
 void FreeMem(void* block) {
@@ -93,11 +93,11 @@ constexpr kseal::Exports exports{
 }  // namespace
 
 FaultyLibrary::FaultyLibrary(Faults& plan) : faults_(plan) {
-    faults = &plan;
+    theFaults = &plan;
 }
 
 FaultyLibrary::~FaultyLibrary() {
-    faults = nullptr;
+    theFaults = nullptr;
 }
 
 const kseal::Exports* FaultyLibrary::Exports(platform::Win32Code& error) {

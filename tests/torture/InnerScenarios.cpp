@@ -11,9 +11,6 @@ namespace tests::torture {
 namespace {
 
 constexpr int operations = 24;
-constexpr bool oneStep = true;
-
-void Nothing(World& /*world*/, Notes& /*notes*/) {}
 
 // The editor of a rule, in which everything is tried before it is accepted.
 void TryRule(World& world, Notes& /*notes*/) {
@@ -62,29 +59,29 @@ std::function<void(Hand&)> Press(int button) {
 const std::vector<Scenario>& InnerScenarios() {
     static const std::vector<Scenario> all{
         {"rule added", Kind::Command, GoldenTrees, TryRule, {}, Press(id::AddRule)},
-        {"rule copied", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::CopyRule), oneStep},
+        {"rule copied", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::CopyRule), OneStep},
         {"rule edited", Kind::Command, GoldenTrees, TryRule, SelectFirst, Press(id::EditRule)},
-        {"rule deleted", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::DeleteRule), oneStep},
-        {"rule moved down", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::MoveDown), oneStep},
-        {"rule made last", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::MakeLast), oneStep},
+        {"rule deleted", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::DeleteRule), OneStep},
+        {"rule moved down", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::MoveDown), OneStep},
+        {"rule made last", Kind::Command, GoldenTrees, Nothing, SelectFirst, Press(id::MakeLast), OneStep},
         {"rules searched",
          Kind::Command,
          GoldenTrees,
          Nothing,
          {},
          [](Hand& hand) { hand.Paste(id::Search, L"run"); },
-         oneStep},
+         OneStep},
         {"profile opened",
          Kind::Command,
          GoldenTrees,
          Nothing,
          {},
          [](Hand& hand) { hand.Select(id::Profiles, 1); },
-         oneStep},
-        {"profile added", Kind::Command, GoldenTrees, RenameProfile, {}, Press(id::AddProfile), oneStep},
-        {"profile renamed", Kind::Command, GoldenTrees, RenameProfile, {}, Press(id::EditProfile), oneStep},
-        {"profile deleted", Kind::Command, GoldenTrees, Nothing, {}, Press(id::DeleteProfile), oneStep},
-        {"log path", Kind::Command, GoldenTrees, ChangeSettings, {}, Press(id::LogPath), oneStep},
+         OneStep},
+        {"profile added", Kind::Command, GoldenTrees, RenameProfile, {}, Press(id::AddProfile), OneStep},
+        {"profile renamed", Kind::Command, GoldenTrees, RenameProfile, {}, Press(id::EditProfile), OneStep},
+        {"profile deleted", Kind::Command, GoldenTrees, Nothing, {}, Press(id::DeleteProfile), OneStep},
+        {"log path", Kind::Command, GoldenTrees, ChangeSettings, {}, Press(id::LogPath), OneStep},
     };
     return all;
 }

@@ -207,9 +207,9 @@ void Oracle::OfClosing(const Call& call) {
 }
 
 void Oracle::OfFiles(const Call& call) {
-    static constexpr const wchar_t* operations[] = {L"Opening file ",         L"Creating file ",
-                                                    L"Getting size of file ", L"Reading file ",
-                                                    L"Writing file ",         L"Closing file "};
+    static constexpr const wchar_t* attempts[] = {L"Opening file ",         L"Creating file ",
+                                                  L"Getting size of file ", L"Reading file ",
+                                                  L"Writing file ",         L"Closing file "};
     if (call.op == Op::OpenFile || call.op == Op::CreateFile) fileFailed_ = false;
     if (call.op == Op::ReadFile && call.injected == HalfOfIt) told_.quietDifference = true;
     const bool cutShort = call.op == Op::WriteFile && call.injected == HalfOfIt;
@@ -227,7 +227,7 @@ void Oracle::OfFiles(const Call& call) {
         Tell(L"Opening file " + call.target, call.answer, L"Bad " + folder + L" folder.");
     } else if (!fileFailed_ || call.op != Op::CloseFile) {
         fileFailed_ = true;
-        Tell(operations[static_cast<size_t>(call.op) - static_cast<size_t>(Op::OpenFile)] + call.target,
+        Tell(attempts[static_cast<size_t>(call.op) - static_cast<size_t>(Op::OpenFile)] + call.target,
              cutShort ? 112 : call.answer);
     }
 }

@@ -12,7 +12,6 @@
 namespace tests::torture {
 namespace {
 
-constexpr bool oneStep = true;
 constexpr wchar_t file[] = L"C:\\In\\exchanged.";
 constexpr char verifying[] = "Operation = \"CHCK\"\n";  // has lists of signers
 constexpr char encrypting[] = "Operation = \"ENCR\"\n";
@@ -42,8 +41,6 @@ const std::string withLists =
     Office(verifying) + BelowService("Alpha\\rules\\Rule 0\\Chiefs") +
     "Signer Num = 2\nS0 = \"CN=Anna Keller,O=Kontor,C=DE\"\nS1 = \"CN=Boris Petrov,O=Bank,C=RU\"\n" +
     BelowService("Alpha\\rules\\Rule 0\\Former") + "Signer Num = 0\n";
-
-void Nothing(World& /*world*/, Notes& /*notes*/) {}
 
 void CopyFirstRule(Hand& hand) {
     hand.Select(id::Rules, 0);
@@ -207,14 +204,14 @@ const std::vector<Scenario>& Scenarios() {
          PickRulesFile,
          {},
          [](Hand& hand) { hand.Click(id::Import); },
-         oneStep},
+         OneStep},
         {"export",
          Kind::Command,
          GoldenTrees,
          PickRulesFile,
          {},
          [](Hand& hand) { hand.Click(id::Export); },
-         oneStep},
+         OneStep},
         {"groups file read", Kind::Command, Office(encrypting), ReadGroup, {}, OpenFirstRule},
         {"groups file written", Kind::Command, Office(encrypting), WriteGroup, {}, OpenFirstRule},
         {"context", Kind::Command, Office(encrypting), AcceptPicker, {}, OpenFirstRule},

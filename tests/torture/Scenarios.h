@@ -30,6 +30,10 @@ struct Scenario {
     bool oneStep = false;
 };
 
+// For scenarios that need nothing before, or are one command.
+inline void Nothing(World& /*world*/, Notes& /*notes*/) {}
+inline constexpr bool OneStep = true;
+
 // Those in which the machine is asked for much, and those in which the program mostly works by itself.
 const std::vector<Scenario>& Scenarios();
 const std::vector<Scenario>& InnerScenarios();
