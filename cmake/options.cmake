@@ -17,7 +17,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
                            -Wno-array-bounds -Wno-stringop-overflow -Wno-stringop-overread -Wno-restrict)
 endif()
 if(WIN32)
-    set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
+    set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG -ffunction-sections -fdata-sections")
 else()
     set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
 endif()
@@ -36,8 +36,7 @@ endif()
 if(WIN32)
     target_compile_definitions(brisgate_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT
                                _WIN32_WINNT=0x0A00 WINVER=0x0A00)
-    target_compile_options(brisgate_options INTERFACE -ffunction-sections -fdata-sections -fstack-protector-strong
-                           -fcf-protection)
+    target_compile_options(brisgate_options INTERFACE -fstack-protector-strong -fcf-protection)
     target_link_options(brisgate_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections
                         -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va)
     # The same sources give the same program, wherever and whenever it is built.

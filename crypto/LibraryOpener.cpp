@@ -7,7 +7,7 @@ namespace crypto {
 
 bool LibraryOpener::WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
                                 const Command& command) {
-    const StoreProfileSettings settings = SettingsOf(profile, storeProfile);
+    const ContextSettings settings = SettingsOf(profile, storeProfile);
     const auto opened = OpenCryptoContext(services_, parent, settings);
     if (!opened) return false;
     LibrarySearch search(services_, opened->Context, settings.Picker);

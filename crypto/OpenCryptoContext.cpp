@@ -20,7 +20,7 @@ struct Initialized {
 
 // A library that is missing is a failure to initialise it, too. Looking for it may take a while as well.
 Initialized Initialize(const config::Services& services, ui::Dialog& parent,
-                       const StoreProfileSettings& settings) {
+                       const ContextSettings& settings) {
     const uint32_t flags = ContextFlags(settings.Picker);
     const std::string name = services.Machine.CodePage.ToAnsi(settings.ZCSProfile);
     AwaitDlg wait(services.Screen, parent);
@@ -33,7 +33,7 @@ Initialized Initialize(const config::Services& services, ui::Dialog& parent,
 }
 
 std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& parent,
-                                  const StoreProfileSettings& settings) {
+                                  const ContextSettings& settings) {
     const Initialized result = Initialize(services, parent, settings);
     if (result.code == 0 && result.context != nullptr)
         return CryptoContext(*result.library, result.context, services.Errors);
@@ -47,7 +47,7 @@ std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& 
 }  // namespace
 
 std::optional<OpenedContext> OpenCryptoContext(const config::Services& services, ui::Dialog& parent,
-                                               const StoreProfileSettings& settings) {
+                                               const ContextSettings& settings) {
     const ui::WaitCursor wait(services.Screen);
     std::optional<CryptoContext> context = Open(services, parent, settings);
     if (!context) return std::nullopt;

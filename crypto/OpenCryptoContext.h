@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "config/Services.h"
+#include "crypto/ContextSettings.h"
 #include "crypto/CryptoContext.h"
-#include "crypto/StoreProfileSettings.h"
 
 namespace crypto {
 
@@ -18,7 +18,7 @@ struct OpenedContext {
 // refreshes the revocation lists, each as far as the settings want it. Nothing: the command is to be
 // abandoned, for a reason that has been shown.
 std::optional<OpenedContext> OpenCryptoContext(const config::Services& services, ui::Dialog& parent,
-                                               const StoreProfileSettings& settings);
+                                               const ContextSettings& settings);
 
 // What the library is told of the settings.
 uint32_t ContextFlags(const PickerSettings& settings);

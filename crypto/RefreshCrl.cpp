@@ -45,8 +45,8 @@ Loaded LoadCrl(const CryptoContext& context) {
 
 }  // namespace
 
-bool RefreshCrl(const config::Services& services, const ui::Dialog& parent,
-                const StoreProfileSettings& settings, const CryptoContext& context) {
+bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, const ContextSettings& settings,
+                const CryptoContext& context) {
     config::RegistryStore& store = services.Registry;
     const config::KeyReports report(services.Errors, &parent);
     if (!report.Opened(store.Open(machine, config::ServiceRoot), machine, config::ServiceRoot)) return false;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "editors/AddCSProfDlg.h"
+#include "editors/RulesWithCertificates.h"
 #include "errors/MessageBoxes.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
@@ -33,7 +34,7 @@ CAddProfile::CAddProfile(const config::Services& services, ui::Dialog* owner, co
 void CAddProfile::OnInitDialog() {
     const bool isNew = profile_.Name.empty();
     SetCaption(isNew ? L"Add profile" : L"Edit profile");
-    if (isNew && !csProfileNames_.empty()) AttachStoreProfile(profile_, csProfileNames_.front());
+    if (isNew && !csProfileNames_.empty()) config::AttachStoreProfile(profile_, csProfileNames_.front());
     ShowProfileOptions();
     csProfiles_.Replace(profile_.ZCSProfile);
     ShowCsProfile(0);
@@ -57,27 +58,28 @@ void CAddProfile::ShowCsProfile(int index) {
     memory_.ShownCsProfile = csProfiles_.Selected();
     settings_.SetText(L"CS profile setting's: " + csProfiles_.SelectedItem());
     const bool any = csProfiles_.Selected() != ui::ListBox::None;
-    const StoreProfileSettings settings =
-        any ? SettingsAt(profile_, static_cast<size_t>(csProfiles_.Selected())) : StoreProfileSettings();
+    const config::StoreProfileSettings settings =
+        any ? config::SettingsAt(profile_, static_cast<size_t>(csProfiles_.Selected()))
+            : config::StoreProfileSettings();
     for (const SettingBox& setting : settingBoxes_) setting.box.SetChecked(settings.*setting.flag != 0);
     period_.SetText(text::Decimal(settings.CrlUpdatePeriod));
     tsp_.SetText(settings.ServerTSP);
     EnableDependentFields();
 }
 
-StoreProfileSettings CAddProfile::ShownSettings(const StoreProfileSettings& before) const {
-    StoreProfileSettings settings = before;
+config::StoreProfileSettings CAddProfile::ShownSettings(const config::StoreProfileSettings& before) const {
+    config::StoreProfileSettings settings = before;
     for (const SettingBox& setting : settingBoxes_)
         settings.*setting.flag = TakenFlag(before.*setting.flag, setting.box);
     settings.CrlUpdatePeriod = period_.Number();
-    settings.ServerTSP = tsp_.Text().empty() ? NoTimeStampServer : tsp_.Text();
+    settings.ServerTSP = tsp_.Text().empty() ? config::NoTimeStampServer : tsp_.Text();
     return settings;
 }
 
 void CAddProfile::KeepShownSettings() {
     if (memory_.ShownCsProfile == ui::ListBox::None) return;
     const auto index = static_cast<size_t>(memory_.ShownCsProfile);
-    PutSettings(profile_, index, ShownSettings(SettingsAt(profile_, index)));
+    config::PutSettings(profile_, index, ShownSettings(config::SettingsAt(profile_, index)));
 }
 
 void CAddProfile::EnableDependentFields() {
@@ -95,9 +97,9 @@ void CAddProfile::SelectCsProfile() {
 void CAddProfile::AddCsProfile() {
     if (LacksTimeStampServer()) return;
     CAddCSProfDlg chooser(Screen(), this, csProfileNames_);
-    if (chooser.DoModal() != ui::IdOk || IsAttached(profile_, chooser.ProfileName())) return;
+    if (chooser.DoModal() != ui::IdOk || config::IsAttached(profile_, chooser.ProfileName())) return;
     KeepShownSettings();
-    AttachStoreProfile(profile_, chooser.ProfileName());
+    config::AttachStoreProfile(profile_, chooser.ProfileName());
     ShowCsProfile(csProfiles_.Add(chooser.ProfileName()));
 }
 
@@ -110,7 +112,7 @@ void CAddProfile::DeleteCsProfile() {
     if (!errors::Confirm(Screen(), this, DeleteQuestion(name))) return;
     if (std::find(removed_.begin(), removed_.end(), name) == removed_.end()) removed_.push_back(name);
     csProfiles_.Remove(selected);
-    DetachStoreProfile(profile_, static_cast<size_t>(selected));
+    config::DetachStoreProfile(profile_, static_cast<size_t>(selected));
     ShowCsProfile(0);
 }
 
@@ -126,7 +128,7 @@ std::wstring CAddProfile::DeleteQuestion(const std::wstring& name) const {
 }
 
 void CAddProfile::SwitchTimeStampServer() {
-    if (!useTsp_.IsChecked()) tsp_.SetText(NoTimeStampServer);
+    if (!useTsp_.IsChecked()) tsp_.SetText(config::NoTimeStampServer);
     EnableDependentFields();
 }
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "config/Services.h"
+#include "config/StoreProfileSettings.h"
 #include "editors/EditorMemory.h"
 #include "editors/ProfileChecks.h"
-#include "editors/StoreProfileSettings.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
@@ -37,7 +37,7 @@ class CAddProfile : public ui::Dialog {
     void ShowProfileOptions();
     void TakeProfileOptions();
     void ShowCsProfile(int index);  // selects it as well; an index beyond the list shows none
-    StoreProfileSettings ShownSettings(const StoreProfileSettings& before) const;
+    config::StoreProfileSettings ShownSettings(const config::StoreProfileSettings& before) const;
     void KeepShownSettings();
     void EnableDependentFields();
 
@@ -108,16 +108,17 @@ class CAddProfile : public ui::Dialog {
     // Which flag each check box shows.
     struct SettingBox {
         ui::CheckBox& box;
-        config::Flag StoreProfileSettings::*flag;
+        config::Flag config::StoreProfileSettings::*flag;
     };
-    const std::array<SettingBox, 8> settingBoxes_{{{notUseLdap_, &StoreProfileSettings::NotUseLDAP},
-                                                   {notAddCert_, &StoreProfileSettings::NotAddCert},
-                                                   {notCopyToLocal_, &StoreProfileSettings::NotCopyToLocal},
-                                                   {notLoadCrl_, &StoreProfileSettings::NotLoadCrl},
-                                                   {useTsp_, &StoreProfileSettings::AutoUseTSP},
-                                                   {verifyTsp_, &StoreProfileSettings::AutoVerifyTSP},
-                                                   {noTspIsError_, &StoreProfileSettings::NoTSPisError},
-                                                   {useAia_, &StoreProfileSettings::UseAIA}}};
+    const std::array<SettingBox, 8> settingBoxes_{
+        {{notUseLdap_, &config::StoreProfileSettings::NotUseLDAP},
+         {notAddCert_, &config::StoreProfileSettings::NotAddCert},
+         {notCopyToLocal_, &config::StoreProfileSettings::NotCopyToLocal},
+         {notLoadCrl_, &config::StoreProfileSettings::NotLoadCrl},
+         {useTsp_, &config::StoreProfileSettings::AutoUseTSP},
+         {verifyTsp_, &config::StoreProfileSettings::AutoVerifyTSP},
+         {noTspIsError_, &config::StoreProfileSettings::NoTSPisError},
+         {useAia_, &config::StoreProfileSettings::UseAIA}}};
     struct OptionBox {
         ui::CheckBox& box;
         config::Flag config::ServiceProfile::*flag;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "editors/StoreProfileSettings.h"
+#include "config/StoreProfileSettings.h"
 #include "text/Format.h"
 
 namespace editors {
@@ -28,7 +28,7 @@ std::optional<ProfileRefusal> CheckIsNew(const std::wstring& name, std::span<con
 }  // namespace
 
 std::optional<ProfileRefusal> FindMissingTimeStampServer(bool isUsed, std::wstring_view server) {
-    if (!isUsed || (!server.empty() && server != NoTimeStampServer)) return std::nullopt;
+    if (!isUsed || (!server.empty() && server != config::NoTimeStampServer)) return std::nullopt;
     return ProfileRefusal{ProfileField::TimeStampServer, L"Please, type TSP data."};
 }
 

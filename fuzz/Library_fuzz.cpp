@@ -149,7 +149,7 @@ class Passer final : public ui::memory::User {
 };
 
 void Use(const config::Services& services, ui::Dialog& parent, const crypto::CryptoContext& context) {
-    crypto::StoreProfileSettings settings;
+    crypto::ContextSettings settings;
     const uint8_t switches = input.Byte();
     settings.Picker.IncludeAllCertificates = switches & 1;
     settings.Picker.ReportLibraryDetail = switches & 2;

@@ -19,7 +19,8 @@ FLOORS = [
     ["app"],
 ]
 # Used by crypto/, while loading, saving and the exchange file, which also live in config/, use crypto/.
-RECORDS = {"Operations", "Records", "RegistryLayout", "RegistryStore", "RegistryValues", "KeyReports", "Services"}
+RECORDS = {"Operations", "Records", "RegistryLayout", "RegistryStore", "RegistryValues", "KeyReports", "Services",
+           "StoreProfileSettings"}
 # What stands outside the house may use all of it.
 OUTSIDE = {"tests", "bench", "fuzz", "demo", "tools"}
 

@@ -39,7 +39,7 @@ class OpenCryptoContextTest : public CryptoTest {
         library_.SetAnswer(StandInCall::Initialize, code);
     }
 
-    crypto::StoreProfileSettings settings_;
+    crypto::ContextSettings settings_;
     bool isOpen_ = false;
     bool ldapUsable_ = false;
     Calls callsBefore_;

@@ -58,7 +58,7 @@ class RefreshCrlTest : public CryptoTest {
         library_.SetAnswer(StandInCall::Ctrl, failed);
     }
 
-    crypto::StoreProfileSettings settings_;
+    crypto::ContextSettings settings_;
 };
 
 TEST_F(RefreshCrlTest, WithoutAnyStampOneIsAppended) {

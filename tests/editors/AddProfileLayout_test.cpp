@@ -145,7 +145,7 @@ TEST_F(AddProfileLayout, ALongListShowsEveryStoreProfile) {
         EXPECT_EQ(SelectedCsProfile(), L"Store profile 0");
         user_.Click(ui::IdOk);
     });
-    editors::DetachStoreProfile(expected, 150);
+    config::DetachStoreProfile(expected, 150);
     expected.UseAIA.back() = 1;
     EXPECT_EQ(profile, expected);
 }

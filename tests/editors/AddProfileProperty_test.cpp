@@ -10,7 +10,7 @@ namespace tests {
 namespace {
 
 using namespace profileid;
-using editors::StoreProfileSettings;
+using config::StoreProfileSettings;
 
 // A user who knows by heart what each store profile was given.
 class AddProfileProperty : public ProfileEditorTest {
@@ -38,7 +38,7 @@ class AddProfileProperty : public ProfileEditorTest {
         EXPECT_EQ(ListLengths(*profile), std::vector<size_t>(11, known_.size()));
         for (size_t i = 0; i < known_.size(); ++i) {
             EXPECT_EQ(profile->ZCSProfile.at(i), known_[i].name);
-            EXPECT_EQ(editors::SettingsAt(*profile, i), known_[i].settings) << i;
+            EXPECT_EQ(config::SettingsAt(*profile, i), known_[i].settings) << i;
         }
     }
 

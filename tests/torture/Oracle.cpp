@@ -1,9 +1,9 @@
 #include "tests/torture/Oracle.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
+#include "tests/config/ValueKinds.h"
 #include "text/Numbers.h"
 #include "ui/Screen.h"
 
@@ -19,25 +19,6 @@ constexpr uint32_t goOnFlags = ui::box::OkCancel | ui::box::ExclamationIcon;
 
 std::wstring NameOf(const std::wstring& target) {
     return target.substr(target.rfind(L'\\') + 1);
-}
-
-// "integer", "multistring" or "string", as reports call a value of this name.
-std::wstring KindOf(const std::wstring& target) {
-    static const std::set<std::wstring> lists{
-        L"ExtExt",     L"ServerTSP",       L"ZCSProfile",   L"NotUseLDAP", L"NotCopyToLocal",
-        L"AutoUseTSP", L"AutoVerifyTSP",   L"NoTSPisError", L"UseAIA",     L"NotAddCert",
-        L"NotLoadCrl", L"CrlUpdatePeriod", L"LastCrlUpdate"};
-    static const std::set<std::wstring> integers{
-        L"Window_top",        L"Window_bottom", L"Window_left",     L"Window_right",       L"Log filesize",
-        L"Verify File",       L"Verify x file", L"Verify det file", L"Verify resign file", L"Handler timeout",
-        L"Rename conf files", L"ArchCount",     L"ArchSize",        L"ArchTimeout",        L"ExecTimeout",
-        L"Mask num",          L"Ext num",       L"Is on",           L"In format det",      L"Out format det",
-        L"ZipFile",           L"Signer Num"};
-    const std::wstring name = NameOf(target);
-    if (integers.contains(name)) return L"integer";
-    // A list of store profiles in a profile, one of them in a rule.
-    const bool inRule = target.find(L"\\rules\\") != std::wstring::npos;
-    return lists.contains(name) && !inRule ? L"multistring" : L"string";
 }
 
 std::wstring LibraryText(uint32_t code) {
@@ -172,8 +153,9 @@ void Oracle::OfKeys(const Call& call) {
             OfReading(call);
             break;
         default:
-            Tell(L"Writing " + KindOf(call.target) + L" value '" + NameOf(call.target) + L"' into register",
-                 call.answer);
+            Tell(
+                L"Writing " + ValueKind(call.target) + L" value '" + NameOf(call.target) + L"' into register",
+                call.answer);
     }
 }
 
@@ -190,7 +172,7 @@ void Oracle::OfDeletion(const Call& call) {
 
 void Oracle::OfReading(const Call& call) {
     told_.quietDifference = true;
-    const std::wstring kind = KindOf(call.target);
+    const std::wstring kind = ValueKind(call.target);
     if (call.answer == 2 || (call.answer == 13 && kind != L"integer")) return;
     Tell(L"Reading " + kind + L" value '" + NameOf(call.target) + L"' from register", call.answer);
 }

@@ -27,6 +27,8 @@ class ControlMirror {
     // Makes the window match the control's state, once after its creation and whenever a part of it changed.
     virtual void ShowAll() { Show(Aspect::Text); }
     virtual void Show(Aspect aspect);
+    // The dialog has initialised itself: what takes long to show is shown now, as it has come to be.
+    virtual void Complete() {}
     // The monitor's resolution changed, and the font and the bounds with it.
     virtual void ShowRescaled() {}
 

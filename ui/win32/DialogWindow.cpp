@@ -88,6 +88,7 @@ INT_PTR DialogWindow::OnInit() {
     dialog_.Opened(*this, Client(), dpi);
     if (ended_) return TRUE;
     initialised_ = true;
+    for (const auto& mirror : mirrors_) mirror->Complete();
     if (!placed_) CenterOnOwner(window_);
     // The focus that the program chose holds only if the system is told that it need not choose any.
     return dialog_.Focus() == nullptr ? TRUE : FALSE;

@@ -94,9 +94,10 @@ std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker) {
     request.nMaxFile = static_cast<DWORD>(path.size());
     request.lpstrInitialDir = picker.initialFolder.empty() ? nullptr : picker.initialFolder.c_str();
     request.lpstrDefExt = Extension(picker.defaultExtension);
-    request.Flags = OFN_EXPLORER | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_OVERWRITEPROMPT |
-                    OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
-    const auto show = picker.kind == FilePickerKind::Open ? GetOpenFileNameW : GetSaveFileNameW;
+    const bool opens = picker.kind == FilePickerKind::Open;
+    request.Flags = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
+    request.Flags |= opens ? OFN_FILEMUSTEXIST : OFN_OVERWRITEPROMPT;
+    const auto show = opens ? GetOpenFileNameW : GetSaveFileNameW;
     BOOL chosen = show(&request);
     if (chosen == FALSE && CommDlgExtendedError() == FNERR_INVALIDFILENAME) {
         path.assign(LongestPath, L'\0');  // better no proposal than no dialog

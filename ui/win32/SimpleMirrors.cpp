@@ -62,14 +62,14 @@ std::wstring IconButtonMirror::ShownText() const {
     return WithDoubledAmpersands(button_.Text().empty() ? button_.Tooltip() : button_.Text());
 }
 
-void IconButtonMirror::ShowAll() {
-    Show(Aspect::Text);
-    Show(Aspect::Icon);
-}
-
 void IconButtonMirror::Show(Aspect aspect) {
     ControlMirror::Show(aspect == Aspect::Tooltip ? Aspect::Text : aspect);
-    if (aspect == Aspect::Icon || aspect == Aspect::Enabled) ShowPicture();
+    if (isComplete_ && (aspect == Aspect::Icon || aspect == Aspect::Enabled)) ShowPicture();
+}
+
+void IconButtonMirror::Complete() {
+    isComplete_ = true;
+    ShowPicture();
 }
 
 void IconButtonMirror::ShowPicture() {

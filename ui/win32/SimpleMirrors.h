@@ -65,8 +65,8 @@ class PushButtonMirror : public ButtonMirror {
 class IconButtonMirror : public ButtonMirror {
   public:
     IconButtonMirror(IconButton& button, HWND window) : ButtonMirror(button, window), button_(button) {}
-    void ShowAll() override;
     void Show(Aspect aspect) override;
+    void Complete() override;
     void ShowRescaled() override { Show(Aspect::Icon); }
     std::optional<LRESULT> Answer(NMHDR& question) const override;
 
@@ -77,6 +77,7 @@ class IconButtonMirror : public ButtonMirror {
     void DrawFaded(HDC canvas) const;
 
     IconButton& button_;
+    bool isComplete_ = false;
     IconHandle icon_;
     IconHandle fadedIcon_;
 };

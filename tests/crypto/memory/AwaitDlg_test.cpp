@@ -45,7 +45,7 @@ class AwaitDlgTest : public testing::Test {
     const config::Services services_{machine_.Machine, screen_, reporter_, store_};
     ui::Dialog parent_{screen_, nullptr, {.size = {200, 100}}};
     std::vector<size_t> duringCalls_;  // of the library
-    crypto::StoreProfileSettings settings_;
+    crypto::ContextSettings settings_;
 };
 
 TEST_F(AwaitDlgTest, IsThereWhileTheContextIsOpenedAndNoLonger) {

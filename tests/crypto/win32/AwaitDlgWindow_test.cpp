@@ -19,7 +19,7 @@ bool IsPainted(HWND window) {
 using AwaitDlgWindowTest = CryptoTest;
 
 TEST_F(AwaitDlgWindowTest, IsPaintedWhileTheContextIsOpenedAndGoneAfterwards) {
-    crypto::StoreProfileSettings settings;
+    crypto::ContextSettings settings;
     settings.Picker.NotUseLDAP = 1;
     settings.Picker.NotLoadCrl = 1;
     bool looked = false;

@@ -1,11 +1,11 @@
-#include "crypto/StoreProfileSettings.h"
+#include "crypto/ContextSettings.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
+using crypto::ContextSettings;
 using crypto::SettingsOf;
-using crypto::StoreProfileSettings;
 
 config::ServiceProfile TwoStoreProfiles() {
     config::ServiceProfile profile;
@@ -23,8 +23,8 @@ config::ServiceProfile TwoStoreProfiles() {
     return profile;
 }
 
-TEST(StoreProfileSettingsTest, AreTakenFromOneIndexOfEveryList) {
-    const StoreProfileSettings settings = SettingsOf(TwoStoreProfiles(), 1);
+TEST(ContextSettingsTest, AreTakenFromOneIndexOfEveryList) {
+    const ContextSettings settings = SettingsOf(TwoStoreProfiles(), 1);
     EXPECT_EQ(settings.ZCSProfile, L"Bank");
     EXPECT_EQ(settings.CrlUpdatePeriod, 19);
     EXPECT_EQ(settings.Picker.ServerTSP, L"tsp.example");
@@ -39,16 +39,16 @@ TEST(StoreProfileSettingsTest, AreTakenFromOneIndexOfEveryList) {
     EXPECT_EQ(SettingsOf(TwoStoreProfiles(), 0).ZCSProfile, L"Office");
 }
 
-TEST(StoreProfileSettingsTest, WhatThePickerIsToldBesidesHasItsDefaults) {
+TEST(ContextSettingsTest, WhatThePickerIsToldBesidesHasItsDefaults) {
     const crypto::PickerSettings picker = SettingsOf(TwoStoreProfiles(), 1).Picker;
     EXPECT_EQ(picker.IncludeAllCertificates, 1);
     EXPECT_EQ(picker.ReportLibraryDetail, 0);
     EXPECT_EQ(picker.GroupFilesFolder, L"");
 }
 
-TEST(StoreProfileSettingsTest, WhereAListEndsEarlyThereIsTheValueOfANewStoreProfile) {
+TEST(ContextSettingsTest, WhereAListEndsEarlyThereIsTheValueOfANewStoreProfile) {
     for (const int index : {-1, 2, 1'000'000}) {
-        const StoreProfileSettings settings = SettingsOf(TwoStoreProfiles(), index);
+        const ContextSettings settings = SettingsOf(TwoStoreProfiles(), index);
         EXPECT_EQ(settings.ZCSProfile, L"") << index;
         EXPECT_EQ(settings.CrlUpdatePeriod, 1) << index;
         EXPECT_EQ(settings.Picker.ServerTSP, L"0") << index;
@@ -64,7 +64,7 @@ TEST(StoreProfileSettingsTest, WhereAListEndsEarlyThereIsTheValueOfANewStoreProf
     config::ServiceProfile unequal = TwoStoreProfiles();
     unequal.NotUseLDAP = {0};
     unequal.CrlUpdatePeriod.clear();
-    const StoreProfileSettings settings = SettingsOf(unequal, 1);
+    const ContextSettings settings = SettingsOf(unequal, 1);
     EXPECT_EQ(settings.ZCSProfile, L"Bank");
     EXPECT_EQ(settings.Picker.NotUseLDAP, 1);
     EXPECT_EQ(settings.CrlUpdatePeriod, 1);

@@ -10,7 +10,7 @@
 
 namespace crypto {
 
-struct StoreProfileSettings {
+struct ContextSettings {
     std::wstring ZCSProfile;      // the store profile's name
     int32_t CrlUpdatePeriod = 1;  // hours; below 1 the revocation lists are never refreshed
     PickerSettings Picker;
@@ -18,6 +18,6 @@ struct StoreProfileSettings {
 
 // index: of the profile's parallel lists. What a list lacks has the value of a store profile that has just
 // been added to a service profile.
-StoreProfileSettings SettingsOf(const config::ServiceProfile& profile, int index);
+ContextSettings SettingsOf(const config::ServiceProfile& profile, int index);
 
 }  // namespace crypto

@@ -1,17 +1,16 @@
-#include "editors/StoreProfileSettings.h"
+#include "config/StoreProfileSettings.h"
 
 #include <algorithm>
 
-#include "text/Numbers.h"
 #include "text/Upper.h"
 
-namespace editors {
+namespace config {
 namespace {
 
 // Every list that is parallel to the names, with the setting that its entries are.
 template <class Visitor>
 void VisitLists(const Visitor& visit) {
-    using Profile = config::ServiceProfile;
+    using Profile = ServiceProfile;
     using Settings = StoreProfileSettings;
     visit(&Profile::ServerTSP, &Settings::ServerTSP);
     visit(&Profile::NotUseLDAP, &Settings::NotUseLDAP);
@@ -32,7 +31,7 @@ auto At(Entries& entries, size_t index) {
 
 }  // namespace
 
-StoreProfileSettings SettingsAt(const config::ServiceProfile& profile, size_t index) {
+StoreProfileSettings SettingsAt(const ServiceProfile& profile, size_t index) {
     StoreProfileSettings settings;
     VisitLists([&](auto list, auto setting) {
         const auto& entries = profile.*list;
@@ -41,7 +40,7 @@ StoreProfileSettings SettingsAt(const config::ServiceProfile& profile, size_t in
     return settings;
 }
 
-void PutSettings(config::ServiceProfile& profile, size_t index, const StoreProfileSettings& settings) {
+void PutSettings(ServiceProfile& profile, size_t index, const StoreProfileSettings& settings) {
     const StoreProfileSettings defaults;
     VisitLists([&](auto list, auto setting) {
         auto& entries = profile.*list;
@@ -53,13 +52,13 @@ void PutSettings(config::ServiceProfile& profile, size_t index, const StoreProfi
     });
 }
 
-bool IsAttached(const config::ServiceProfile& profile, std::wstring_view name) {
+bool IsAttached(const ServiceProfile& profile, std::wstring_view name) {
     const std::wstring wanted = text::Upper(name);
     return std::any_of(profile.ZCSProfile.begin(), profile.ZCSProfile.end(),
                        [&wanted](const std::wstring& attached) { return text::Upper(attached) == wanted; });
 }
 
-void AttachStoreProfile(config::ServiceProfile& profile, std::wstring name) {
+void AttachStoreProfile(ServiceProfile& profile, std::wstring name) {
     const StoreProfileSettings defaults;
     const size_t index = profile.ZCSProfile.size();
     profile.ZCSProfile.push_back(std::move(name));
@@ -70,7 +69,7 @@ void AttachStoreProfile(config::ServiceProfile& profile, std::wstring name) {
     });
 }
 
-void DetachStoreProfile(config::ServiceProfile& profile, size_t index) {
+void DetachStoreProfile(ServiceProfile& profile, size_t index) {
     profile.ZCSProfile.erase(At(profile.ZCSProfile, index));
     VisitLists([&](auto list, auto) {
         auto& entries = profile.*list;
@@ -78,16 +77,4 @@ void DetachStoreProfile(config::ServiceProfile& profile, size_t index) {
     });
 }
 
-std::wstring RulesWithCertificatesOf(std::span<const config::Rule> rules, std::wstring_view storeProfile) {
-    std::wstring positions;
-    for (size_t i = 0; i < rules.size(); ++i) {
-        const config::Rule& rule = rules[i];
-        if (rule.ZCSProfile != storeProfile || (rule.Certificates.empty() && rule.SignerLists.empty()))
-            continue;
-        if (!positions.empty()) positions += L',';
-        positions += text::Decimal(static_cast<int64_t>(i) + 1);
-    }
-    return positions;
-}
-
-}  // namespace editors
+}  // namespace config

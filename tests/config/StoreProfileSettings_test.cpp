@@ -1,5 +1,5 @@
 // The parallel lists of a service profile, equal in length and not.
-#include "editors/StoreProfileSettings.h"
+#include "config/StoreProfileSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -8,12 +8,12 @@
 namespace tests {
 namespace {
 
+using config::AttachStoreProfile;
+using config::DetachStoreProfile;
+using config::PutSettings;
 using config::ServiceProfile;
-using editors::AttachStoreProfile;
-using editors::DetachStoreProfile;
-using editors::PutSettings;
-using editors::SettingsAt;
-using editors::StoreProfileSettings;
+using config::SettingsAt;
+using config::StoreProfileSettings;
 using Flags = std::vector<config::Flag>;
 
 // Settings that are told apart in every list.
@@ -105,23 +105,9 @@ TEST(StoreProfileSettings, AttachedIsWhatHasTheWholeNameInAnyCase) {
     ServiceProfile profile;
     profile.ZCSProfile = {L"Office", L"\u0411\u0430\u043D\u043A"};
     for (const wchar_t* name : {L"Office", L"OFFICE", L"office", L"\u0431\u0410\u041D\u041A"})
-        EXPECT_TRUE(editors::IsAttached(profile, name));
+        EXPECT_TRUE(config::IsAttached(profile, name));
     for (const wchar_t* name : {L"", L"Offic", L"Office ", L"Bank"})
-        EXPECT_FALSE(editors::IsAttached(profile, name));
-}
-
-TEST(StoreProfileSettings, RulesWithCertificatesAreCountedFromOne) {
-    std::vector<config::Rule> rules(12);
-    EXPECT_EQ(editors::RulesWithCertificatesOf(rules, L"Office"), L"");
-    for (config::Rule& rule : rules) rule.ZCSProfile = L"Office";
-    EXPECT_EQ(editors::RulesWithCertificatesOf(rules, L"Office"), L"");
-    rules[0].Certificates = {L"CN=Anna"};
-    rules[11].SignerLists = {{L"chiefs", {L"CN=Boris"}}};
-    rules[5].Certificates = {L"CN=Anna"};
-    rules[5].ZCSProfile = L"office";
-    EXPECT_EQ(editors::RulesWithCertificatesOf(rules, L"Office"), L"1,12");
-    EXPECT_EQ(editors::RulesWithCertificatesOf(rules, L"office"), L"6");
-    EXPECT_EQ(editors::RulesWithCertificatesOf({}, L"Office"), L"");
+        EXPECT_FALSE(config::IsAttached(profile, name));
 }
 
 }  // namespace
