@@ -58,6 +58,7 @@ WINDOWS = {
     "load, beside reg export": 1.0,
     "save, beside reg import": 1.0,
     "start to usable window": 1.25,
+    "start, beside a like window made bare": 1.25,
     "idle memory": None,
     "memory of imported rules": 3.0,
     "memory of names": 2.5,
