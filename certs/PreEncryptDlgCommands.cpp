@@ -70,7 +70,6 @@ void CPreEncryptDlg::DeleteAll() {
     Show(candidates_, {});
     candidateNames_.Clear();
     groupsPath_.clear();
-    RefillCandidates();
 }
 
 void CPreEncryptDlg::Choose() {

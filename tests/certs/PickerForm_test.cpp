@@ -192,6 +192,8 @@ TEST_F(PickerForm, ADoubleClickShowsTheWholeNameInLines) {
         user_.ExpectBox(L"CN=Egon\nEmail=e@x\nC=RU", ui::box::Ok | ui::box::InformationIcon, ui::IdOk,
                         L"Recipient");
         user_.DoubleClickRow(pickid::Chosen, 0);
+        for (const int list : {pickid::Candidates, pickid::Chosen})
+            user_.Get<ui::ListView>(list).UserDoubleClicked({});  // beside the rows: no box
         Leave();
     });
     PickSigners(L"", chosen, [this](CPreEncryptDlg&) {

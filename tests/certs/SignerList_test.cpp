@@ -210,6 +210,7 @@ TEST_F(SignerListTest, ADoubleClickShowsTheMembers) {
         user_.DoubleClickRow(listid::List, 1);
         ExpectWarningBox(L"Signer list", L"List name: empty", ui::Icon::Information);
         user_.DoubleClickRow(listid::List, 2);
+        user_.Get<ui::ListView>(listid::List).UserDoubleClicked({});  // beside the rows: no box
         Leave();
     });
 }

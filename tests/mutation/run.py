@@ -30,7 +30,8 @@ OPERATORS = [
     (r" \+ ", " - "), (r"\+\+", "--"), (r"\btrue\b", "false"), (r"\bfalse\b", "true"), (r"\b0\b", "1"),
     (r"\b([1-9]\d*)\b", lambda m: str(int(m.group(1)) + 1)),
     (r'L"([^"\\]+)"', r'L"\1~"'),
-    (r"\((\w+), (\w+)\)", r"(\2, \1)"),                          # swapped arguments
+    # Swapped arguments; those of min and max may stand in any order.
+    (r"(?<!min)(?<!max)(?<!>)\((\w+), (\w+)\)", r"(\2, \1)"),
     (r"^(\s+)[\w.>:-]+\([^;{}]*\);$", r"\1;"),                    # dropped call
     (r"^(\s+)if \(.*\) (return|continue|break)[^;]*;$", r"\1;"),  # dropped early way out
     (r"\breturn (?!false)(\w+);", r"return {};"),

@@ -6,11 +6,14 @@
 #include <exception>
 #include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "platform/Machine.h"
 #include "ui/Dialog.h"
 #include "ui/Window.h"
 #include "ui/memory/RowSelection.h"
+#include "ui/memory/ShownState.h"
 
 namespace ui::memory {
 
@@ -38,6 +41,8 @@ class MemoryWindow final : public Window {
     bool IsMinimized() const { return minimized_; }
     Size OuterSize() const;  // in pixels, as it is when not minimised
     RowSelection& Rows() { return rows_; }
+    // What the window was not told of and therefore shows as it was before, in words.
+    std::vector<std::string> Stale() const { return shown_.Stale(dialog_); }
 
     // What the user does with the window. Minimizing and restoring move the focus, too.
     void UserDraggedCorner(Size growth);
@@ -75,6 +80,7 @@ class MemoryWindow final : public Window {
     bool behind_ = false;
     Control* focusBehind_ = nullptr;  // gets the focus when the window comes to the front again
     RowSelection rows_;
+    ShownState shown_;
 };
 
 }  // namespace ui::memory

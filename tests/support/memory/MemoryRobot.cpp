@@ -288,6 +288,9 @@ ui::Size MemoryRobot::OuterSize() {
 
 void MemoryRobot::CheckWindows(ui::Dialog& dialog) {
     CheckInvariants(dialog);
+    const ui::memory::MemoryWindow* const window = screen_.WindowOf(dialog);
+    if (window == nullptr) return;
+    for (const std::string& part : window->Stale()) ADD_FAILURE() << "the window was not told of " << part;
 }
 
 void MemoryRobot::DialogOpened(ui::Dialog& dialog) {

@@ -1,0 +1,136 @@
+#include "ui/memory/ShownState.h"
+
+#include <array>
+#include <optional>
+
+#include "ui/Choices.h"
+#include "ui/Controls.h"
+#include "ui/ListView.h"
+
+namespace ui::memory {
+namespace {
+
+constexpr std::array ofControls{Aspect::Text,     Aspect::Name,    Aspect::Enabled,
+                                Aspect::Visible,  Aspect::Tooltip, Aspect::Icon,
+                                Aspect::ReadOnly, Aspect::Items,   Aspect::Columns};
+constexpr std::array ofDialogs{DialogAspect::Caption, DialogAspect::Icon, DialogAspect::MenuBar,
+                               DialogAspect::SystemMenu};
+
+std::wstring InWords(bool yes) {
+    return yes ? L"yes" : L"no";
+}
+
+std::wstring InWords(Icon icon) {
+    return std::to_wstring(static_cast<int>(icon));
+}
+
+std::wstring InWords(const std::vector<MenuItem>& items) {
+    std::wstring words;
+    for (const MenuItem& item : items)
+        words += std::to_wstring(item.command) + L' ' + item.text + L' ' + InWords(item.enabled) + L'\n';
+    return words;
+}
+
+std::wstring InWords(const std::vector<Column>& columns) {
+    std::wstring words;
+    for (const Column& column : columns)
+        words += column.header + L' ' + std::to_wstring(column.width) + L' ' +
+                 std::to_wstring(static_cast<int>(column.arrow)) + L'\n';
+    return words;
+}
+
+std::optional<std::wstring> TextIn(const Control& control) {
+    const bool isTheUsers = dynamic_cast<const Edit*>(&control) != nullptr ||
+                            dynamic_cast<const ChoiceControl*>(&control) != nullptr;
+    return isTheUsers ? std::nullopt : std::optional(control.Text());
+}
+
+std::optional<std::wstring> IconIn(const Control& control) {
+    if (const auto* const button = dynamic_cast<const IconButton*>(&control)) return InWords(button->Icon());
+    if (const auto* const picture = dynamic_cast<const Picture*>(&control)) return InWords(picture->Icon());
+    return std::nullopt;
+}
+
+std::optional<std::wstring> ItemsIn(const Control& control) {
+    const auto* const choice = dynamic_cast<const ChoiceControl*>(&control);
+    if (choice == nullptr) return std::nullopt;
+    std::wstring words;
+    for (const std::wstring& item : choice->Items()) words += item + L'\n';
+    return words;
+}
+
+// Nothing where the control has no such part, or the user changes it as well.
+std::optional<std::wstring> PartOf(const Control& control, Aspect aspect) {
+    const auto* const edit = dynamic_cast<const Edit*>(&control);
+    const auto* const list = dynamic_cast<const ListView*>(&control);
+    switch (aspect) {
+        case Aspect::Text:
+            return TextIn(control);
+        case Aspect::Name:
+            return control.Name();
+        case Aspect::Enabled:
+            return InWords(control.IsEnabled());
+        case Aspect::Visible:
+            return InWords(control.IsVisible());
+        case Aspect::Tooltip:
+            return control.Tooltip();
+        case Aspect::Icon:
+            return IconIn(control);
+        case Aspect::ReadOnly:
+            return edit == nullptr ? std::nullopt : std::optional(InWords(edit->IsReadOnly()));
+        case Aspect::Items:
+            return ItemsIn(control);
+        case Aspect::Columns:
+            return list == nullptr ? std::nullopt : std::optional(InWords(list->Columns()));
+        default:
+            return std::nullopt;
+    }
+}
+
+std::wstring PartOf(const Dialog& dialog, DialogAspect aspect) {
+    switch (aspect) {
+        case DialogAspect::Caption:
+            return dialog.Caption();
+        case DialogAspect::Icon:
+            return InWords(dialog.Icon());
+        case DialogAspect::SystemMenu:
+            return InWords(dialog.SystemMenuEntries());
+        case DialogAspect::MenuBar:
+            break;
+        default:
+            return {};
+    }
+    std::wstring words;
+    for (const Menu& menu : dialog.MenuBar()) words += menu.title + L'\n' + InWords(menu.items);
+    return words;
+}
+
+}  // namespace
+
+void ShownState::ShowAll(const Dialog& dialog) {
+    for (const DialogAspect aspect : ofDialogs) Show(dialog, aspect);
+    for (const Control* control : dialog.Controls())
+        for (const Aspect aspect : ofControls) Show(*control, aspect);
+}
+
+void ShownState::Show(const Control& control, Aspect aspect) {
+    if (auto part = PartOf(control, aspect)) controls_[{&control, aspect}] = std::move(*part);
+}
+
+void ShownState::Show(const Dialog& dialog, DialogAspect aspect) {
+    dialog_[aspect] = PartOf(dialog, aspect);
+}
+
+std::vector<std::string> ShownState::Stale(const Dialog& dialog) const {
+    std::vector<std::string> stale;
+    for (const auto& [key, shown] : controls_)
+        if (PartOf(*key.first, key.second) != shown)
+            stale.push_back("part " + std::to_string(static_cast<int>(key.second)) + " of control " +
+                            std::to_string(key.first->Id()));
+    for (const auto& [aspect, shown] : dialog_)
+        if (PartOf(dialog, aspect) != shown)
+            stale.push_back("part " + std::to_string(static_cast<int>(aspect)) + " of the dialog");
+    return stale;
+}
+
+}  // namespace ui::memory
