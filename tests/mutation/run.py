@@ -61,7 +61,7 @@ def copy_sources():
     for name in filter(None, names):
         target = COPY / name
         target.parent.mkdir(parents=True, exist_ok=True)
-        shutil.copy2(ROOT / name, target)
+        shutil.copy(ROOT / name, target)  # as new: a run that was cut short may have left the object of a changed file
 
 
 def build():
