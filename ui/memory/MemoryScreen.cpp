@@ -71,6 +71,7 @@ void MemoryScreen::SetDpi(uint32_t dpi) {
 int MemoryScreen::RunModal(Dialog& dialog) {
     const Asking asking(*this);
     MemoryWindow window(dialog, metrics_, dpi_);
+    if (rememberShown_) window.RememberShown();
     {
         const OpenWindow open(*this, window, dialog);
         window.Open();
@@ -86,6 +87,7 @@ void MemoryScreen::OpenModeless(Dialog& dialog) {
     auto window =
         std::make_unique<MemoryWindow>(dialog, metrics_, dpi_, [this, &dialog] { CloseModeless(dialog); });
     MemoryWindow& opened = *window;
+    if (rememberShown_) opened.RememberShown();
     modeless_.push_back(std::move(window));
     windows_.push_back(&opened);
     try {

@@ -43,6 +43,10 @@ class MemoryScreen final : public Screen {
     void ShowWaitCursor(bool shown) override { waitCursors_ += shown ? 1 : -1; }
     const platform::ScreenMetrics& Metrics() const override { return metrics_; }
 
+    // Windows that open from now on remember what they were told to show. That takes memory, which is not the
+    // program's.
+    void RememberShown() { rememberShown_ = true; }
+
     // What there is to be seen. None: the dialog is not open.
     MemoryWindow* WindowOf(const Dialog& dialog) const;
     size_t OpenDialogs() const { return windows_.size(); }
@@ -68,7 +72,8 @@ class MemoryScreen final : public Screen {
     const Dialog* lastOwner_ = nullptr;
     FilePicker lastFilePicker_;
     std::vector<MemoryWindow*> windows_;  // in the order of opening
-    MemoryWindow* active_ = nullptr;      // the one in front, unless a box or picker is
+    bool rememberShown_ = false;
+    MemoryWindow* active_ = nullptr;  // the one in front, unless a box or picker is
     std::vector<std::unique_ptr<MemoryWindow>> modeless_;
 };
 

@@ -46,7 +46,7 @@ void MemoryWindow::Open() {
     const Size units = dialog_.Style().size;
     const Rect pixels = ToPixels({0, 0, units.width, units.height});
     client_ = {pixels.width, pixels.height};
-    shown_.ShowAll(dialog_);
+    if (shown_) shown_->ShowAll(dialog_);
     dialog_.Opened(*this, client_, dpi_);
 }
 
@@ -113,7 +113,7 @@ void MemoryWindow::UserMovedToMonitor(uint32_t dpi) {
 
 // A control that cannot be used does not keep the focus: the next one gets it.
 void MemoryWindow::Show(const Control& control, Aspect aspect) {
-    shown_.Show(control, aspect);
+    if (shown_) shown_->Show(control, aspect);
     if (!control.HasFocus() || (control.IsVisible() && control.IsEnabled())) return;
     Control* const next = NextTabStop(dialog_);
     dialog_.UserLeft(*dialog_.Focus());
@@ -121,7 +121,7 @@ void MemoryWindow::Show(const Control& control, Aspect aspect) {
 }
 
 void MemoryWindow::Show(const Dialog& dialog, DialogAspect aspect) {
-    shown_.Show(dialog, aspect);
+    if (shown_) shown_->Show(dialog, aspect);
     if (aspect != DialogAspect::Focus || !behind_) return;
     focusBehind_ = dialog.Focus();
     dialog_.UserLeft(*focusBehind_);  // the dialog's record only: the control has not had the focus

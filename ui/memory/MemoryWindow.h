@@ -41,8 +41,12 @@ class MemoryWindow final : public Window {
     bool IsMinimized() const { return minimized_; }
     Size OuterSize() const;  // in pixels, as it is when not minimised
     RowSelection& Rows() { return rows_; }
-    // What the window was not told of and therefore shows as it was before, in words.
-    std::vector<std::string> Stale() const { return shown_.Stale(dialog_); }
+    // Before it is opened: the window is to remember what it was told to show.
+    void RememberShown() { shown_.emplace(); }
+    // What a window that remembers was not told of and therefore shows as it was before, in words.
+    std::vector<std::string> Stale() const {
+        return shown_ ? shown_->Stale(dialog_) : std::vector<std::string>();
+    }
 
     // What the user does with the window. Minimizing and restoring move the focus, too.
     void UserDraggedCorner(Size growth);
@@ -80,7 +84,7 @@ class MemoryWindow final : public Window {
     bool behind_ = false;
     Control* focusBehind_ = nullptr;  // gets the focus when the window comes to the front again
     RowSelection rows_;
-    ShownState shown_;
+    std::optional<ShownState> shown_;
 };
 
 }  // namespace ui::memory

@@ -51,6 +51,7 @@ const ui::MenuItem* FindMenuItem(const ui::Dialog& dialog, int command) {
 
 MemoryRobot::MemoryRobot(ui::memory::MemoryScreen& screen) : screen_(screen) {
     screen_.SetUser(*this);
+    screen_.RememberShown();
 }
 
 // A gesture on the dialog whose script is running. What a handler throws ends the dialog, as with real
