@@ -72,9 +72,9 @@ class MemoryScreen final : public Screen {
     const Dialog* lastOwner_ = nullptr;
     FilePicker lastFilePicker_;
     std::vector<MemoryWindow*> windows_;  // in the order of opening
-    bool rememberShown_ = false;
-    MemoryWindow* active_ = nullptr;  // the one in front, unless a box or picker is
+    MemoryWindow* active_ = nullptr;      // the one in front, unless a box or picker is
     std::vector<std::unique_ptr<MemoryWindow>> modeless_;
+    bool rememberShown_ = false;
 };
 
 }  // namespace ui::memory

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "ui/Choices.h"
 #include "ui/Controls.h"
@@ -10,11 +11,15 @@
 namespace ui::memory {
 namespace {
 
-constexpr std::array ofControls{Aspect::Text,     Aspect::Name,    Aspect::Enabled,
-                                Aspect::Visible,  Aspect::Tooltip, Aspect::Icon,
-                                Aspect::ReadOnly, Aspect::Items,   Aspect::Columns};
-constexpr std::array ofDialogs{DialogAspect::Caption, DialogAspect::Icon, DialogAspect::MenuBar,
-                               DialogAspect::SystemMenu};
+constexpr std::array ofControls{
+    std::pair{Aspect::Text, "text"},         std::pair{Aspect::Name, "name"},
+    std::pair{Aspect::Enabled, "enabled"},   std::pair{Aspect::Visible, "visible"},
+    std::pair{Aspect::Tooltip, "tooltip"},   std::pair{Aspect::Icon, "icon"},
+    std::pair{Aspect::ReadOnly, "readonly"}, std::pair{Aspect::Items, "items"},
+    std::pair{Aspect::Columns, "columns"}};
+constexpr std::array ofDialogs{
+    std::pair{DialogAspect::Caption, "caption"}, std::pair{DialogAspect::Icon, "icon"},
+    std::pair{DialogAspect::MenuBar, "menu bar"}, std::pair{DialogAspect::SystemMenu, "system menu"}};
 
 std::wstring InWords(bool yes) {
     return yes ? L"yes" : L"no";
@@ -108,9 +113,9 @@ std::wstring PartOf(const Dialog& dialog, DialogAspect aspect) {
 }  // namespace
 
 void ShownState::ShowAll(const Dialog& dialog) {
-    for (const DialogAspect aspect : ofDialogs) Show(dialog, aspect);
+    for (const auto& [aspect, name] : ofDialogs) Show(dialog, aspect);
     for (const Control* control : dialog.Controls())
-        for (const Aspect aspect : ofControls) Show(*control, aspect);
+        for (const auto& [aspect, name] : ofControls) Show(*control, aspect);
 }
 
 void ShownState::Show(const Control& control, Aspect aspect) {
@@ -123,13 +128,17 @@ void ShownState::Show(const Dialog& dialog, DialogAspect aspect) {
 
 std::vector<std::string> ShownState::Stale(const Dialog& dialog) const {
     std::vector<std::string> stale;
-    for (const auto& [key, shown] : controls_)
-        if (PartOf(*key.first, key.second) != shown)
-            stale.push_back("part " + std::to_string(static_cast<int>(key.second)) + " of control " +
-                            std::to_string(key.first->Id()));
-    for (const auto& [aspect, shown] : dialog_)
-        if (PartOf(dialog, aspect) != shown)
-            stale.push_back("part " + std::to_string(static_cast<int>(aspect)) + " of the dialog");
+    for (const Control* control : dialog.Controls())
+        for (const auto& [aspect, name] : ofControls) {
+            const auto shown = controls_.find({control, aspect});
+            if (shown != controls_.end() && PartOf(*control, aspect) != shown->second)
+                stale.push_back(name + (" of control " + std::to_string(control->Id())));
+        }
+    for (const auto& [aspect, name] : ofDialogs) {
+        const auto shown = dialog_.find(aspect);
+        if (shown != dialog_.end() && PartOf(dialog, aspect) != shown->second)
+            stale.push_back(name + std::string(" of the dialog"));
+    }
     return stale;
 }
 

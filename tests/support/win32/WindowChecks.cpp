@@ -11,6 +11,7 @@
 #include "ui/Names.h"
 #include "ui/win32/ControlMirror.h"
 #include "ui/win32/DialogTemplate.h"
+#include "ui/win32/IconLoader.h"
 #include "ui/win32/Placing.h"
 
 namespace tests {
@@ -36,12 +37,30 @@ std::wstring ItemText(HWND window, UINT lengthMessage, UINT textMessage, int ind
     return text;
 }
 
+// In pixels; 0 without a picture.
+int WidthOf(LRESULT picture) {
+    ICONINFO parts{};
+    if (picture == 0 || GetIconInfo(reinterpret_cast<HICON>(picture), &parts) == FALSE) return 0;
+    BITMAP mask{};
+    GetObjectW(parts.hbmMask, sizeof mask, &mask);
+    DeleteObject(parts.hbmMask);
+    DeleteObject(parts.hbmColor);
+    return mask.bmWidth;
+}
+
+ui::Size SizeOf(const ui::Control& control) {
+    return {control.Bounds().width, control.Bounds().height};
+}
+
 class Checker : public ui::ControlVisitor {
   public:
     explicit Checker(HWND window) : window_(window) {}
 
     void Visit(ui::Label& control) override { EXPECT_EQ(control.Text(), WithSingleAmpersands(Text())); }
-    void Visit(ui::Picture&) override {}
+    void Visit(ui::Picture& control) override {
+        const int room = ui::win32::PictureSizeFor(SizeOf(control));
+        EXPECT_EQ(control.Icon() == ui::Icon::None ? 0 : room, WidthOf(Send(STM_GETICON))) << "picture";
+    }
     void Visit(ui::GroupBox& control) override { EXPECT_EQ(control.Text(), WithSingleAmpersands(Text())); }
     void Visit(ui::Edit& control) override {
         EXPECT_EQ(control.Text(), Text());
@@ -51,6 +70,8 @@ class Checker : public ui::ControlVisitor {
     void Visit(ui::IconButton& control) override {
         const std::wstring& name = control.Text().empty() ? control.Tooltip() : control.Text();
         EXPECT_EQ(name, WithSingleAmpersands(Text()));
+        EXPECT_EQ(PictureWidthOf(control), WidthOf(SendMessageW(window_, BM_GETIMAGE, IMAGE_ICON, 0)))
+            << "picture";
     }
     void Visit(ui::CheckBox& control) override {
         EXPECT_EQ(control.Text(), WithSingleAmpersands(Text()));
@@ -77,6 +98,12 @@ class Checker : public ui::ControlVisitor {
   private:
     std::wstring Text() const { return ui::win32::TextOf(window_); }
     LRESULT Send(UINT message) const { return SendMessageW(window_, message, 0, 0); }
+
+    // A disabled button holds the empty picture of one pixel and draws the pale one itself.
+    int PictureWidthOf(const ui::IconButton& button) const {
+        if (button.Icon() == ui::Icon::None) return 0;
+        return button.IsEnabled() ? ui::win32::ButtonPictureSizeFor(SizeOf(button)) : 1;
+    }
 
     void CheckItems(const ui::ChoiceControl& control, UINT countMessage, UINT lengthMessage,
                     UINT textMessage) const {
