@@ -23,6 +23,11 @@ constexpr int addProfile = 1031, logSettings = 1022, configurationsCommand = 328
 
 class AllForms : public CertificateJourney {
   protected:
+    using Size = std::pair<int, int>;  // in dialog units
+    using Names = std::set<std::wstring>;
+    // By captions; the names are those of controls that do not show theirs.
+    using Forms = std::map<std::wstring, std::pair<Size, Names>>;
+
     AllForms() { SeedEncryptingRule(); }
 
     void Check(ui::Dialog& form) {
@@ -32,10 +37,10 @@ class AllForms : public CertificateJourney {
             const std::wstring name = ui::SpokenName(form, *control);
             EXPECT_FALSE(name.empty())
                 << testing::PrintToString(form.Caption()) << ", control " << control->Id();
-            names_.insert(name);
+            if (ui::NeedsNamePlate(form, *control)) forms_[form.Caption()].second.insert(name);
         }
         const ui::Size size = form.Style().size;
-        sizes_[form.Caption()] = {size.width, size.height};
+        forms_[form.Caption()].first = {size.width, size.height};
         CheckReadingOrder(form);
     }
     // Of two neighbours the second lies further down or further to the right, or they share a place.
@@ -61,8 +66,7 @@ class AllForms : public CertificateJourney {
     }
 
     size_t seen_ = 0;
-    std::set<std::wstring> names_;                       // of all controls that were looked at
-    std::map<std::wstring, std::pair<int, int>> sizes_;  // by captions, in dialog units
+    Forms forms_;  // that were looked at
 };
 
 TEST_F(AllForms, OfTheMainWindow) {
@@ -87,12 +91,16 @@ TEST_F(AllForms, OfTheMainWindow) {
         user_.PressCloseBox();
     });
     EXPECT_EQ(seen_, 8U);
-    for (const wchar_t* name : {L"Opened profile", L"Profiles", L"Rules", L"CS profiles", L"TSP server"})
-        EXPECT_TRUE(names_.contains(name)) << testing::PrintToString(name);
-    EXPECT_EQ(sizes_[L"Add CS profile"], (std::pair{200, 50}));
-    EXPECT_EQ(sizes_[L"Log path"], (std::pair{264, 75}));
-    EXPECT_EQ(sizes_[L"Configurations"], (std::pair{290, 204}));
-    EXPECT_EQ(sizes_[L"About programm..."], (std::pair{299, 75}));
+    EXPECT_EQ(forms_,
+              (Forms{{L"ZEMA AC QLD Service - configuration",
+                      {{613, 193}, {L"Number of CS profiles", L"Opened profile", L"Profiles", L"Rules"}}},
+                     {L"Add profile", {{394, 270}, {L"CS profiles", L"TSP server"}}},
+                     {L"Add CS profile", {{200, 50}, {}}},
+                     {L"Log path", {{264, 75}, {L"Log path"}}},
+                     {L"Configurations", {{290, 204}, {}}},
+                     {L"Add additional extension:", {{200, 50}, {}}},
+                     {L"About programm...", {{299, 75}, {}}},
+                     {L"Extra", {{320, 185}, {L"Extra"}}}}));
 }
 
 TEST_F(AllForms, OfTheRuleEditorInEachOfItsShapes) {
@@ -108,8 +116,16 @@ TEST_F(AllForms, OfTheRuleEditorInEachOfItsShapes) {
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(seen_, 26U);
-    EXPECT_TRUE(names_.contains(L"Operation"));
-    EXPECT_TRUE(names_.contains(L"Masks"));
+    const Names namesInTheEditor{L"Operation", L"Input folder", L"Output folder", L"Error folder", L"Masks",
+                                 // The field of the action button.
+                                 L"Recipients", L"Signer lists", L"Second Output folder", L"Executable file",
+                                 // The rows of further options.
+                                 L"Delete extension:", L"Add extension:", L"Accounting format:",
+                                 L"File count:", L"Archive size (KB.):", L"Archivation timeout (min.):",
+                                 L"Execution timeout (min.):"};
+    EXPECT_EQ(forms_, (Forms{{L"Edit rule", {{394, 224}, namesInTheEditor}},
+                             {L"Mask", {{200, 50}, {L"Mask"}}},
+                             {L"Error", {{220, 62}, {}}}}));
 }
 
 TEST_F(AllForms, OfRecipients) {
@@ -121,6 +137,8 @@ TEST_F(AllForms, OfRecipients) {
         user_.Click(actionButton);
     });
     EXPECT_EQ(seen_, 2U);
+    EXPECT_EQ(forms_, (Forms{{L"Add recipients", {{400, 290}, {L"Recipients", L"Subjects"}}},
+                             {L"Filter", {{260, 100}, {}}}}));
 }
 
 TEST_F(AllForms, OfSigners) {
@@ -133,6 +151,8 @@ TEST_F(AllForms, OfSigners) {
         user_.Click(actionButton);
     });
     EXPECT_EQ(seen_, 2U);
+    EXPECT_EQ(forms_, (Forms{{L"Signer lists", {{290, 162}, {L"Signer lists"}}},
+                             {L"Add list", {{400, 290}, {L"Signers", L"Subjects"}}}}));
 }
 
 TEST_F(AllForms, TheFieldOfTheActionButtonIsCalledWhatItHolds) {

@@ -259,6 +259,28 @@ TEST_F(ControlGalleryTest, EscapeCancels) {
     EXPECT_EQ(ui::IdOk, Run([this] { user_.Click(ui::IdOk); }));
 }
 
+TEST_F(ControlGalleryTest, EscapeDoesNothingWhileCancelIsDisabled) {
+    Run([this] {
+        gallery_.cancel.Enable(false);
+        user_.Press(Key::Escape);
+        EXPECT_EQ(Heard{}, gallery_.TakeHeard());
+        EXPECT_FALSE(gallery_.HasEnded());
+        gallery_.cancel.Enable(true);
+        user_.Press(Key::Escape);
+        EXPECT_EQ(Heard{L"Cancel"}, gallery_.TakeHeard());
+    });
+}
+
+TEST_F(ControlGalleryTest, NamesThatDifferOnlyInCaseStayInTheOrderOfTheirComing) {
+    Run([this] {
+        EXPECT_EQ(1, gallery_.names.Add(L"ABC"));
+        EXPECT_EQ(2, gallery_.names.Add(L"abc"));
+        user_.Click(Apply);  // lets the windows be looked at
+        EXPECT_EQ((std::vector<std::wstring>{L"Abc", L"ABC", L"abc", L"xml", L"zip"}),
+                  gallery_.names.Items());
+    });
+}
+
 TEST_F(ControlGalleryTest, AControlTakenFromTheUserLosesTheFocus) {
     Run([this] {
         user_.Click(Apply);
