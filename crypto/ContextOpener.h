@@ -19,10 +19,10 @@ class ContextOpener {
     virtual ~ContextOpener() = default;
 
     // Opens a context for the profile's store profile, runs the command and closes the context again,
-    // whatever becomes of the command. False: there was no context, or the user gave up on the way to it; the
-    // command did not run. storeProfile: an index of the profile's store profiles, or -1 when none is
+    // whatever becomes of the command. The command does not run when there is no context, or the user gives
+    // up on the way to it. storeProfile: an index of the profile's store profiles, or -1 when none is
     // selected.
-    virtual bool WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
+    virtual void WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
                              const Command& command) = 0;
 };
 

@@ -5,14 +5,13 @@
 
 namespace crypto {
 
-bool LibraryOpener::WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
+void LibraryOpener::WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
                                 const Command& command) {
     const ContextSettings settings = SettingsOf(profile, storeProfile);
     const auto opened = OpenCryptoContext(services_, parent, settings);
-    if (!opened) return false;
+    if (!opened) return;
     LibrarySearch search(services_, opened->Context, settings.Picker);
     command(search, settings.Picker, opened->LdapUsable);
-    return true;
 }
 
 }  // namespace crypto

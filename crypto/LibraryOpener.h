@@ -10,7 +10,7 @@ class LibraryOpener final : public ContextOpener {
   public:
     explicit LibraryOpener(const config::Services& services) : services_(services) {}
 
-    bool WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
+    void WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
                      const Command& command) override;
 
   private:

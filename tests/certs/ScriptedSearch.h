@@ -64,15 +64,14 @@ class ScriptedOpener final : public crypto::ContextOpener {
     const ui::Dialog* lastParent = nullptr;
     int open = 0;  // contexts that are open
 
-    bool WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
+    void WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
                      const Command& command) override {
         openedFor.push_back(profile.Name + L" " + std::to_wstring(storeProfile));
         lastParent = &parent;
-        if (!opens) return false;
+        if (!opens) return;
         ++open;
         command(search_, settings, ldapUsable);
         --open;
-        return true;
     }
 
   private:
