@@ -1,12 +1,14 @@
 // A window like the editor's main one, with nothing between it and the system: as many controls of the same
-// kinds, the same pictures and tooltips, the configuration read value by value from the registry and kept by
-// nobody. What the start of the editor is measured against beside the empty dialog. Built with the same
-// flags.
+// kinds, the same pictures, as many tooltips, the configuration read value by value from the registry and
+// kept by nobody. What the start of the editor is measured against beside the empty dialog. Built with the
+// same flags.
 #include <windows.h>
 
 #include <commctrl.h>
 
 #include <array>
+
+#include "bench/win32/EmptyDialog.h"
 
 namespace {
 
@@ -14,17 +16,10 @@ constexpr int iconSide = 32;
 constexpr int columns = 9;
 constexpr int rows = 11;
 
-constexpr std::array pictures{L"SAVE",           L"LOG_SETTINGS", L"RULE_ADD",     L"RULE_COPY",
-                              L"RULE_EDIT",      L"RULE_DELETE",  L"RULE_FIRST",   L"RULE_UP",
-                              L"RULE_DOWN",      L"RULE_LAST",    L"PROFILE_ADD",  L"PROFILE_EDIT",
-                              L"PROFILE_DELETE", L"RULES_EXPORT", L"RULES_IMPORT", L"LOG_SETTINGS"};
-
-struct EmptyDialog {
-    DLGTEMPLATE dialog;
-    WORD menu;
-    WORD windowClass;
-    WORD title;
-};
+constexpr std::array pictures{L"SAVE",           L"LOG_SETTINGS", L"RULE_ADD",    L"RULE_COPY",
+                              L"RULE_EDIT",      L"RULE_DELETE",  L"RULE_FIRST",  L"RULE_UP",
+                              L"RULE_DOWN",      L"RULE_LAST",    L"PROFILE_ADD", L"PROFILE_EDIT",
+                              L"PROFILE_DELETE", L"RULES_EXPORT", L"RULES_IMPORT"};
 
 // Every value below the key, once.
 void ReadKey(HKEY parent, const wchar_t* path) {
@@ -91,9 +86,11 @@ class Controls {
     }
 
     void AddTexts() const {
-        for (int i = 0; i < 4; ++i) Add(WC_STATICW, SS_LEFT, i * 100, 280, 90, 16);
-        Add(WC_EDITW, WS_BORDER | WS_TABSTOP, 400, 280, 90, 20);
+        Add(WC_STATICW, SS_LEFT, 0, 280, 90, 16);
+        Add(WC_EDITW, WS_BORDER | WS_TABSTOP, 100, 280, 90, 20);
+        for (int i = 0; i < 2; ++i) Add(WC_EDITW, ES_READONLY | WS_BORDER, 200 + i * 100, 280, 90, 20);
         for (int i = 0; i < 3; ++i) Add(WC_BUTTONW, BS_PUSHBUTTON | WS_TABSTOP, 500 + i * 100, 280, 90, 24);
+        for (int i = 0; i < 2; ++i) ShowWindow(Add(WC_BUTTONW, BS_PUSHBUTTON, 0, 300, 90, 24), SW_HIDE);
     }
 
   private:
@@ -120,18 +117,13 @@ INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM parameter, LPARAM /
         ReadKey(HKEY_LOCAL_MACHINE, L"SOFTWARE\\TALVERON\\morcelservice");
         return SetWindowTextW(window, L"Bare window");
     }
-    if (message != WM_COMMAND || LOWORD(parameter) != IDCANCEL) return FALSE;
-    return EndDialog(window, 0);
+    return bench::EndOnCancel(window, message, parameter);
 }
 
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, wchar_t* /*commandLine*/, int /*show*/) {
     InitCommonControls();
-    EmptyDialog layout{};
-    layout.dialog.style = WS_CAPTION | WS_SYSMENU | WS_VISIBLE | DS_MODALFRAME;
-    layout.dialog.cx = 613;
-    layout.dialog.cy = 193;
-    DialogBoxIndirectParamW(instance, &layout.dialog, nullptr, Procedure, 0);
+    bench::RunEmptyDialog(instance, Procedure);
     return 0;
 }
