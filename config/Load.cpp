@@ -11,8 +11,6 @@
 namespace config {
 namespace {
 
-constexpr platform::RootKey machine = platform::RootKey::LocalMachine;
-
 class Loader {
   public:
     Loader(RegistryStore& store, const errors::ErrorReporter& reporter, const ui::Dialog* owner)
@@ -24,12 +22,14 @@ class Loader {
     std::optional<Configuration> Load();
 
   private:
-    bool Open(const std::wstring& path) { return report_.Opened(store_.Open(machine, path), machine, path); }
+    bool Open(const std::wstring& path) {
+        return report_.Opened(store_.Open(ServiceHive, path), ServiceHive, path);
+    }
     bool Create(const std::wstring& path) {
-        return report_.Opened(store_.CreateMachineKey(path), machine, path);
+        return report_.Opened(store_.CreateMachineKey(path), ServiceHive, path);
     }
     bool Search(const std::wstring& path, std::vector<std::wstring>& names) {
-        return report_.Searched(store_.EnumerateSubkeys(names), machine, path);
+        return report_.Searched(store_.EnumerateSubkeys(names), ServiceHive, path);
     }
 
     bool CreateFirstProfile(const std::vector<crypto::CsProfile>& csProfiles);
@@ -64,7 +64,7 @@ std::optional<Configuration> Loader::Load() {
         if (!LoadProfile(profile)) return std::nullopt;
         configuration.Profiles.push_back(std::move(profile));
     }
-    if (!report_.Opened(store_.Close(), machine, ServiceRoot)) return std::nullopt;
+    if (!report_.Opened(store_.Close(), ServiceHive, ServiceRoot)) return std::nullopt;
     return configuration;
 }
 

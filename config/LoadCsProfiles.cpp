@@ -7,8 +7,6 @@
 namespace config {
 namespace {
 
-constexpr platform::RootKey root = platform::RootKey::CurrentUser;
-
 crypto::CsProfile ReadCsProfile(RegistryStore& store, const errors::ReportContext& context) {
     crypto::CsProfile profile;
     store.ReadString(L"ProfileName", profile.ProfileName, context);
@@ -29,11 +27,11 @@ bool LoadCsProfiles(RegistryStore& store, const errors::ErrorReporter& reporter,
                     std::vector<crypto::CsProfile>& profiles) {
     const KeyReports report(reporter, owner);
     std::vector<std::wstring> keys;
-    if (!report.Opened(store.Open(root, LibraryProfiles), root, LibraryProfiles)) return false;
-    if (!report.Searched(store.EnumerateSubkeys(keys), root, LibraryProfiles)) return false;
+    if (!report.Opened(store.Open(LibraryHive, LibraryProfiles), LibraryHive, LibraryProfiles)) return false;
+    if (!report.Searched(store.EnumerateSubkeys(keys), LibraryHive, LibraryProfiles)) return false;
     for (const std::wstring& key : keys) {
         const std::wstring path = std::wstring(LibraryProfiles) + L"\\" + key;
-        if (!report.Opened(store.Open(root, path), root, path)) return false;
+        if (!report.Opened(store.Open(LibraryHive, path), LibraryHive, path)) return false;
         profiles.push_back(ReadCsProfile(store, {.owner = owner}));
     }
     return true;

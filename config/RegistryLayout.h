@@ -1,13 +1,17 @@
 // Where the service's and the library's keys lie in the registry.
 #pragma once
 
+#include "platform/Registry.h"
+
 namespace config {
 
-// Below HKEY_LOCAL_MACHINE: one subkey per service profile, and the global settings as values.
+// One subkey per service profile, and the global settings as values.
+inline constexpr platform::RootKey ServiceHive = platform::RootKey::LocalMachine;
 inline constexpr wchar_t ServiceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
 inline constexpr wchar_t RulesKey[] = L"rules";  // below a profile's key
 
-// Below HKEY_CURRENT_USER; belongs to the cryptographic library and is only read.
+// Belongs to the cryptographic library and is only read.
+inline constexpr platform::RootKey LibraryHive = platform::RootKey::CurrentUser;
 inline constexpr wchar_t LibraryProfiles[] = L"SOFTWARE\\TALVERON\\morcel\\Profiles";
 inline constexpr wchar_t LdapStore[] = L"SOFTWARE\\TALVERON\\morcel\\store\\2";
 

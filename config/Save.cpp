@@ -10,7 +10,6 @@
 namespace config {
 namespace {
 
-constexpr platform::RootKey machine = platform::RootKey::LocalMachine;
 namespace code = platform::code;
 
 class Saver {
@@ -25,9 +24,11 @@ class Saver {
     bool Save();
 
   private:
-    bool Open(const std::wstring& path) { return report_.Opened(store_.Open(machine, path), machine, path); }
+    bool Open(const std::wstring& path) {
+        return report_.Opened(store_.Open(ServiceHive, path), ServiceHive, path);
+    }
     bool Create(const std::wstring& path) {
-        return report_.Opened(store_.CreateMachineKey(path), machine, path);
+        return report_.Opened(store_.CreateMachineKey(path), ServiceHive, path);
     }
 
     bool ReadLdap(std::wstring& ldap);
@@ -55,22 +56,21 @@ bool Saver::Save() {
     std::wstring ldap;
     std::vector<std::wstring> existing;
     if (!ReadLdap(ldap) || !Open(ServiceRoot)) return false;
-    if (!report_.Searched(store_.EnumerateSubkeys(existing), machine, ServiceRoot)) return false;
+    if (!report_.Searched(store_.EnumerateSubkeys(existing), ServiceHive, ServiceRoot)) return false;
     if (!DeleteRemovedProfiles(existing)) return false;
     WriteSettings(ldap);
     CreateNewProfiles(existing);
     for (const ServiceProfile& profile : configuration_.Profiles)
         if (!WriteProfile(profile)) break;
-    static_cast<void>(report_.Opened(store_.Close(), machine, ServiceRoot));
+    static_cast<void>(report_.Opened(store_.Close(), ServiceHive, ServiceRoot));
     return true;
 }
 
 // Where the library finds its LDAP directory; the service is told by every save.
 bool Saver::ReadLdap(std::wstring& ldap) {
-    constexpr platform::RootKey user = platform::RootKey::CurrentUser;
-    const platform::Win32Code result = store_.Open(user, LdapStore);
+    const platform::Win32Code result = store_.Open(LibraryHive, LdapStore);
     if (result == code::FileNotFound) return true;
-    if (!report_.Opened(result, user, LdapStore)) return false;
+    if (!report_.Opened(result, LibraryHive, LdapStore)) return false;
     store_.ReadString(L"name", ldap, {.owner = owner_});
     return true;
 }
@@ -79,7 +79,7 @@ bool Saver::DeleteRemovedProfiles(const std::vector<std::wstring>& existing) {
     std::set<std::wstring> kept;
     for (const ServiceProfile& profile : configuration_.Profiles) kept.insert(profile.Name);
     for (const std::wstring& name : existing)
-        if (!kept.contains(name) && !report_.Deleted(store_.DeleteKeyTree(name), machine, ServiceRoot))
+        if (!kept.contains(name) && !report_.Deleted(store_.DeleteKeyTree(name), ServiceHive, ServiceRoot))
             return false;
     return true;
 }
@@ -112,7 +112,7 @@ bool Saver::WriteProfile(const ServiceProfile& profile) {
 bool Saver::RenewRulesKey(const std::wstring& profilePath) {
     const std::wstring rulesPath = profilePath + L"\\" + RulesKey;
     const platform::Win32Code result = store_.DeleteKeyTree(RulesKey);
-    if (result != code::FileNotFound && !report_.Deleted(result, machine, rulesPath)) return false;
+    if (result != code::FileNotFound && !report_.Deleted(result, ServiceHive, rulesPath)) return false;
     return Create(rulesPath);
 }
 

@@ -8,7 +8,7 @@
 namespace platform::win32 {
 namespace {
 
-int Length(size_t characters) {
+int CharacterCount(size_t characters) {
     if (characters > static_cast<size_t>(std::numeric_limits<int>::max())) {
         throw std::length_error("text too long for the code page");
     }
@@ -19,7 +19,7 @@ int Length(size_t characters) {
 
 std::wstring Win32CodePage::ToWide(std::string_view ansi) const {
     if (ansi.empty()) return {};
-    const int length = Length(ansi.size());
+    const int length = CharacterCount(ansi.size());
     std::wstring wide(ansi.size(), L'\0');  // no code page makes more units than there are bytes
     const int units = MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, wide.data(), length);
     wide.resize(static_cast<size_t>(units));
@@ -28,7 +28,7 @@ std::wstring Win32CodePage::ToWide(std::string_view ansi) const {
 
 std::string Win32CodePage::ToAnsi(std::wstring_view wide) const {
     if (wide.empty()) return {};
-    const int length = Length(wide.size());
+    const int length = CharacterCount(wide.size());
     const int needed = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr);
     std::string ansi(static_cast<size_t>(needed), '\0');
     WideCharToMultiByte(CP_ACP, 0, wide.data(), length, ansi.data(), needed, nullptr, nullptr);

@@ -18,10 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using platform::RootKey;
 
-constexpr wchar_t serviceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
-constexpr wchar_t libraryRoot[] = L"SOFTWARE\\TALVERON\\morcel";
-
-constexpr int ruleList = 1030, editRule = 1024;
+constexpr int editRule = 1024;
 constexpr int actionButton = 1050, actionField = 1049;
 constexpr int candidateList = 1214, fromLocalStore = 1215, fromLdap = 1217, selectAll = 1218, choose = 1027;
 constexpr int chosenList = 1222;

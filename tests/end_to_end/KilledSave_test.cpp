@@ -30,9 +30,8 @@ using config::Configuration;
 using platform::memory::RecordedCall;
 using platform::memory::RegistryCall;
 
-constexpr int saveButton = 1000;
-constexpr size_t killsAtValues = 25;  // and at every other key that is created or deleted
-constexpr DWORD patience = 20'000;    // milliseconds
+constexpr size_t killsAtValues = 25;     // and at every other key that is created or deleted
+constexpr DWORD saverPatience = 20'000;  // milliseconds
 
 class KilledProcess : public ::testing::Test {
   protected:
@@ -101,7 +100,7 @@ DWORD RunSaver(size_t write) {
     if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                         &process))
         throw std::runtime_error("the saver does not start");
-    EXPECT_EQ(WaitForSingleObject(process.hProcess, patience), WAIT_OBJECT_0);
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, saverPatience), WAIT_OBJECT_0);
     DWORD exitCode = 0;
     GetExitCodeProcess(process.hProcess, &exitCode);
     CloseHandle(process.hThread);

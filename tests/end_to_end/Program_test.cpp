@@ -16,14 +16,9 @@ namespace {
 
 using platform::RootKey;
 
-constexpr wchar_t serviceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
-constexpr wchar_t libraryRoot[] = L"SOFTWARE\\TALVERON\\morcel";
-
-constexpr int saveButton = 1000;
 constexpr int profileLabel = 1041;
 constexpr int csProfileLabel = 1042;
 constexpr int profileList = 1001;
-constexpr int ruleList = 1030;
 constexpr int aboutCommand = 16;
 
 std::string FileText(const char* path) {
