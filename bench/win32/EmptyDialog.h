@@ -6,6 +6,7 @@
 
 namespace bench {
 
+// Until the procedure ends it.
 inline void RunEmptyDialog(HINSTANCE program, DLGPROC procedure) {
     struct {
         DLGTEMPLATE dialog;
@@ -19,6 +20,7 @@ inline void RunEmptyDialog(HINSTANCE program, DLGPROC procedure) {
     DialogBoxIndirectParamW(program, &layout.dialog, nullptr, procedure, 0);
 }
 
+// What every such procedure does with messages that are not its own.
 inline INT_PTR EndOnCancel(HWND window, UINT message, WPARAM parameter) {
     if (message != WM_COMMAND || LOWORD(parameter) != IDCANCEL) return FALSE;
     return EndDialog(window, 0);
