@@ -76,10 +76,29 @@ void CBrisgateDlg::InitWindow() {
 
 bool CBrisgateDlg::Load() {
     const ui::WaitCursor wait(Screen());
+    config::RedoRecord unfinished(services_.Registry, services_.Errors, this);
+    const bool putOff = PutsOffUnfinishedSave(unfinished);
     auto loaded = config::LoadConfiguration(services_.Registry, services_.Errors, this);
     if (!loaded) return false;
     configuration_ = std::move(*loaded);
+    // A start that is refused offers it again.
+    if (putOff) unfinished.Remove();
     return true;
+}
+
+// What a save has left undone is done before anything is loaded, unless the user does not want it.
+bool CBrisgateDlg::PutsOffUnfinishedSave(config::RedoRecord& unfinished) {
+    using State = config::RedoRecord::State;
+    const std::optional<State> state = unfinished.Find();
+    if (state == State::Unreadable)
+        errors::Warn(Screen(), this,
+                     L"The last save was not completed, and its record cannot be read.\r\n"
+                     L"Please, check profiles and rules and save them again.");
+    if (state != State::Whole) return false;
+    if (!errors::Propose(Screen(), this, L"The last save was not completed.\r\nComplete it now?"))
+        return true;
+    unfinished.Complete();
+    return false;
 }
 
 void CBrisgateDlg::RestorePlacement() {

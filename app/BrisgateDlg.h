@@ -9,6 +9,7 @@
 #include "app/MainMenu.h"
 #include "app/RuleList.h"
 #include "config/Configuration.h"
+#include "config/RedoRecord.h"
 #include "config/Services.h"
 #include "editors/CertificateActions.h"
 #include "editors/EditorMemory.h"
@@ -36,6 +37,7 @@ class CBrisgateDlg : public ui::Dialog {
 
     void InitWindow();
     bool Load();
+    bool PutsOffUnfinishedSave(config::RedoRecord& unfinished);
     void RestorePlacement();
     void FillProfileList();
     void CreateProfileColumn();

@@ -3,12 +3,29 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "config/RegistryLayout.h"
+
 namespace bench {
 
 using platform::KeyHandle;
 using platform::RootKey;
 using platform::ValueType;
 using platform::Win32Code;
+
+RecordedSession CallsForTheRecord(const RecordedSession& save) {
+    RecordedSession ofRecord{.calls = {}, .slots = save.slots};
+    std::vector<bool> isOfRecord(save.slots);
+    for (const Call& call : save.calls) {
+        const bool opens = call.kind == CallKind::Open || call.kind == CallKind::Create;
+        const bool concernsIt =
+            opens ? call.text == config::EditorParent || call.text.ends_with(config::EditorKey)
+                  : isOfRecord[call.key];
+        if (!concernsIt) continue;
+        if (opens || call.kind == CallKind::OpenSubkey) isOfRecord[call.result] = true;
+        ofRecord.calls.push_back(call);
+    }
+    return ofRecord;
+}
 
 size_t RecordingRegistry::SlotOf(KeyHandle key) const {
     const auto found =
@@ -49,6 +66,11 @@ Win32Code RecordingRegistry::Close(KeyHandle key) {
     session_.calls.push_back({.kind = CallKind::Close, .key = SlotOf(key)});
     std::erase_if(open_, [key](const OpenKey& k) { return k.handle == key; });
     return real_.Close(key);
+}
+
+Win32Code RecordingRegistry::Flush(KeyHandle key) {
+    session_.calls.push_back({.kind = CallKind::Flush, .key = SlotOf(key)});
+    return real_.Flush(key);
 }
 
 Win32Code RecordingRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
@@ -105,6 +127,9 @@ void Replay(const RecordedSession& session, platform::RegistryBackend& registry)
                 break;
             case CallKind::Close:
                 registry.Close(keys[call.key]);
+                break;
+            case CallKind::Flush:
+                registry.Flush(keys[call.key]);
                 break;
             case CallKind::Enumerate:
                 registry.EnumerateSubkey(keys[call.key], call.number, call.capacity, name);

@@ -10,7 +10,7 @@
 
 namespace bench {
 
-enum class CallKind { Open, OpenSubkey, Create, Close, Enumerate, Delete, Query, Set };
+enum class CallKind { Open, OpenSubkey, Create, Close, Flush, Enumerate, Delete, Query, Set };
 
 struct Call {
     CallKind kind;
@@ -29,6 +29,9 @@ struct RecordedSession {
     size_t slots = 0;  // keys opened in all
 };
 
+// Of the calls of a save, those that make and remove its record.
+RecordedSession CallsForTheRecord(const RecordedSession& save);
+
 // Passes every call on and takes it down.
 class RecordingRegistry final : public platform::RegistryBackend {
   public:
@@ -42,6 +45,7 @@ class RecordingRegistry final : public platform::RegistryBackend {
     platform::Win32Code Create(platform::RootKey root, const std::wstring& path,
                                platform::KeyHandle& key) override;
     platform::Win32Code Close(platform::KeyHandle key) override;
+    platform::Win32Code Flush(platform::KeyHandle key) override;
     platform::Win32Code EnumerateSubkey(platform::KeyHandle key, uint32_t index, uint32_t capacity,
                                         std::wstring& name) override;
     platform::Win32Code EnumerateValue(platform::KeyHandle key, uint32_t index, std::wstring& name) override;

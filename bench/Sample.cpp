@@ -2,8 +2,10 @@
 
 #include <stdexcept>
 
+#include "bench/Measuring.h"
 #include "config/Load.h"
 #include "config/Operations.h"
+#include "config/RedoChanges.h"
 #include "config/Save.h"
 #include "text/Format.h"
 
@@ -60,6 +62,18 @@ void Save(const platform::Machine& machine, ui::Screen& screen, const config::Co
     config::RegistryStore store(machine, reporter);
     if (!config::SaveConfiguration(store, reporter, nullptr, configuration))
         throw std::runtime_error("saving failed");
+}
+
+// A save whose changes are only noted down plans them and then makes them, each in the same time.
+double PlanMilliseconds(const platform::Machine& machine, ui::Screen& screen,
+                        const config::Configuration& configuration) {
+    const errors::ErrorReporter reporter(machine, screen);
+    const config::RegistryStore store(machine, reporter);
+    const auto save = [&](config::RegistryStore& planned) {
+        if (!config::SaveConfiguration(planned, reporter, nullptr, configuration))
+            throw std::runtime_error("saving failed");
+    };
+    return Milliseconds([&] { config::PlannedChanges(store, save); }) / 2;
 }
 
 }  // namespace bench

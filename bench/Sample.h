@@ -17,4 +17,8 @@ void CreateTrees(platform::RegistryBackend& registry);
 config::Configuration Load(const platform::Machine& machine, ui::Screen& screen);
 void Save(const platform::Machine& machine, ui::Screen& screen, const config::Configuration& configuration);
 
+// How long a save takes to work out what its record holds.
+double PlanMilliseconds(const platform::Machine& machine, ui::Screen& screen,
+                        const config::Configuration& configuration);
+
 }  // namespace bench

@@ -55,6 +55,7 @@ NATIVE = [
 WINDOWS = {
     "load, beside the same calls bare": 1.10,
     "save, beside the same calls bare": 1.10,
+    "record of a save, beside the save": 0.05,
     "load, beside reg export": 1.0,
     "save, beside reg import": 1.0,
     "start to usable window": 1.25,

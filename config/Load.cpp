@@ -5,6 +5,7 @@
 #include "config/FieldReader.h"
 #include "config/KeyReports.h"
 #include "config/LoadCsProfiles.h"
+#include "config/RedoRecord.h"
 #include "config/RegistryLayout.h"
 #include "config/RuleOrder.h"
 
@@ -32,8 +33,10 @@ class Loader {
         return report_.Searched(store_.EnumerateSubkeys(names), ServiceHive, path);
     }
 
+    bool MakeFirstConfiguration(const std::vector<crypto::CsProfile>& csProfiles);
     bool CreateFirstProfile(const std::vector<crypto::CsProfile>& csProfiles);
-    void WriteFirstProfile(const std::vector<crypto::CsProfile>& csProfiles);
+    void WriteFirstProfile();
+    bool TakeBackFirstProfile();
     void ReadSettings(GlobalSettings& settings);
     bool LoadProfile(ServiceProfile& profile);
     bool LoadRules(const std::wstring& rulesPath, std::vector<Rule>& rules);
@@ -46,7 +49,8 @@ class Loader {
     const ui::Dialog* owner_;
 };
 
-const std::wstring firstProfilePath = std::wstring(ServiceRoot) + L"\\default";
+constexpr wchar_t FirstProfile[] = L"default";
+const std::wstring firstProfilePath = std::wstring(ServiceRoot) + L"\\" + FirstProfile;
 
 std::optional<Configuration> Loader::Load() {
     Configuration configuration;
@@ -54,8 +58,8 @@ std::optional<Configuration> Loader::Load() {
     std::vector<std::wstring> profileNames;
     if (!Create(ServiceRoot) || !Search(ServiceRoot, profileNames)) return std::nullopt;
     if (profileNames.empty()) {
-        profileNames = {L"default"};
-        if (!CreateFirstProfile(configuration.CsProfiles)) return std::nullopt;
+        profileNames = {FirstProfile};
+        if (!MakeFirstConfiguration(configuration.CsProfiles)) return std::nullopt;
     }
     ReadSettings(configuration.Settings);
     for (std::wstring& name : profileNames) {
@@ -68,6 +72,27 @@ std::optional<Configuration> Loader::Load() {
     return configuration;
 }
 
+bool Loader::MakeFirstConfiguration(const std::vector<crypto::CsProfile>& csProfiles) {
+    RedoRecord record(store_, reporter_, owner_);
+    // An unfinished save that the user has put off is offered again should this start fail; what a first run
+    // has made until then is in its way.
+    const bool putOff = record.Find(errors::ReportMode::Silent) == RedoRecord::State::Whole;
+    const auto firstRun = [this, &csProfiles](RegistryStore& planned) {
+        Loader planner(planned, reporter_, owner_);
+        static_cast<void>(planner.Open(ServiceRoot) && planner.CreateFirstProfile(csProfiles));
+    };
+    if (!(putOff ? record.KeepBefore(DeletionOf(FirstProfile))
+                 : record.Keep(PlannedChanges(store_, firstRun))))
+        return false;
+    const size_t failures = reporter_.Count();
+    const bool made = CreateFirstProfile(csProfiles);
+    if (!putOff && reporter_.Count() == failures) record.SaveHasEnded();
+    if (csProfiles.empty()) throw std::invalid_argument("the first service profile needs a store profile");
+    return made;
+}
+
+// False: the first service profile has no CS profile that it could name, or a key cannot be made. The half of
+// the profile that is there is taken back in the one case, so that the next start is a first one again.
 bool Loader::CreateFirstProfile(const std::vector<crypto::CsProfile>& csProfiles) {
     const errors::ReportContext context{owner_};
     const GlobalSettings defaults;
@@ -75,11 +100,13 @@ bool Loader::CreateFirstProfile(const std::vector<crypto::CsProfile>& csProfiles
     store_.WriteInteger(L"Log filesize", defaults.LogFilesize, context);
     store_.WriteString(L"LDAP", {}, context);
     if (!Create(firstProfilePath)) return false;
-    WriteFirstProfile(csProfiles);
+    WriteFirstProfile();
+    if (csProfiles.empty()) return TakeBackFirstProfile();
+    store_.WriteTextList(L"ZCSProfile", {csProfiles.front().ProfileName}, owner_);
     return Create(firstProfilePath + L"\\" + RulesKey) && Open(ServiceRoot);
 }
 
-void Loader::WriteFirstProfile(const std::vector<crypto::CsProfile>& csProfiles) {
+void Loader::WriteFirstProfile() {
     const errors::ReportContext context{owner_};
     for (const wchar_t* name :
          {L"AutoUseTSP", L"AutoVerifyTSP", L"NotAddCert", L"NotCopyToLocal", L"NotLoadCrl"})
@@ -93,8 +120,12 @@ void Loader::WriteFirstProfile(const std::vector<crypto::CsProfile>& csProfiles)
         store_.WriteInteger(name, 0, context);
     store_.WriteInteger(L"Handler timeout", ServiceProfile().HandlerTimeout, context);
     store_.WriteInteger(L"Rename conf files", 0, context);
-    if (csProfiles.empty()) throw std::invalid_argument("the first service profile needs a store profile");
-    store_.WriteTextList(L"ZCSProfile", {csProfiles.front().ProfileName}, owner_);
+}
+
+bool Loader::TakeBackFirstProfile() {
+    static_cast<void>(Open(ServiceRoot) &&
+                      report_.Deleted(store_.DeleteKeyTree(FirstProfile), ServiceHive, firstProfilePath));
+    return false;
 }
 
 void Loader::ReadSettings(GlobalSettings& settings) {

@@ -10,6 +10,10 @@ inline constexpr platform::RootKey ServiceHive = platform::RootKey::LocalMachine
 inline constexpr wchar_t ServiceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
 inline constexpr wchar_t RulesKey[] = L"rules";  // below a profile's key
 
+// The editor's own key, beside the service's, with what a save has still to do. It is there only then.
+inline constexpr wchar_t EditorParent[] = L"SOFTWARE\\TALVERON";
+inline constexpr wchar_t EditorKey[] = L"morcelservice editor";
+
 // Belongs to the cryptographic library and is only read.
 inline constexpr platform::RootKey LibraryHive = platform::RootKey::CurrentUser;
 inline constexpr wchar_t LibraryProfiles[] = L"SOFTWARE\\TALVERON\\morcel\\Profiles";

@@ -4,7 +4,6 @@
 #include <array>
 #include <memory>
 
-#include "config/RegistryValues.h"
 #include "text/Numbers.h"
 
 namespace config {
@@ -18,6 +17,19 @@ namespace code = platform::code;
 constexpr uint32_t subkeyNameCapacity = 260;   // characters, with the terminating zero
 constexpr uint32_t deletedNameCapacity = 256;  // likewise
 constexpr size_t stringCapacity = 1040;        // bytes: 519 characters and the terminating zero
+
+const wchar_t* WritingOf(ValueType type) {
+    switch (type) {
+        case ValueType::Integer:
+            return L"Writing integer value '%s' into register";
+        case ValueType::StringList:
+            return L"Writing multistring value '%s' into register";
+        case ValueType::Binary:
+            return L"Writing binary value '%s' into register";
+        default:
+            return L"Writing string value '%s' into register";
+    }
+}
 
 // Closes a key that only one function uses.
 class ScopedKey {
@@ -61,6 +73,10 @@ Win32Code RegistryStore::Close() {
     const KeyHandle key = current_;
     current_ = KeyHandle::None;
     return registry_.Close(key);
+}
+
+Win32Code RegistryStore::Flush() {
+    return registry_.Flush(current_);
 }
 
 Win32Code RegistryStore::EnumerateSubkeys(std::vector<std::wstring>& names) {
@@ -172,21 +188,35 @@ bool RegistryStore::ReadIntegerList(const std::wstring& name, std::vector<int32_
     return true;
 }
 
+ReadOutcome RegistryStore::ReadBinary(const std::wstring& name, Bytes& target,
+                                      const errors::ReportContext& context) {
+    ValueType type{};
+    uint32_t size = 0;
+    Win32Code result = registry_.Query(current_, name, type, {}, size);
+    if (result == code::FileNotFound) return ReadOutcome::Default;
+    if (result == code::Success && type != ValueType::Binary) return ReadOutcome::Default;
+    Bytes data(size);
+    if (result == code::Success && size > 0) result = registry_.Query(current_, name, type, data, size);
+    if (result != code::Success) {
+        ReportValue(context, result, L"Reading binary value '%s' from register", name);
+        return ReadOutcome::Failure;
+    }
+    data.resize(std::min<size_t>(size, data.size()));
+    target = std::move(data);
+    return ReadOutcome::Value;
+}
+
 bool RegistryStore::WriteInteger(const std::wstring& name, int32_t value,
                                  const errors::ReportContext& context) {
     std::array<std::byte, 4> data;
     for (size_t i = 0; i < data.size(); ++i)
         data[i] = static_cast<std::byte>(static_cast<uint32_t>(value) >> (8 * i));
-    const Win32Code result = registry_.Set(current_, name, ValueType::Integer, data);
-    return result == code::Success ||
-           ReportValue(context, result, L"Writing integer value '%s' into register", name);
+    return WriteValue(name, ValueType::Integer, data, context);
 }
 
 bool RegistryStore::WriteString(const std::wstring& name, const std::wstring& text,
                                 const errors::ReportContext& context) {
-    const Win32Code result = registry_.Set(current_, name, ValueType::String, EncodeString(text));
-    return result == code::Success ||
-           ReportValue(context, result, L"Writing string value '%s' into register", name);
+    return WriteValue(name, ValueType::String, EncodeString(text), context);
 }
 
 bool RegistryStore::WriteTextList(const std::wstring& name, const std::vector<std::wstring>& texts,
@@ -214,9 +244,13 @@ bool RegistryStore::WritePlainList(const std::wstring& name, const std::vector<s
     if (!block) return ReportValue(context, result, L"Memory allocation", name);
     const std::span data(block.get(), size);
     EncodeStringList(entries, data);
-    result = registry_.Set(current_, name, ValueType::StringList, data);
-    return result == code::Success ||
-           ReportValue(context, result, L"Writing multistring value '%s' into register", name);
+    return WriteValue(name, ValueType::StringList, data, context);
+}
+
+bool RegistryStore::WriteValue(const std::wstring& name, ValueType type, std::span<const std::byte> data,
+                               const errors::ReportContext& context) {
+    const Win32Code result = registry_.Set(current_, name, type, data);
+    return result == code::Success || ReportValue(context, result, WritingOf(type), name);
 }
 
 std::wstring DisplayPath(platform::RootKey root, const std::wstring& path) {

@@ -4,9 +4,11 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "config/RegistryValues.h"
 #include "errors/ErrorReport.h"
 #include "platform/Machine.h"
 
@@ -19,18 +21,23 @@ enum class ReadOutcome { Value, Default, Failure };
 class RegistryStore {
   public:
     RegistryStore(const platform::Machine& machine, const errors::ErrorReporter& reporter)
-        : registry_(machine.Registry),
-          memory_(machine.Memory),
-          reporter_(reporter) {}
+        : RegistryStore(machine.Registry, machine.Memory, reporter) {}
     ~RegistryStore();
     RegistryStore(const RegistryStore&) = delete;
     RegistryStore& operator=(const RegistryStore&) = delete;
+
+    // Another store with a current key of its own, none at first, on the same registry or on another one.
+    [[nodiscard]] RegistryStore Another() const { return {registry_, memory_, reporter_}; }
+    [[nodiscard]] RegistryStore On(platform::RegistryBackend& registry, platform::Memory& memory) const {
+        return {registry, memory, reporter_};
+    }
 
     // Key operations return the system's code, 0 for success. A key that is opened or created becomes the
     // current one and the former one is closed; when that fails, the former one stays.
     [[nodiscard]] platform::Win32Code Open(platform::RootKey root, const std::wstring& path);
     [[nodiscard]] platform::Win32Code CreateMachineKey(const std::wstring& path);
     [[nodiscard]] platform::Win32Code Close();
+    [[nodiscard]] platform::Win32Code Flush();
     // Names of the current key's subkeys in the registry's order; 0 also when there are none.
     [[nodiscard]] platform::Win32Code EnumerateSubkeys(std::vector<std::wstring>& names);
     // Deletes the subkey of the current key with everything below it; ends at the first deletion that fails.
@@ -44,6 +51,9 @@ class RegistryStore {
     bool ReadStringList(const std::wstring& name, std::vector<std::wstring>& target, const ui::Dialog* owner);
     bool ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target, const ui::Dialog* owner);
 
+    // A value of the type REG_BINARY.
+    ReadOutcome ReadBinary(const std::wstring& name, Bytes& target, const errors::ReportContext& context);
+
     // Writes return false after a report.
     bool WriteInteger(const std::wstring& name, int32_t value, const errors::ReportContext& context);
     bool WriteString(const std::wstring& name, const std::wstring& text,
@@ -56,8 +66,17 @@ class RegistryStore {
     // Entries as they are.
     bool WritePlainList(const std::wstring& name, const std::vector<std::wstring>& entries,
                         const ui::Dialog* owner);
+    // The value's bytes as they lie in the registry.
+    bool WriteValue(const std::wstring& name, platform::ValueType type, std::span<const std::byte> data,
+                    const errors::ReportContext& context);
 
   private:
+    RegistryStore(platform::RegistryBackend& registry, platform::Memory& memory,
+                  const errors::ErrorReporter& reporter)
+        : registry_(registry),
+          memory_(memory),
+          reporter_(reporter) {}
+
     platform::Win32Code MakeCurrent(platform::Win32Code code, platform::KeyHandle key);
     platform::Win32Code DeleteTree(platform::KeyHandle parent, const std::wstring& name);
     bool ReportValue(const errors::ReportContext& context, platform::Win32Code code, const wchar_t* operation,

@@ -4,6 +4,7 @@
 
 #include "config/FieldWriter.h"
 #include "config/KeyReports.h"
+#include "config/RedoRecord.h"
 #include "config/RegistryLayout.h"
 #include "text/Format.h"
 
@@ -17,6 +18,7 @@ class Saver {
     Saver(RegistryStore& store, const errors::ErrorReporter& reporter, const ui::Dialog* owner,
           const Configuration& configuration)
         : store_(store),
+          reporter_(reporter),
           report_(reporter, owner),
           owner_(owner),
           configuration_(configuration) {}
@@ -24,6 +26,14 @@ class Saver {
     bool Save();
 
   private:
+    struct Found {
+        std::wstring ldap;
+        std::vector<std::wstring> profiles;  // the names of their keys
+    };
+    bool Look(Found& found);
+    Bytes ChangesFor(const Found& found) const;
+    bool Change(const Found& found);
+
     bool Open(const std::wstring& path) {
         return report_.Opened(store_.Open(ServiceHive, path), ServiceHive, path);
     }
@@ -43,6 +53,7 @@ class Saver {
     void WriteSignerLists(const std::wstring& rulePath, const Rule& rule);
 
     RegistryStore& store_;
+    const errors::ErrorReporter& reporter_;
     const KeyReports report_;
     const ui::Dialog* owner_;
     const Configuration& configuration_;
@@ -53,13 +64,33 @@ std::wstring ProfilePath(const ServiceProfile& profile) {
 }
 
 bool Saver::Save() {
-    std::wstring ldap;
-    std::vector<std::wstring> existing;
-    if (!ReadLdap(ldap) || !Open(ServiceRoot)) return false;
-    if (!report_.Searched(store_.EnumerateSubkeys(existing), ServiceHive, ServiceRoot)) return false;
-    if (!DeleteRemovedProfiles(existing)) return false;
-    WriteSettings(ldap);
-    CreateNewProfiles(existing);
+    Found found;
+    if (!Look(found)) return false;
+    RedoRecord record(store_, reporter_, owner_);
+    if (!record.Keep(ChangesFor(found))) return false;
+    const size_t failures = reporter_.Count();
+    const bool saved = Change(found);
+    if (reporter_.Count() == failures) record.SaveHasEnded();
+    return saved;
+}
+
+bool Saver::Look(Found& found) {
+    return ReadLdap(found.ldap) && Open(ServiceRoot) &&
+           report_.Searched(store_.EnumerateSubkeys(found.profiles), ServiceHive, ServiceRoot);
+}
+
+Bytes Saver::ChangesFor(const Found& found) const {
+    return PlannedChanges(store_, [this, &found](RegistryStore& planned) {
+        Saver planner(planned, reporter_, owner_, configuration_);
+        static_cast<void>(planner.Open(ServiceRoot));
+        static_cast<void>(planner.Change(found));
+    });
+}
+
+bool Saver::Change(const Found& found) {
+    if (!DeleteRemovedProfiles(found.profiles)) return false;
+    WriteSettings(found.ldap);
+    CreateNewProfiles(found.profiles);
     for (const ServiceProfile& profile : configuration_.Profiles)
         if (!WriteProfile(profile)) break;
     static_cast<void>(report_.Opened(store_.Close(), ServiceHive, ServiceRoot));

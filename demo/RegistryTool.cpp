@@ -15,6 +15,7 @@ struct Tree {
 };
 
 constexpr Tree serviceTree{RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcelservice"};
+constexpr Tree editorTree{RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcelservice editor"};
 constexpr Tree libraryTree{RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel"};
 
 bool Exists(RegistryBackend& registry, const Tree& tree) {
@@ -24,7 +25,8 @@ bool Exists(RegistryBackend& registry, const Tree& tree) {
 }  // namespace
 
 void SeedRegistry(std::string_view utf8, RegistryBackend& registry) {
-    for (const Tree& tree : {serviceTree, libraryTree}) DeleteRegistryTree(registry, tree.root, tree.path);
+    for (const Tree& tree : {serviceTree, editorTree, libraryTree})
+        DeleteRegistryTree(registry, tree.root, tree.path);
     ApplyRegistryText(utf8, registry);
 }
 
@@ -39,7 +41,7 @@ bool SeedRegistryOnce(std::string_view utf8, RegistryBackend& registry) {
 
 std::string DumpRegistry(RegistryBackend& registry) {
     std::string text;
-    for (const Tree& tree : {serviceTree, libraryTree}) {
+    for (const Tree& tree : {serviceTree, editorTree, libraryTree}) {
         if (!Exists(registry, tree)) continue;
         if (!text.empty()) text += '\n';
         text += DumpRegistryKey(registry, tree.root, tree.path);

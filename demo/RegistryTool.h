@@ -1,4 +1,4 @@
-// What the registry tool does with the trees of the service and of the library.
+// What the registry tool does with the trees of the service, of the editor itself and of the library.
 #pragma once
 
 #include <string>
@@ -8,13 +8,13 @@
 
 namespace demo {
 
-// Deletes both trees and builds them from the text (see RegistryText.h). Throws std::runtime_error.
+// Deletes all three and builds them from the text (see RegistryText.h). Throws std::runtime_error.
 void SeedRegistry(std::string_view utf8, platform::RegistryBackend& registry);
 
 // The same, but only when the service's key is missing or has no subkey. Tells whether it was done.
 bool SeedRegistryOnce(std::string_view utf8, platform::RegistryBackend& registry);
 
-// Both trees, the service's first; a missing one is left out. Throws std::runtime_error.
+// All three, the service's first; a missing one is left out. Throws std::runtime_error.
 std::string DumpRegistry(platform::RegistryBackend& registry);
 
 }  // namespace demo

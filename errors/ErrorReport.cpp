@@ -35,6 +35,7 @@ std::wstring CodeText(uint32_t code) {
 uint32_t ErrorReporter::ErrorReport(const ReportContext& context, const Failure& failure,
                                     std::wstring* outText) const {
     if (context.mode == ReportMode::Silent) return failure.code;
+    ++count_;
     const std::wstring report = Compose(failure);
     if ((static_cast<uint32_t>(context.mode) & static_cast<uint32_t>(ReportMode::Show)) != 0) {
         const std::wstring shown = outText == nullptr ? report : report + *outText;

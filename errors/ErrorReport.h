@@ -2,6 +2,7 @@
 // description.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -40,6 +41,9 @@ class ErrorReporter {
     uint32_t ErrorReport(const ReportContext& context, const Failure& failure,
                          std::wstring* outText = nullptr) const;
 
+    // How many failures have been reported so far, the silent ones left out.
+    size_t Count() const { return count_; }
+
     // What is known of a code, as reports show it behind the code, for messages of another shape.
     std::wstring Description(uint32_t code) const;
 
@@ -51,6 +55,7 @@ class ErrorReporter {
 
     const platform::Machine& machine_;
     ui::Screen& screen_;
+    mutable size_t count_ = 0;
 };
 
 // "KSEAL error 0x%X" for a code of the library, else "Error 0x%X".

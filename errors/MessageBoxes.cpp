@@ -13,6 +13,10 @@ bool Confirm(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& qu
     return PlainMessageBox(screen, owner, question, flags) == ui::IdYes;
 }
 
+bool Propose(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& question) {
+    return PlainMessageBox(screen, owner, question, ui::box::YesNo | ui::box::QuestionIcon) == ui::IdYes;
+}
+
 void Warn(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& text) {
     PlainMessageBox(screen, owner, text, ui::box::Ok | ui::box::ExclamationIcon);
 }

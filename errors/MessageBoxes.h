@@ -15,6 +15,9 @@ int PlainMessageBox(ui::Screen& screen, const ui::Dialog* owner, const std::wstr
 // A Yes/No question with No as the default; true for Yes.
 bool Confirm(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& question);
 
+// The same with Yes as the default.
+bool Propose(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& question);
+
 // A hint or refusal with the exclamation icon.
 void Warn(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& text);
 

@@ -29,6 +29,8 @@ class RegistryBackend {
     // Creates the key with all missing parents, or opens it.
     virtual Win32Code Create(RootKey root, const std::wstring& path, KeyHandle& key) = 0;
     virtual Win32Code Close(KeyHandle key) = 0;
+    // Returns once everything written so far is on the disk.
+    virtual Win32Code Flush(KeyHandle key) = 0;
 
     // The name of the index-th subkey. capacity: characters of the name buffer, the terminating NUL included;
     // a name that does not fit gives 234. 259 after the last one.

@@ -34,6 +34,9 @@ void ReplayDirectly(const RecordedSession& session) {
             case CallKind::Close:
                 RegCloseKey(keys[call.key]);
                 break;
+            case CallKind::Flush:
+                RegFlushKey(keys[call.key]);
+                break;
             case CallKind::Enumerate:
                 RegEnumKeyExW(keys[call.key], call.number, name.data(), &capacity, nullptr, nullptr, nullptr,
                               nullptr);

@@ -88,6 +88,11 @@ Win32Code FaultyRegistry::Close(KeyHandle key) {
     return answer;
 }
 
+Win32Code FaultyRegistry::Flush(KeyHandle key) {
+    const Win32Code fault = Record(RegistryCall::Flush, PathOf(key));
+    return fault != code::Success ? fault : real_.Flush(key);
+}
+
 Win32Code FaultyRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
                                           std::wstring& name) {
     const Win32Code fault = Record(RegistryCall::EnumerateSubkey, PathOf(key));

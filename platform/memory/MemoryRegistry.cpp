@@ -118,6 +118,11 @@ Win32Code MemoryRegistry::Close(KeyHandle key) {
     return handles_.erase(key) == 1 ? code::Success : code::InvalidHandle;
 }
 
+Win32Code MemoryRegistry::Flush(KeyHandle key) {
+    KeyPointer flushed;
+    return Resolve(key, flushed);
+}
+
 Win32Code MemoryRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
                                           std::wstring& name) {
     KeyPointer parent;

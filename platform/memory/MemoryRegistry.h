@@ -24,6 +24,7 @@ class MemoryRegistry final : public RegistryBackend {
     Win32Code OpenSubkey(KeyHandle parent, const std::wstring& name, KeyHandle& key) override;
     Win32Code Create(RootKey root, const std::wstring& path, KeyHandle& key) override;
     Win32Code Close(KeyHandle key) override;
+    Win32Code Flush(KeyHandle key) override;
     Win32Code EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity, std::wstring& name) override;
     Win32Code DeleteSubkey(KeyHandle parent, const std::wstring& name) override;
     Win32Code Query(KeyHandle key, const std::wstring& name, ValueType& type, std::span<std::byte> buffer,

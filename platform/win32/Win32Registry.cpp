@@ -79,6 +79,10 @@ Win32Code Win32Registry::Close(KeyHandle key) {
     return Answer(RegCloseKey(SystemHandle(key)));
 }
 
+Win32Code Win32Registry::Flush(KeyHandle key) {
+    return Answer(RegFlushKey(SystemHandle(key)));
+}
+
 Win32Code Win32Registry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
                                          std::wstring& name) {
     std::vector<wchar_t> buffer(capacity);

@@ -28,6 +28,20 @@ inline std::wstring Report(const std::wstring& operation, uint32_t code) {
     return operation + L".\r\nError 0x" + text::Hexadecimal(code) + L" - ";
 }
 
+// A call about the record of the save itself.
+inline bool IsOfRecord(const RecordedCall& call) {
+    return call.target.starts_with(ServicePath + L" editor") ||
+           call.target == L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON";
+}
+
+// What is reported when that fails: a record that cannot be made is done without, one that cannot be removed
+// would be found by the next start.
+inline std::wstring RecordReport(const RecordedCall& call) {
+    const bool isRemoval = call.call == RegistryCall::OpenSubkey || call.call == RegistryCall::DeleteSubkey ||
+                           (call.call == RegistryCall::Open && !call.target.ends_with(L" editor"));
+    return isRemoval ? L"Delete register key " + ServicePath + L" editor" : std::wstring();
+}
+
 class FaultTest : public ConfigTest {
   protected:
     // A close that is made to fail leaves its key open for good: the real registry was not asked.

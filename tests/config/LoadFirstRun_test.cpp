@@ -5,8 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "config/RedoRecord.h"
 #include "tests/config/ConfigTest.h"
 #include "tests/config/GoldenTree.h"
+#include "tests/config/KilledSave.h"
+#include "tests/config/RecordTree.h"
 #include "tests/config/TreeText.h"
 
 namespace {
@@ -44,17 +47,34 @@ config::ServiceProfile FirstProfile() {
     return profile;
 }
 
+// In their order, but for the name of the CS profile, which comes last.
+const std::vector<std::wstring> withoutCsProfile{
+    L"morcelservice\\LogPath",    L"morcelservice\\Log filesize", L"morcelservice\\LDAP",
+    L"default\\AutoUseTSP",       L"default\\AutoVerifyTSP",      L"default\\NotAddCert",
+    L"default\\NotCopyToLocal",   L"default\\NotLoadCrl",         L"default\\CrlUpdatePeriod",
+    L"default\\NoTSPisError",     L"default\\NotUseLDAP",         L"default\\ServerTSP",
+    L"default\\UseAIA",           L"default\\Verify File",        L"default\\Verify x file",
+    L"default\\Verify det file",  L"default\\Verify resign file", L"default\\Handler timeout",
+    L"default\\Rename conf files"};
+
 class FirstRun : public tests::ConfigTest {
   protected:
     // The names of the values written, in their order, with the last part of their key in front.
-    std::vector<std::wstring> Written() {
+    std::vector<std::wstring> WrittenToTheService() {
         std::vector<std::wstring> names;
         for (const auto& call : Registry().Calls()) {
-            if (call.call != RegistryCall::Set) continue;
+            if (call.call != RegistryCall::Set || call.target.ends_with(tests::RecordName)) continue;
             const size_t name = call.target.rfind(L'\\');
             names.push_back(call.target.substr(call.target.rfind(L'\\', name - 1) + 1));
         }
         return names;
+    }
+    // False: there was none.
+    bool CompleteRecord() {
+        config::RedoRecord record(store_, reporter_, nullptr);
+        if (record.Find() != config::RedoRecord::State::Whole) return false;
+        EXPECT_TRUE(record.Complete());
+        return true;
     }
 };
 
@@ -91,35 +111,109 @@ TEST_F(FirstRun, IsNotRepeated) {
 TEST_F(FirstRun, WritesInAFixedOrder) {
     SeedTrees(GoldenLibrary);
     EXPECT_TRUE(Load());
-    const std::vector<std::wstring> order{L"morcelservice\\LogPath",
-                                          L"morcelservice\\Log filesize",
-                                          L"morcelservice\\LDAP",
-                                          L"default\\AutoUseTSP",
-                                          L"default\\AutoVerifyTSP",
-                                          L"default\\NotAddCert",
-                                          L"default\\NotCopyToLocal",
-                                          L"default\\NotLoadCrl",
-                                          L"default\\CrlUpdatePeriod",
-                                          L"default\\NoTSPisError",
-                                          L"default\\NotUseLDAP",
-                                          L"default\\ServerTSP",
-                                          L"default\\UseAIA",
-                                          L"default\\Verify File",
-                                          L"default\\Verify x file",
-                                          L"default\\Verify det file",
-                                          L"default\\Verify resign file",
-                                          L"default\\Handler timeout",
-                                          L"default\\Rename conf files",
-                                          L"default\\ZCSProfile"};
-    EXPECT_EQ(Written(), order);
+    std::vector<std::wstring> order = withoutCsProfile;
+    order.push_back(L"default\\ZCSProfile");
+    EXPECT_EQ(WrittenToTheService(), order);
 }
 
-TEST_F(FirstRun, WithoutAStoreProfileItFailsBeforeNamingOne) {
+// The half of the profile goes again: the next start, with a CS profile set up, is a first one.
+TEST_F(FirstRun, WithoutACsProfileItTakesBackWhatItHasBegun) {
+    const std::string nothing = Key(LibraryKey + "\\Profiles") + Key(ServiceKey) + serviceBefore;
+    SeedTrees(Key(LibraryKey + "\\Profiles"));
+    for (int start = 0; start < 2; ++start) {
+        EXPECT_THROW(Load(), std::invalid_argument);
+        EXPECT_EQ(Registry().OpenKeys(), 0U);
+        EXPECT_EQ(DumpTrees(), tests::Canonical(nothing));
+    }
+    Seed(GoldenLibrary);
+    EXPECT_TRUE(Load());
+    EXPECT_EQ(DumpTrees(), tests::Canonical(GoldenLibrary + FirstService()));
+}
+
+TEST_F(FirstRun, WithoutACsProfileAllElseIsWrittenAsEver) {
     SeedTrees(Key(LibraryKey + "\\Profiles"));
     EXPECT_THROW(Load(), std::invalid_argument);
-    EXPECT_EQ(Registry().OpenKeys(), 0U);
-    EXPECT_EQ(DumpTrees(), tests::Canonical(Key(LibraryKey + "\\Profiles") + Key(ServiceKey) + serviceBefore +
-                                            tests::BelowService("default") + defaultBeforeItsStoreProfile));
+    EXPECT_EQ(WrittenToTheService(), withoutCsProfile);
+}
+
+TEST_F(FirstRun, AHalfThatCannotBeTakenBackIsReported) {
+    SeedTrees(Key(LibraryKey + "\\Profiles"));
+    Registry().FailWhere(RegistryCall::DeleteSubkey, L"default", code::AccessDenied);
+    ExpectReport(L"Delete register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\default",
+                 code::AccessDenied);
+    EXPECT_THROW(Load(), std::invalid_argument);
+    Registry().NoFaults();
+    // The record still knows what is to be done.
+    EXPECT_TRUE(CompleteRecord());
+    EXPECT_EQ(DumpTrees(),
+              tests::Canonical(Key(LibraryKey + "\\Profiles") + Key(ServiceKey) + serviceBefore));
+}
+
+// With a CS profile and without: what a start leaves that is ended before any of its writes, the record makes
+// whole.
+TEST_F(FirstRun, OneThatIsEndedIsCompleted) {
+    struct Killed {};
+    const std::string whole = tests::Canonical(GoldenLibrary + FirstService());
+    const std::string noLibrary = Key(LibraryKey + "\\Profiles");
+    for (const std::string& library : {GoldenLibrary, noLibrary}) {
+        size_t completed = 0;
+        for (size_t write = 0;; ++write) {
+            SeedTrees(library);
+            size_t writes = 0;
+            Registry().SetFault(
+                [&writes, write](size_t, const platform::memory::RecordedCall& call) -> platform::Win32Code {
+                    if (tests::IsWrite(call.call) && writes++ == write) throw Killed();
+                    return code::Success;
+                });
+            try {
+                EXPECT_TRUE(Load());
+                break;
+            } catch (const Killed&) {
+            } catch (const std::invalid_argument&) {
+                break;
+            }
+            Registry().NoFaults();
+            if (CompleteRecord()) ++completed;
+            Seed(GoldenLibrary);
+            EXPECT_TRUE(Load());
+            EXPECT_EQ(DumpTrees(), whole) << "ended before write " << write;
+        }
+        Registry().NoFaults();
+        EXPECT_GT(completed, 20U);
+    }
+}
+
+// The user has put an unfinished save off, and there is no profile: it is offered again if this start fails
+// as well, and then nothing of this one is in its way.
+TEST_F(FirstRun, ASaveThatWasPutOffIsNotForgotten) {
+    SeedTrees(GoldenLibrary);
+    const auto renamed = Load();
+    ASSERT_TRUE(renamed);
+    config::Configuration configuration = *renamed;
+    configuration.Profiles[0].Name = L"Renamed";
+    ASSERT_TRUE(Save(configuration));
+    const std::string whole = DumpTrees();
+    configuration.Profiles[0].Name = L"default";
+    ASSERT_TRUE(Save(configuration));
+
+    // The old profile goes, and the new one does not come.
+    configuration.Profiles[0].Name = L"Renamed";
+    Registry().FailWhere(RegistryCall::Create, L"Renamed", code::AccessDenied);
+    ExpectReport(L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Renamed",
+                 code::AccessDenied);
+    ExpectReport(L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Renamed",
+                 code::FileNotFound);
+    EXPECT_TRUE(Save(configuration));
+
+    Registry().FailWhere(RegistryCall::Create, L"default\\rules", code::AccessDenied);
+    ExpectReport(
+        L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\default\\rules",
+        code::AccessDenied);
+    EXPECT_EQ(Load(), std::nullopt);
+    Registry().NoFaults();
+    EXPECT_TRUE(CompleteRecord());
+    EXPECT_TRUE(Load());
+    EXPECT_EQ(DumpTrees(), whole);
 }
 
 TEST_F(FirstRun, AStoreProfileWithoutNameIsWrittenAsZero) {

@@ -2,9 +2,12 @@
 // save, when nothing fails any more, puts everything right.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <string>
 #include <vector>
 
+#include "config/RedoRecord.h"
 #include "tests/config/FaultTest.h"
 #include "tests/config/GoldenModel.h"
 #include "tests/config/GoldenTree.h"
@@ -52,9 +55,23 @@ class SaveFaults : public tests::FaultTest {
     }
 };
 
+// The first value of the service's tree that is written.
 size_t FirstWrite(const Calls& calls) {
     size_t n = 0;
-    while (calls[n].call != RegistryCall::Set) ++n;
+    while (calls[n].call != RegistryCall::Set || tests::IsOfRecord(calls[n])) ++n;
+    return n;
+}
+
+size_t CountOfWrites(const Calls& calls) {
+    return static_cast<size_t>(std::ranges::count_if(calls, [](const RecordedCall& call) {
+        return call.call == RegistryCall::Set && !tests::IsOfRecord(call);
+    }));
+}
+
+// The last close of the service's own key ends the save.
+size_t EndOfSave(const Calls& calls) {
+    size_t n = calls.size() - 1;
+    while (calls[n].call != RegistryCall::Close || tests::IsOfRecord(calls[n])) --n;
     return n;
 }
 
@@ -76,6 +93,10 @@ Reports ExpectedReports(const Calls& calls, size_t n) {
     const auto one = [](const std::wstring& operation) {
         return Reports{Report(operation, code::AccessDenied)};
     };
+    if (tests::IsOfRecord(call)) {
+        const std::wstring report = tests::RecordReport(call);
+        return report.empty() ? Reports{} : one(report);
+    }
     const std::wstring opening = L"Create (open) register key ";
     switch (call.call) {
         case RegistryCall::Open:
@@ -97,7 +118,7 @@ Reports ExpectedReports(const Calls& calls, size_t n) {
         case RegistryCall::Set:
             return one(L"Writing " + KindOf(call) + L" value '" + ValueOf(call) + L"' into register");
         default:
-            return n + 1 == calls.size() ? one(opening + ServicePath) : Reports{};
+            return n == EndOfSave(calls) ? one(opening + ServicePath) : Reports{};
     }
 }
 
@@ -114,7 +135,7 @@ TEST_F(SaveFaults, EveryCall) {
         EXPECT_EQ(screen_.reports, expected);
         const bool endsIt = n < firstWrite && !expected.empty() && calls[n].call != RegistryCall::Query;
         EXPECT_EQ(saved, !endsIt);
-        EXPECT_EQ(Registry().CountOf(RegistryCall::Set) == 0, endsIt);
+        EXPECT_EQ(CountOfWrites(Registry().Calls()) == 0, endsIt);
         if (calls[n].call == RegistryCall::Close) ++unclosed_;
         ExpectNoOtherKeyOpen();
         if (expected.empty()) {
@@ -122,6 +143,63 @@ TEST_F(SaveFaults, EveryCall) {
             ExpectEverythingSaved();
         }
         ExpectThatASecondSavePutsItRight();
+    }
+}
+
+// What has failed once the save had begun, the record makes again.
+TEST_F(SaveFaults, EveryCallIsMadeUpForByTheRecord) {
+    const Calls calls = CallsOfACleanSave();
+    const auto written = std::ranges::find_if(calls, [](const RecordedCall& call) {
+        return call.call == RegistryCall::Flush && tests::IsOfRecord(call);
+    });
+    size_t completed = 0;
+    for (auto n = static_cast<size_t>(written - calls.begin()); n < calls.size(); ++n) {
+        SCOPED_TRACE(testing::PrintToString(n) + " " + testing::PrintToString(calls[n].target));
+        SeedTrees(before);
+        Registry().FailNth(n, code::AccessDenied);
+        static_cast<void>(SaveWithReports());
+        Registry().NoFaults();
+        if (calls[n].call == RegistryCall::Close) ++unclosed_;
+        config::RegistryStore store(world_->Machine(), faultReporter_);
+        config::RedoRecord record(store, faultReporter_, nullptr);
+        const bool isLeft = record.Find() == config::RedoRecord::State::Whole;
+        EXPECT_EQ(isLeft, !screen_.reports.empty());
+        if (isLeft) {
+            EXPECT_TRUE(record.Complete());
+            ++completed;
+        }
+        ExpectEverythingSaved();
+    }
+    EXPECT_GT(completed, 150U);
+}
+
+// At most one report, and the record is there until all is done.
+TEST_F(SaveFaults, EveryCallOfACompletion) {
+    SeedTrees(before);
+    Registry().FailWhere(RegistryCall::Set, L"LogPath", code::AccessDenied);
+    static_cast<void>(SaveWithReports());
+    Registry().NoFaults();
+    const std::string unfinished = DumpTrees();
+    const auto complete = [this] {
+        screen_.reports.clear();
+        config::RegistryStore store(world_->Machine(), faultReporter_);
+        config::RedoRecord record(store, faultReporter_, nullptr);
+        return record.Find() == config::RedoRecord::State::Whole && record.Complete();
+    };
+    Registry().ForgetCalls();
+    EXPECT_TRUE(complete());
+    const Calls calls = Registry().Calls();
+    ASSERT_GT(calls.size(), 150U);
+    for (size_t n = 0; n < calls.size(); ++n) {
+        SCOPED_TRACE(testing::PrintToString(n) + " " + testing::PrintToString(calls[n].target));
+        SeedTrees(unfinished);
+        Registry().FailNth(n, code::AccessDenied);
+        const bool completed = complete();
+        EXPECT_EQ(screen_.reports.size(), completed ? 0U : 1U);
+        Registry().NoFaults();
+        if (calls[n].call == RegistryCall::Close) ++unclosed_;
+        EXPECT_TRUE(completed || complete());
+        ExpectEverythingSaved();
     }
 }
 

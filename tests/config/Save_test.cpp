@@ -86,9 +86,10 @@ TEST_F(SaveTest, SettingsComeInTheirOrderAndLdapLast) {
     Texts names;
     for (const auto& call : Registry().Calls())
         if (call.call == RegistryCall::Set) names.push_back(call.target.substr(call.target.rfind(L'\\') + 1));
-    EXPECT_EQ(names, (Texts{L"Window_top", L"Window_bottom", L"Window_left", L"Window_right", L"SigExt",
-                            L"DsigExt", L"EncExt", L"B64Ext", L"HashExt", L"VerifyFileExt", L"ZIPArchiveExt",
-                            L"GZIPArchiveExt", L"ExtExt", L"LogPath", L"Log filesize", L"LDAP"}));
+    EXPECT_EQ(names,
+              (Texts{L"Unfinished save", L"Window_top", L"Window_bottom", L"Window_left", L"Window_right",
+                     L"SigExt", L"DsigExt", L"EncExt", L"B64Ext", L"HashExt", L"VerifyFileExt",
+                     L"ZIPArchiveExt", L"GZIPArchiveExt", L"ExtExt", L"LogPath", L"Log filesize", L"LDAP"}));
 }
 
 TEST_F(SaveTest, ProfilesAndRulesComeInTheirOrder) {

@@ -34,6 +34,7 @@ std::span<const uint32_t> CodesFor(Op op) {
         case Op::DeleteSubkey:
             return keys;
         case Op::CloseKey:
+        case Op::FlushKey:
             return closing;
         case Op::EnumerateSubkey:
             return enumerating;

@@ -15,6 +15,7 @@ enum class Op {
     OpenSubkey,
     CreateKey,
     CloseKey,
+    FlushKey,
     EnumerateSubkey,
     DeleteSubkey,
     QueryValue,

@@ -50,6 +50,12 @@ Win32Code FaultyKeys::Close(KeyHandle key) {
     return faults_.Answered(fault != 0 ? fault : real_.Close(key));
 }
 
+Win32Code FaultyKeys::Flush(KeyHandle key) {
+    const Harness harness;
+    const Win32Code fault = faults_.Ask(Op::FlushKey, paths_[key]);
+    return faults_.Answered(fault != 0 ? fault : real_.Flush(key));
+}
+
 Win32Code FaultyKeys::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity, std::wstring& name) {
     const Harness harness;
     const Win32Code fault = faults_.Ask(Op::EnumerateSubkey, paths_[key], deleting_.contains(key));

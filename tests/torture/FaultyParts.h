@@ -21,6 +21,7 @@ class FaultyKeys final : public platform::RegistryBackend {
     platform::Win32Code Create(platform::RootKey root, const std::wstring& path,
                                platform::KeyHandle& key) override;
     platform::Win32Code Close(platform::KeyHandle key) override;
+    platform::Win32Code Flush(platform::KeyHandle key) override;
     platform::Win32Code EnumerateSubkey(platform::KeyHandle key, uint32_t index, uint32_t capacity,
                                         std::wstring& name) override;
     platform::Win32Code DeleteSubkey(platform::KeyHandle parent, const std::wstring& name) override;

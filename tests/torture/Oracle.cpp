@@ -11,6 +11,8 @@ namespace tests::torture {
 namespace {
 
 constexpr wchar_t serviceRoot[] = L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice";
+constexpr wchar_t editorParent[] = L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON";
+constexpr wchar_t editorKey[] = L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice editor";
 constexpr wchar_t directory[] = L"HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\store\\2";
 constexpr uint32_t nothingFound = 0xE0700046;
 constexpr uint32_t libraryBit = 0x20000000;
@@ -49,6 +51,7 @@ class Oracle {
 
   private:
     void OfKeys(const Call& call);
+    void OfRecord(const Call& call);
     void OfDeletion(const Call& call);
     void OfReading(const Call& call);
     void OfClosing(const Call& call);
@@ -125,8 +128,21 @@ Prescribed Oracle::Run() {
     return told_;
 }
 
+// The record of the save itself. No scenario starts with one: whoever cannot make it goes on without.
+void Oracle::OfRecord(const Call& call) {
+    if (call.answer == 0 || call.answer == 2) return;
+    const bool isFirstLook = key_ == nullptr && call.op == Op::OpenKey;
+    if (isFirstLook) return Tell(std::wstring(L"Create (open) register key ") + editorKey, call.answer);
+    const bool isRemoval =
+        call.op == Op::OpenSubkey || call.op == Op::DeleteSubkey || call.target == editorParent;
+    if (!isRemoval || call.op == Op::CloseKey) return;
+    Tell(std::wstring(L"Delete register key ") + editorKey, call.answer);
+    if (!anythingWritten_) EndLoading();  // an earlier one may be there
+}
+
 void Oracle::OfKeys(const Call& call) {
-    if (call.op == Op::SetValue && phase_ == Phase::Saving) anythingWritten_ = true;
+    if (call.target == editorParent || call.target.starts_with(editorKey)) return OfRecord(call);
+    if (call.op == Op::SetValue) anythingWritten_ = true;
     if (call.op == Op::CloseKey) return OfClosing(call);
     if (call.op == Op::OpenSubkey || call.op == Op::DeleteSubkey) return OfDeletion(call);
     if (call.answer == 0) return;

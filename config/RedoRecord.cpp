@@ -1,0 +1,211 @@
+#include "config/RedoRecord.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "config/RegistryLayout.h"
+#include "text/Format.h"
+
+namespace config {
+namespace {
+
+using platform::ValueType;
+using platform::Win32Code;
+namespace code = platform::code;
+
+constexpr wchar_t recordValue[] = L"Unfinished save";
+constexpr size_t largestValue = 1 << 20;  // bytes
+constexpr uint32_t signature = 0x44455242;
+constexpr uint32_t version = 1;
+constexpr uint32_t noParts = 0;
+constexpr errors::ReportContext silently{nullptr, errors::ReportMode::Silent};
+
+constexpr std::array<uint32_t, 256> crcTable = [] {
+    constexpr uint32_t polynomial = 0xEDB88320;
+    std::array<uint32_t, 256> table{};
+    for (uint32_t byte = 0; byte < table.size(); ++byte) {
+        uint32_t rest = byte;
+        for (int bit = 0; bit < 8; ++bit) rest = rest >> 1 ^ ((rest & 1) != 0 ? polynomial : 0);
+        table[byte] = rest;
+    }
+    return table;
+}();
+
+uint32_t AddToCrc(uint32_t crc, std::span<const std::byte> bytes) {
+    for (const std::byte byte : bytes)
+        crc = crcTable[(crc ^ std::to_integer<uint32_t>(byte)) & 0xFF] ^ crc >> 8;
+    return crc;
+}
+
+struct Head {
+    uint32_t Signature = signature;
+    uint32_t Version = version;
+    uint32_t Set = noParts;
+    uint32_t Size = 0;
+    uint32_t Crc = 0;
+};
+constexpr size_t headSize = 20;
+constexpr size_t crcOffset = 16;
+constexpr size_t signatureSize = 4;
+
+std::array<std::byte, headSize> Encode(const Head& head) {
+    std::array<std::byte, headSize> bytes;
+    auto* to = bytes.data();
+    for (const uint32_t number : {head.Signature, head.Version, head.Set, head.Size, head.Crc})
+        for (uint32_t shift = 0; shift < 32; shift += 8)
+            *to++ = static_cast<std::byte>(number >> shift & 0xFF);
+    return bytes;
+}
+
+std::optional<Head> DecodeHead(std::span<const std::byte> bytes) {
+    if (bytes.size() < headSize) return std::nullopt;
+    const auto number = [bytes](size_t at) {
+        uint32_t value = 0;
+        for (size_t i = 0; i < 4; ++i) value |= std::to_integer<uint32_t>(bytes[at + i]) << (8 * i);
+        return value;
+    };
+    return Head{number(0), number(4), number(8), number(12), number(16)};
+}
+
+uint32_t CrcOf(const Head& head, std::span<const std::byte> changes) {
+    const auto bytes = Encode(head);
+    const auto checked = std::span(bytes).subspan(signatureSize, crcOffset - signatureSize);
+    return ~AddToCrc(AddToCrc(~uint32_t{0}, checked), changes);
+}
+
+std::wstring PartName(uint32_t set, size_t number) {
+    return text::Format(L"Unfinished save, part %d.%d", set, number);
+}
+
+std::wstring EditorPath() {
+    return std::wstring(EditorParent) + L"\\" + EditorKey;
+}
+
+std::wstring PathOf(const RedoChange& change) {
+    return change.Name.empty() ? ServiceRoot : std::wstring(ServiceRoot) + L"\\" + change.Name;
+}
+
+}  // namespace
+
+std::optional<RedoRecord::State> RedoRecord::Find(errors::ReportMode mode) {
+    const std::optional<State> state = Read({context_.owner, mode});
+    if (state != State::Whole) found_.clear();
+    return state;
+}
+
+std::optional<RedoRecord::State> RedoRecord::Read(const errors::ReportContext& context) {
+    RegistryStore own = store_.Another();
+    const Win32Code opened = own.Open(ServiceHive, EditorPath());
+    if (opened == code::FileNotFound) return State::Missing;
+    if (opened != code::Success && context.mode == errors::ReportMode::Silent) return std::nullopt;
+    if (!report_.Opened(opened, ServiceHive, EditorPath())) return std::nullopt;
+    Bytes value;
+    const ReadOutcome outcome = own.ReadBinary(recordValue, value, context);
+    if (outcome == ReadOutcome::Failure) return std::nullopt;
+    if (outcome == ReadOutcome::Default) return State::Missing;
+
+    const std::optional<Head> head = DecodeHead(value);
+    if (!head || head->Signature != signature || head->Version != version) return State::Unreadable;
+    found_.assign(value.begin() + headSize, value.end());
+    if (head->Set != noParts && !ReadParts(own, head->Set, head->Size, context)) return std::nullopt;
+    const bool isWhole = found_.size() == head->Size && CrcOf(*head, found_) == head->Crc;
+    return isWhole && DecodeChanges(found_) ? State::Whole : State::Unreadable;
+}
+
+// What is missing shows in the size of what was found.
+bool RedoRecord::ReadParts(RegistryStore& own, uint32_t set, size_t size,
+                           const errors::ReportContext& context) {
+    found_.clear();
+    for (size_t number = 1; found_.size() < size; ++number) {
+        Bytes part;
+        const ReadOutcome outcome = own.ReadBinary(PartName(set, number), part, context);
+        if (outcome == ReadOutcome::Failure) return false;
+        if (part.empty()) break;
+        found_.insert(found_.end(), part.begin(), part.end());
+    }
+    return true;
+}
+
+bool RedoRecord::Keep(const Bytes& changes) {
+    // An earlier record would some day be made over what this save is going to write.
+    return Write(changes) || IsMissing() || Remove();
+}
+
+bool RedoRecord::KeepBefore(Bytes changes) {
+    changes.insert(changes.end(), found_.begin(), found_.end());
+    return Keep(changes);
+}
+
+void RedoRecord::SaveHasEnded() {
+    if (hasKey_) Remove();
+}
+
+bool RedoRecord::Write(const Bytes& changes) {
+    RegistryStore own = store_.Another();
+    hasKey_ = own.CreateMachineKey(EditorPath()) == code::Success;
+    if (!hasKey_ || changes.size() > std::numeric_limits<uint32_t>::max()) return false;
+    Head head{.Size = static_cast<uint32_t>(changes.size())};
+    const bool fits = headSize + changes.size() <= largestValue;
+    if (!fits) {
+        // The set that an earlier record uses is left alone.
+        Bytes earlier;
+        own.ReadBinary(recordValue, earlier, silently);
+        const std::optional<Head> earlierHead = DecodeHead(earlier);
+        head.Set = earlierHead && earlierHead->Set == 1 ? 2 : 1;
+        if (!WriteParts(own, head.Set, changes)) return false;
+    }
+    head.Crc = CrcOf(head, changes);
+    const auto headBytes = Encode(head);
+    Bytes value(headBytes.begin(), headBytes.end());
+    if (fits) value.insert(value.end(), changes.begin(), changes.end());
+    if (!own.WriteValue(recordValue, ValueType::Binary, value, silently)) return false;
+    // Should it not reach the disk at once, it still holds when only the process ends.
+    static_cast<void>(own.Flush());
+    return true;
+}
+
+bool RedoRecord::WriteParts(RegistryStore& own, uint32_t set, std::span<const std::byte> changes) const {
+    for (size_t number = 1; !changes.empty(); ++number) {
+        const auto part = changes.first(std::min(changes.size(), largestValue));
+        if (!own.WriteValue(PartName(set, number), ValueType::Binary, part, silently)) return false;
+        changes = changes.subspan(part.size());
+    }
+    return true;
+}
+
+bool RedoRecord::IsMissing() const {
+    RegistryStore own = store_.Another();
+    const Win32Code opened = own.Open(ServiceHive, EditorPath());
+    Bytes value;
+    return opened == code::FileNotFound ||
+           (opened == code::Success && own.ReadBinary(recordValue, value, silently) == ReadOutcome::Default);
+}
+
+bool RedoRecord::Complete() {
+    RegistryStore own = store_.Another();
+    const std::vector<RedoChange> changes = DecodeChanges(found_).value();
+    for (const RedoChange& change : changes)
+        if (!Make(own, change)) return false;
+    static_cast<void>(own.Close());
+    return Remove();
+}
+
+bool RedoRecord::Make(RegistryStore& own, const RedoChange& change) {
+    if (change.What == RedoChange::Kind::SetValue)
+        return own.WriteValue(change.Name, change.Type, change.Data, context_);
+    if (change.What == RedoChange::Kind::CreateKey)
+        return report_.Opened(own.CreateMachineKey(PathOf(change)), ServiceHive, PathOf(change));
+    if (!report_.Opened(own.CreateMachineKey(ServiceRoot), ServiceHive, ServiceRoot)) return false;
+    const Win32Code deleted = own.DeleteKeyTree(change.Name);
+    return deleted == code::FileNotFound || report_.Deleted(deleted, ServiceHive, PathOf(change));
+}
+
+bool RedoRecord::Remove() {
+    RegistryStore own = store_.Another();
+    Win32Code removed = own.Open(ServiceHive, EditorParent);
+    if (removed == code::Success) removed = own.DeleteKeyTree(EditorKey);
+    return removed == code::FileNotFound || report_.Deleted(removed, ServiceHive, EditorPath());
+}
+
+}  // namespace config
