@@ -37,11 +37,18 @@ CBrisgateDlg::CBrisgateDlg(const config::Services& services, editors::Certificat
     }
     profiles_.SetCells([this](size_t row, size_t) { return profileNames_.at(row); });
     profiles_.OnClick([this](const ui::ListHit&) { OpenProfile(); });
+    // By the keyboard, too: what the commands ask about and work on is what is selected.
+    profiles_.OnSelect([this](size_t) { OpenProfile(); });
     profiles_.OnDoubleClick([this](const ui::ListHit&) { EditProfile(); });
     rules_.OnFocusLost([this] { TakeCheckBoxes(); });
-    rules_.OnDoubleClick([this](const ui::ListHit&) { EditRule(); });
+    rules_.OnDoubleClick([this](const ui::ListHit&) {
+        TakeNewTicks();
+        EditRule();
+    });
     rules_.OnKeyDown([this](int virtualKey) {
-        if (virtualKey == ui::key::Delete) DeleteRules();
+        if (virtualKey != ui::key::Delete) return;
+        TakeNewTicks();
+        DeleteRules();
     });
 }
 
@@ -196,6 +203,7 @@ void CBrisgateDlg::OnMenuCommand(int command) {
         {command::MoveDown, &CBrisgateDlg::MoveDown},
         {command::MakeLast, &CBrisgateDlg::MakeLast},
     };
+    TakeNewTicks();
     if (const auto handler = handlers.find(command); handler != handlers.end()) (this->*handler->second)();
 }
 
@@ -227,6 +235,7 @@ bool CBrisgateDlg::MayLeave() {
 }
 
 void CBrisgateDlg::OnOK() {
+    TakeNewTicks();
     Save();
     if (!MayLeave()) return;
     ruleList_.Empty();
@@ -234,6 +243,7 @@ void CBrisgateDlg::OnOK() {
 }
 
 void CBrisgateDlg::OnCancel() {
+    TakeNewTicks();
     if (!MayLeave()) return;
     ruleList_.Empty();
     EndDialog(ui::IdCancel);

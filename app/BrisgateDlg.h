@@ -80,6 +80,7 @@ class CBrisgateDlg : public ui::Dialog {
     void MoveDown();
     void MakeLast();
     void TakeCheckBoxes();
+    void TakeNewTicks();
     void ExportRules();
     void ImportRules();
 

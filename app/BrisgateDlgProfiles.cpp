@@ -42,12 +42,10 @@ void CBrisgateDlg::EditProfile() {
         changed_ = true;  // kept: the command counts as a change even without a profile
         return;
     }
-    // The editor works on a copy, which has to hold what the check boxes say.
-    if (rules_.HasFocus()) TakeCheckBoxes();
+    if (OpenedProfile() == nullptr) return;
+    auto edited = RunProfileEditor(*OpenedProfile());
     config::ServiceProfile* const profile = OpenedProfile();
-    if (profile == nullptr) return;
-    auto edited = RunProfileEditor(*profile);
-    if (!edited) return;
+    if (!edited || profile == nullptr) return;
     // Whatever needs memory comes before the change or after it.
     LeadRulesToFirstStoreProfile(edited->record, edited->removedCsProfiles);
     std::wstring name = edited->record.Name;
@@ -71,6 +69,7 @@ void CBrisgateDlg::DeleteProfile() {
     CloseProfile();
     configuration_.Profiles.erase(configuration_.Profiles.begin() + static_cast<std::ptrdiff_t>(*row));
     ShowChangedProfiles(std::nullopt, *row);
+    profiles_.SetFocus();
     // Kept: the rows are visited in their order and each becomes the opened profile, also those behind the
     // deleted one. Its rules are seen again when the user searches.
     if (*row < profileNames_.size()) openedProfile_ = profileNames_.back();

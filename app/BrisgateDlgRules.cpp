@@ -41,10 +41,10 @@ std::optional<config::Rule> CBrisgateDlg::RunRuleEditor(const config::ServicePro
 }
 
 void CBrisgateDlg::AddRule() {
+    if (OpenedProfile() == nullptr) return;
+    std::optional<config::Rule> rule = RunRuleEditor(*OpenedProfile(), {});
     config::ServiceProfile* const profile = OpenedProfile();
-    if (profile == nullptr) return;
-    std::optional<config::Rule> rule = RunRuleEditor(*profile, {});
-    if (!rule) return;
+    if (!rule || profile == nullptr) return;
     profile->Rules.push_back(std::move(*rule));
     ShowChangedRules();
     ShowRule(profile->Rules.size() - 1);
@@ -63,21 +63,24 @@ void CBrisgateDlg::CopyRule() {
 void CBrisgateDlg::EditRule() {
     const auto chosen = FirstChosenRule();
     if (!chosen) return;
-    config::Rule& edited = chosen->profile.Rules[chosen->position];
-    std::optional<config::Rule> rule = RunRuleEditor(chosen->profile, edited);
-    if (!rule) return;
-    edited = std::move(*rule);
+    const size_t position = chosen->position;
+    std::optional<config::Rule> rule = RunRuleEditor(chosen->profile, chosen->profile.Rules[position]);
+    config::ServiceProfile* const profile = OpenedProfile();
+    if (!rule || profile == nullptr || position >= profile->Rules.size()) return;
+    profile->Rules[position] = std::move(*rule);
     ShowChangedRules();
-    ShowRule(chosen->position);
+    ShowRule(position);
 }
 
 void CBrisgateDlg::DeleteRules() {
-    config::ServiceProfile* const profile = OpenedProfile();
     const std::vector<size_t> rows = rules_.SelectedRows();
-    if (profile == nullptr || rows.empty()) return;
+    if (OpenedProfile() == nullptr || rows.empty()) return;
     if (!errors::Confirm(Screen(), this, text::Format(L"Delete %d rule(s)?", rows.size()))) return;
+    config::ServiceProfile* const profile = OpenedProfile();
+    if (profile == nullptr) return;
     ui::RemoveRows(profile->Rules, rows);
     ShowChangedRules();
+    if (rules_.RowCount() > 0) rules_.FocusRow(std::min(rows.front(), rules_.RowCount() - 1));
 }
 
 void CBrisgateDlg::MakeFirst() {
@@ -118,6 +121,12 @@ void CBrisgateDlg::TakeCheckBoxes() {
     config::ServiceProfile* const profile = OpenedProfile();
     if (profile != nullptr && ruleList_.IsFilled() && SwitchRules(rules_.Checks(), profile->Rules))
         changed_ = true;
+}
+
+// A command that comes while the list still has the keyboard must not lose a box that was just ticked. While
+// a search hides rules, boxes are those of other rules: then they are taken over only when the list is left.
+void CBrisgateDlg::TakeNewTicks() {
+    if (rules_.HasFocus() && search_.Text().empty()) TakeCheckBoxes();
 }
 
 void CBrisgateDlg::ExportRules() {

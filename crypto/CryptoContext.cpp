@@ -1,5 +1,6 @@
 #include "crypto/CryptoContext.h"
 
+#include <new>
 #include <utility>
 
 namespace crypto {
@@ -8,6 +9,14 @@ CryptoContext::CryptoContext(CryptoContext&& other) noexcept
     : library_(other.library_),
       context_(std::exchange(other.context_, nullptr)),
       reporter_(other.reporter_) {}
+
+CryptoContext::~CryptoContext() {
+    try {
+        Close();
+    } catch (const std::bad_alloc&) {
+        // The context is closed; that it could not be said how is no reason to end the program.
+    }
+}
 
 void CryptoContext::Close() {
     if (context_ == nullptr) return;

@@ -15,7 +15,7 @@ class CryptoContext {
         : library_(&library),
           context_(context),
           reporter_(&reporter) {}
-    ~CryptoContext() { Close(); }
+    ~CryptoContext();
     CryptoContext(const CryptoContext&) = delete;
     CryptoContext& operator=(const CryptoContext&) = delete;
     CryptoContext(CryptoContext&& other) noexcept;

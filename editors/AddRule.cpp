@@ -224,6 +224,7 @@ void CAddRule::EditSignerLists() {
 }
 
 void CAddRule::OnOK() {
+    const ui::WaitCursor wait(Screen());  // a server that is gone takes its time
     ReadAndPush();
     if (const auto refusal = FindRefusal(form_, services_.Machine.Files)) {
         Tell(*refusal);

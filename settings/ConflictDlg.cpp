@@ -39,6 +39,7 @@ void CConflictDlg::PickFolder() {
 
 // False after a report.
 bool CConflictDlg::CheckExists(const std::wstring& path) {
+    const ui::WaitCursor wait(Screen());  // a server that is gone takes its time
     const platform::Win32Code result = services_.Machine.Files.CheckPathExists(path);
     if (result == code::Success || result == code::FileExists) return true;
     ReportBadPath(path, result);

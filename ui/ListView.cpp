@@ -89,6 +89,11 @@ void ListView::SelectOnly(size_t row) {
     Changed(Aspect::Selection);
 }
 
+void ListView::FocusRow(size_t row) {
+    focusedRow_ = row;
+    Changed(Aspect::Selection);
+}
+
 void ListView::EnsureVisible(size_t row) {
     scrollTarget_ = row;
     Changed(Aspect::Scroll);
@@ -96,6 +101,7 @@ void ListView::EnsureVisible(size_t row) {
 
 void ListView::UserSelected(size_t first, size_t last, bool selected) {
     for (size_t row = first; row <= last && row < rowCount_; ++row) selection_[row] = selected;
+    if (selected && first == last && first < rowCount_ && onSelect_) onSelect_(first);
 }
 
 void ListView::UserToggledCheck(size_t row) {

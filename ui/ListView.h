@@ -83,10 +83,14 @@ class ListView : public Control {
     void SelectOnly(size_t row);               // also gives it the list's own focus mark
     std::optional<size_t> FocusedRow() const { return focusedRow_; }
 
+    void FocusRow(size_t row);  // gives it the list's own focus mark; the selection stays as it is
+
     void EnsureVisible(size_t row);
     // The row that EnsureVisible last asked for.
     size_t ScrollTarget() const { return scrollTarget_; }
 
+    // A single row that the user has selected, by the mouse or by a key; heard before a click on it.
+    void OnSelect(std::function<void(size_t row)> handler) { onSelect_ = std::move(handler); }
     void OnClick(HitHandler handler) { onClick_ = std::move(handler); }
     void OnDoubleClick(HitHandler handler) { onDoubleClick_ = std::move(handler); }
     void OnRightClick(HitHandler handler) { onRightClick_ = std::move(handler); }
@@ -113,6 +117,7 @@ class ListView : public Control {
     std::vector<bool> selection_;
     std::optional<size_t> focusedRow_;
     size_t scrollTarget_ = 0;
+    std::function<void(size_t)> onSelect_;
     HitHandler onClick_;
     HitHandler onDoubleClick_;
     HitHandler onRightClick_;

@@ -3,14 +3,14 @@
 #include <windows.h>
 
 #include <limits>
-#include <stdexcept>
+#include <new>
 
 namespace platform::win32 {
 namespace {
 
 int CharacterCount(size_t characters) {
     if (characters > static_cast<size_t>(std::numeric_limits<int>::max())) {
-        throw std::length_error("text too long for the code page");
+        throw std::bad_alloc();
     }
     return static_cast<int>(characters);
 }

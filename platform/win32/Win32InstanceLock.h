@@ -1,4 +1,4 @@
-// The lock of a running copy as a named mutex of the system.
+// The lock of a running copy as two named mutexes of the system, one for its session and one for all of them.
 #pragma once
 
 #include "platform/Machine.h"
@@ -20,6 +20,7 @@ class Win32InstanceLock final : public InstanceLock {
 
   private:
     void* mutex_ = nullptr;
+    void* globalMutex_ = nullptr;
 };
 
 }  // namespace platform::win32

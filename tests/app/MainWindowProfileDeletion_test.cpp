@@ -115,11 +115,24 @@ TEST_F(MainWindowProfileDeletion, WithoutAnOpenedNameADoubleClickBesideTheRowsDo
 
 TEST_F(MainWindowProfileDeletion, TheQuestionNamesTheOpenedProfileAndTheSelectedOneGoes) {
     Run([&](CBrisgateDlg&) {
-        user_.Press(Key::Down);
+        user_.Get<ui::ListView>(id::Profiles).SelectOnly(1);
         Delete(L"Alpha");
         EXPECT_EQ(Profiles(), Texts{L"Alpha"});
         LeaveChanged();
     });
+}
+
+TEST_F(MainWindowProfileDeletion, DeletingBringsTheUserToTheProfiles) {
+    for (const bool fromTheRules : {true, false}) {
+        Run([&](CBrisgateDlg&) {
+            user_.Click(fromTheRules ? id::Rules : id::Search);
+            ExpectDeleteQuestion(L"Alpha", ui::IdYes);
+            user_.ChooseMenu(command::DeleteProfile);
+            EXPECT_TRUE(user_.Get<ui::ListView>(id::Profiles).HasFocus());
+            EXPECT_EQ(SelectedProfiles(), std::vector<size_t>{});
+            LeaveChanged();
+        });
+    }
 }
 
 TEST_F(MainWindowProfileDeletion, DeletingWhileARuleHasTheFocusChangesNoOtherRule) {

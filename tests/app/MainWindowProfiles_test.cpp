@@ -12,17 +12,53 @@ using editors::CAddProfile;
 
 constexpr int csProfileList = 1001, addCsProfile = 1098, deleteCsProfile = 1099;  // of the editor
 
+// A profile that has been added stays closed, although its row may be selected by the program.
 TEST_F(MainWindowProfilesTest, OpeningIsAlsoACommandAndAHiddenButton) {
     Run([&](CBrisgateDlg& dialog) {
-        user_.Press(Key::Down);  // moves the selection only
+        auto& profiles = user_.Get<ui::ListView>(id::Profiles);
+        profiles.SelectOnly(1);
         EXPECT_EQ(user_.Text(id::ProfileLabel), L"Profile: Alpha");
         dialog.UserChoseMenu(command::OpenProfile);
         EXPECT_EQ(user_.Text(id::ProfileLabel), L"Profile: Beta");
         EXPECT_EQ(RuleColumn(1), Texts{L"Delete drafts"});
-        user_.Press(Key::Up);
+        profiles.SelectOnly(0);
         dynamic_cast<ui::Button&>(dialog.Find(id::OpenProfile)).UserClicked();
         EXPECT_EQ(user_.Text(id::ProfileLabel), L"Profile: Alpha");
         EXPECT_EQ(user_.Text(id::CsProfileLabel), L"CS profile's num: 2");
+        LeaveUnchanged();
+    });
+}
+
+TEST_F(MainWindowProfilesTest, AKeyThatSelectsAProfileOpensIt) {
+    SeedProfiles({L"Gamma"});
+    Run([&](CBrisgateDlg&) {
+        const auto expectOpened = [this](const std::wstring& name) {
+            EXPECT_EQ(user_.Text(id::ProfileLabel), L"Profile: " + name);
+        };
+        user_.Press(Key::Down);
+        expectOpened(L"Beta");
+        EXPECT_EQ(RuleColumn(1), Texts{L"Delete drafts"});
+        user_.Press(Key::End);
+        expectOpened(L"Gamma");
+        EXPECT_EQ(RuleColumn(1), Texts{L"of Gamma"});
+        user_.Press(Key::Up);
+        expectOpened(L"Beta");
+        user_.Press(Key::Home);
+        expectOpened(L"Alpha");
+        ExpectDeleteQuestion(L"Alpha", ui::IdNo);
+        user_.Click(id::DeleteProfile);
+        LeaveUnchanged();
+    });
+}
+
+// The same row again: whoever only presses a key at the end of the list keeps what he has selected in the
+// rules.
+TEST_F(MainWindowProfilesTest, AKeyThatSelectsNothingNewOpensNothing) {
+    Run([&](CBrisgateDlg&) {
+        user_.ClickRow(id::Rules, 1);
+        user_.Click(id::Profiles);
+        user_.Press(Key::Home);
+        EXPECT_TRUE(user_.Get<ui::ListView>(id::Rules).IsSelected(1));
         LeaveUnchanged();
     });
 }
@@ -140,7 +176,7 @@ TEST_F(MainWindowProfilesTest, EditingOpensTheEditorOnTheOpenedProfile) {
 
 TEST_F(MainWindowProfilesTest, EditingWorksOnTheOpenedProfileWhateverIsSelected) {
     Run([&](CBrisgateDlg&) {
-        user_.Press(Key::Down);
+        user_.Get<ui::ListView>(id::Profiles).SelectOnly(1);
         ExpectNaming(L"First");
         user_.Click(id::EditProfile);
         EXPECT_EQ(Profiles(), (Texts{L"First", L"Beta"}));

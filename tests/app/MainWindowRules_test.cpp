@@ -51,6 +51,22 @@ TEST_F(MainWindowRulesTest, DeleteAsksAndRemovesTheSelectedRules) {
     });
 }
 
+TEST_F(MainWindowRulesTest, AfterDeletingTheKeyboardGoesOnWhereTheRulesWere) {
+    Run([&] {
+        Select({1, 2});
+        user_.ExpectBox(L"Delete 2 rule(s)?", boxes::Question, ui::IdYes);
+        user_.Press(Key::Delete);
+        EXPECT_EQ(List().FocusedRow(), 1U);
+        ExpectNoneSelected();
+        Select({2});
+        user_.ExpectBox(L"Delete 1 rule(s)?", boxes::Question, ui::IdYes);
+        user_.Press(Key::Delete);
+        EXPECT_EQ(List().FocusedRow(), 1U);
+        ExpectNoneSelected();
+        LeaveChanged();
+    });
+}
+
 TEST_F(MainWindowRulesTest, MovesCarryTheFirstSelectedRule) {
     struct Case {
         int button;

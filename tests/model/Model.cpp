@@ -128,6 +128,7 @@ void Model::DeleteProfile() {
     showsProfile_ = false;
     rows_.clear();
     focusedRow_.reset();
+    keyboard_ = Place::Profiles;
     changed_ = true;
 }
 
@@ -219,8 +220,10 @@ void Model::DeleteRules() {
     const std::vector<Rule>& rules = Opened()->rules;
     for (size_t i = 0; i < rules.size(); ++i)
         if (i >= rows_.size() || !rows_[i].selected) kept.push_back(rules[i]);
+    const size_t first = *FirstSelectedRow();
     OpenedProfile()->rules = kept;
     ShowChanged(std::nullopt);
+    if (!rows_.empty()) focusedRow_ = std::min(first, rows_.size() - 1);
 }
 
 void Model::Move(size_t from, size_t to) {

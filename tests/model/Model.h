@@ -50,7 +50,10 @@ class Model {
 
     // The user's hands in the lists and the search.
     void MoveKeyboard(Place place);
-    void KeyboardWentTo(Place place) { keyboard_ = place; }  // by itself, because its place is disabled
+    // Before it is carried out, while all rules are seen.
+    void CommandIsGiven() {
+        if (search_.empty()) LeaveRules();
+    }
     void WindowOpens() { LeaveRules(); }  // in front of the main window, which gets the keyboard back later
     void SelectProfile(std::optional<size_t> row) { selectedProfile_ = row; }
     void OpenProfile();

@@ -127,6 +127,7 @@ std::function<void()> Walk::ClickElsewhere(int button) {
 
 std::function<void()> Walk::ButtonOrMenu(int button, int command) {
     if (dice_.Chance(50)) return ClickElsewhere(button);
+    model_.CommandIsGiven();
     return [this, command] { user_.ChooseMenu(command); };
 }
 

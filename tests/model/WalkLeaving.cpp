@@ -5,7 +5,6 @@
 #include "tests/model/Walk.h"
 
 namespace tests::model {
-namespace {}  // namespace
 
 void Walk::Save() {
     dice_.Chance(30) ? ClickElsewhere(id::SaveIcon)() : ButtonOrMenu(id::Save, 57603)();
@@ -26,6 +25,7 @@ void Walk::SaveAndExit() {
     const auto pressEnterIn = [this](int control, Place place) {
         return [this, control, place] {
             model_.MoveKeyboard(place);
+            model_.CommandIsGiven();
             user_.Click(control);
             user_.Press(Key::Enter);
         };
@@ -37,10 +37,10 @@ void Walk::SaveAndExit() {
     model_.Save();
 }
 
-// A check box that the list has not been left with since is no change yet.
+// While a search hides rules, a check box that the list has not been left with since is no change yet.
 void Walk::Exit() {
     const size_t way = dice_.Below(4);
-    if (way == 0) model_.MoveKeyboard(Place::Elsewhere);
+    way == 0 ? model_.MoveKeyboard(Place::Elsewhere) : model_.CommandIsGiven();
     const bool asks = model_.IsChanged();
     if (asks) user_.ExpectBox(boxes::LeaveText, boxes::Question, dice_.Chance(60) ? ui::IdNo : ui::IdYes);
     if (way == 0) user_.Click(ui::IdCancel);
@@ -51,6 +51,7 @@ void Walk::Exit() {
 }
 
 void Walk::ExitForGood() {
+    model_.CommandIsGiven();
     if (model_.IsChanged()) user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
     user_.PressCloseBox();
 }

@@ -49,7 +49,11 @@ void Walk::MoveInList(int list, size_t rows, std::optional<size_t> from,
 void Walk::MoveInProfiles() {
     model_.MoveKeyboard(Place::Profiles);
     MoveInList(id::Profiles, model_.ProfileNames().size(), user_.Get<ui::ListView>(id::Profiles).FocusedRow(),
-               [this](size_t row) { model_.SelectProfile(row); });
+               [this](size_t row) {
+                   if (row == model_.SelectedProfile()) return;
+                   model_.SelectProfile(row);
+                   model_.OpenProfile();
+               });
 }
 
 void Walk::ClickRow() {

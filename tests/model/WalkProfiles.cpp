@@ -68,10 +68,6 @@ void Walk::DeleteProfile() {
     model_.WindowOpens();
     if (answer == ui::IdNo || isLast) return;
     model_.DeleteProfile();
-    // What had the keyboard may be disabled now; where it goes is the system's business.
-    if (user_.Get<ui::ListView>(id::Profiles).HasFocus()) return model_.KeyboardWentTo(Place::Profiles);
-    const bool inSearch = user_.Get<ui::Edit>(id::Search).HasFocus();
-    model_.KeyboardWentTo(inSearch ? Place::Search : Place::Elsewhere);
 }
 
 }  // namespace tests::model

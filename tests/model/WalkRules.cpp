@@ -36,12 +36,14 @@ void Walk::EditByDoubleClick() {
     const size_t row = dice_.Below(model_.Rows().size());
     model_.MoveKeyboard(Place::Rules);
     model_.ClickRow(row);
+    model_.CommandIsGiven();
     EditSelected([this, row] { user_.DoubleClickRow(id::Rules, row); });
 }
 
 void Walk::DeleteRules() {
     const auto pressDelete = [this] {
         model_.MoveKeyboard(Place::Rules);
+        model_.CommandIsGiven();
         user_.Click(id::Rules);
         user_.Press(Key::Delete);
     };
@@ -75,12 +77,12 @@ void Walk::MakeLast() {
     model_.MakeLast();
 }
 
-// The file is written from the rules as they are after their check boxes have been taken over, when a click
-// on the button does that, and before, when the picker does.
+// The file is written from the rules as they are once their check boxes have been taken over; while a search
+// hides some, only a click on the button does that.
 void Walk::ExportRules() {
     const bool confirmed = dice_.Chance(80);
     const bool byMenu = dice_.Chance(50);
-    if (!byMenu) model_.MoveKeyboard(Place::Elsewhere);
+    byMenu ? model_.CommandIsGiven() : model_.MoveKeyboard(Place::Elsewhere);
     const std::vector<Rule>& rules = model_.Opened()->rules;
     if (rules.empty()) {
         user_.ExpectBox(L"Profile contains no rules.", ui::box::Ok | ui::box::ExclamationIcon, ui::IdOk);

@@ -7,8 +7,9 @@
 
 #include "certs/Candidates.h"
 #include "certs/ChosenNames.h"
+#include "crypto/CryptoContext.h"
 #include "crypto/NameList.h"
-#include "platform/memory/MemoryParts.h"
+#include "platform/memory/MemoryMachine.h"
 #include "tests/torture/ShortMemory.h"
 #include "ui/Dialog.h"
 #include "ui/ListView.h"
@@ -46,6 +47,19 @@ TEST(ShortOfMemoryParts, ANameListTakesNamesAfterwards) {
         });
         names.Add(L"The last one");
         EXPECT_EQ(names.Find(L"The last one"), names.Size() - 1);
+    });
+}
+
+// The report of a context that does not close needs memory, too.
+TEST(ShortOfMemoryParts, AContextThatDoesNotCloseEndsNothing) {
+    platform::memory::MemoryMachine machine;
+    ui::memory::MemoryScreen screen(machine.ScreenMetrics);
+    const errors::ErrorReporter reporter(machine.Machine, screen);
+    platform::kseal::Exports library{};
+    library.Uninitialize = [](platform::kseal::Context) { return uint32_t{0x20000010}; };
+    int context = 0;
+    RefuseEach([&](const auto& shortOfMemory) {
+        shortOfMemory([&] { crypto::CryptoContext(library, &context, reporter); });
     });
 }
 

@@ -62,8 +62,11 @@ void RowSelection::Move(ListView& list, VirtualKey key, Modifier modifier) {
 }
 
 void RowSelection::SelectAlone(ListView& list, size_t row) {
-    SelectNone(list);
-    list.UserSelected(row, row, true);
+    const bool isAlone = list.Style().singleSelection && list.IsSelected(row);
+    if (!isAlone) {
+        SelectNone(list);
+        list.UserSelected(row, row, true);
+    }
     list.UserFocusedRow(row);
     marks_[&list] = row;
 }

@@ -3,6 +3,9 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <aclapi.h>
+#include <sddl.h>
+
 #include <ctime>
 #include <limits>
 
@@ -45,6 +48,15 @@ TEST(Win32CodePageTest, EveryByteOfASimplePageSurvives) {
     EXPECT_EQ(wide.size(), 256U);
     EXPECT_EQ(codePage.ToAnsi(wide), bytes);
     EXPECT_EQ(codePage.ToAnsi(L"a\x4E2D"), "a?");
+}
+
+// The command that wanted it ends with a word to the user, and not the program.
+TEST(Win32CodePageTest, TextsBeyondWhatTheSystemConvertsAreLackOfMemory) {
+    const platform::win32::Win32CodePage codePage;
+    const char byte = 'x';
+    const wchar_t unit = L'x';
+    EXPECT_THROW(codePage.ToWide(std::string_view(&byte, size_t{1} << 31)), std::bad_alloc);
+    EXPECT_THROW(codePage.ToAnsi(std::wstring_view(&unit, size_t{1} << 31)), std::bad_alloc);
 }
 
 TEST(Win32SystemMessagesTest, TheSystemKnowsItsCodes) {
@@ -94,6 +106,51 @@ TEST(Win32InstanceLockTest, TheHolderOwnsTheLock) {
     EXPECT_NE(ReleaseMutex(mutex), FALSE);
     EXPECT_EQ(ReleaseMutex(mutex), FALSE);
     CloseHandle(mutex);
+}
+
+// A copy in another session is seen by the name that all sessions share.
+TEST(Win32InstanceLockTest, ALockOfAnotherSessionIsSeen) {
+    const HANDLE other = CreateMutexW(nullptr, TRUE, (L"Global\\" + LockName(L"session")).c_str());
+    ASSERT_NE(other, nullptr);
+    EXPECT_TRUE(Win32InstanceLock().IsHeldByAnother(LockName(L"session")));
+    CloseHandle(other);
+    EXPECT_FALSE(Win32InstanceLock().IsHeldByAnother(LockName(L"session")));
+}
+
+TEST(Win32InstanceLockTest, ALockThatMayNotBeOpenedIsHeld) {
+    for (const std::wstring& name : {LockName(L"closed"), L"Global\\" + LockName(L"closed")}) {
+        SECURITY_DESCRIPTOR nobody{};
+        InitializeSecurityDescriptor(&nobody, SECURITY_DESCRIPTOR_REVISION);
+        ACL none{};
+        InitializeAcl(&none, sizeof none, ACL_REVISION);
+        SetSecurityDescriptorDacl(&nobody, TRUE, &none, FALSE);
+        SECURITY_ATTRIBUTES attributes{sizeof attributes, &nobody, FALSE};
+        const HANDLE closed = CreateMutexW(&attributes, FALSE, name.c_str());
+        ASSERT_NE(closed, nullptr);
+        EXPECT_TRUE(Win32InstanceLock().IsHeldByAnother(LockName(L"closed")));
+        CloseHandle(closed);
+    }
+}
+
+TEST(Win32InstanceLockTest, TheLockOfAllSessionsIsOpenToAdministrators) {
+    Win32InstanceLock lock;
+    ASSERT_EQ(lock.Acquire(LockName(L"shared")), code::Success);
+    const HANDLE shared = OpenMutexW(READ_CONTROL, FALSE, (L"Global\\" + LockName(L"shared")).c_str());
+    ASSERT_NE(shared, nullptr);
+    PSECURITY_DESCRIPTOR found = nullptr;
+    PACL list = nullptr;
+    EXPECT_EQ(GetSecurityInfo(shared, SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list,
+                              nullptr, &found),
+              DWORD{ERROR_SUCCESS});
+    wchar_t* text = nullptr;
+    ConvertSecurityDescriptorToStringSecurityDescriptorW(found, SDDL_REVISION_1, DACL_SECURITY_INFORMATION,
+                                                         &text, nullptr);
+    EXPECT_NE(std::wstring(text).find(L";;;BA)"), std::wstring::npos) << testing::PrintToString(text);
+    LocalFree(text);
+    LocalFree(found);
+    CloseHandle(shared);
+    lock.Release();
+    EXPECT_FALSE(lock.IsHeldByAnother(LockName(L"shared")));
 }
 
 TEST(Win32InstanceLockTest, ANameInOtherUseIsRefused) {
