@@ -36,6 +36,11 @@ void Write(const std::string& text, std::span<char> buffer) {
     if (length < buffer.size()) buffer[length] = '\0';
 }
 
+bool IsZero(const kseal::CertFindResult& result) {
+    return std::ranges::all_of(std::as_bytes(std::span(&result, 1)),
+                               [](std::byte byte) { return byte == std::byte{0}; });
+}
+
 kseal::CertEntry EntryOf(StandInCertificate& certificate) {
     kseal::CertEntry entry{};
     entry.OwnerName = certificate.OwnerName.data();
@@ -142,6 +147,7 @@ StandInLibrary::Code StandInLibrary::FindCert(Context context, const kseal::Cert
                                               kseal::CertFindResult& found) {
     Note("FindCert " + Hex(request.SearchWord) + " scope " + std::to_string(request.StoreScope) + " " +
          Quoted(request.Query) + " fields " + std::to_string(request.FieldsWanted));
+    if (!IsZero(found)) ++unclearedResults_;
     if (!contexts_.contains(context)) return UnknownContext;
     if (const Code code = AnswerOf(StandInCall::FindCert); code != 0) return code;
     auto result = std::make_unique<Result>();

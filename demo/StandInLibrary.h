@@ -61,6 +61,8 @@ class StandInLibrary {
     size_t WaitingErrors(Context context) const;
     // What came back that it had not handed out, or a second time.
     size_t WrongReleases() const { return wrongReleases_; }
+    // Searches whose record for the result held something beforehand.
+    size_t UnclearedResults() const { return unclearedResults_; }
 
   private:
     struct Functions;
@@ -97,6 +99,7 @@ class StandInLibrary {
     std::map<const platform::kseal::CertEntry*, std::unique_ptr<Result>> results_;
     std::map<void*, std::unique_ptr<char[]>> handedTexts_;
     size_t wrongReleases_ = 0;
+    size_t unclearedResults_ = 0;
 };
 
 }  // namespace demo

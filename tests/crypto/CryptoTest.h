@@ -77,6 +77,7 @@ class CryptoTest : public WorldTest {
         EXPECT_EQ(library_.OpenResults(), 0U) << "a result was not released";
         EXPECT_EQ(library_.OpenTexts(), 0U) << "a text was not released";
         EXPECT_EQ(library_.WrongReleases(), 0U) << "something was released twice";
+        EXPECT_EQ(library_.UnclearedResults(), 0U) << "a search was given a result that was not empty";
         EXPECT_EQ(world_->Registry().OpenKeys(), unclosed_) << "a key stayed open";
     }
 

@@ -71,6 +71,28 @@ TEST_F(StandInLibraryTest, ResultsAreCountedTheEmptyOnesToo) {
     EXPECT_EQ(Find(context, 0, nullptr), StandInLibrary::UnknownContext);
 }
 
+TEST_F(StandInLibraryTest, ResultsThatAreNotEmptyBeforehandAreCounted) {
+    const kseal::Context context = Open();
+    const kseal::CertFindRequest request;
+    kseal::CertFindResult padded;
+    padded.Unread4[3] = std::byte{1};
+    kseal::CertFindResult counted;
+    counted.Count = 1;
+    kseal::CertEntry entry{};
+    kseal::CertFindResult filled;
+    filled.Entries = &entry;
+    size_t uncleared = 0;
+    for (kseal::CertFindResult* const result : {&padded, &counted, &filled}) {
+        EXPECT_EQ(exports_.FindCert(context, &request, result), 0U);
+        EXPECT_EQ(library_.UnclearedResults(), ++uncleared);
+        EXPECT_EQ(exports_.FreeFindResult(context, result), 0U);
+    }
+    Find(context, 0, nullptr);
+    EXPECT_EQ(library_.UnclearedResults(), uncleared);
+    exports_.FreeFindResult(context, &result_);
+    exports_.Uninitialize(context);
+}
+
 TEST_F(StandInLibraryTest, TextsAreCounted) {
     char* text = nullptr;
     char* file = nullptr;
