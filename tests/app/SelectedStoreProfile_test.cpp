@@ -1,0 +1,158 @@
+// Of the settings that a profile keeps for each of its store profiles, those of the one that is selected in
+// the rule editor reach the library and the picker.
+#include "app/CertificateForms.h"
+#include "crypto/LibraryOpener.h"
+#include "tests/app/CertificateJourney.h"
+
+namespace tests {
+namespace {
+
+// Opens contexts as the program does, and notes what the picker and the searches are given.
+class NotingOpener final : public crypto::ContextOpener {
+  public:
+    explicit NotingOpener(const config::Services& services) : real_(services) {}
+
+    std::vector<crypto::PickerSettings> given;
+
+    void WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
+                     const Command& command) override {
+        real_.WithContext(
+            parent, profile, storeProfile,
+            [&](crypto::CertificateSearch& search, const crypto::PickerSettings& settings, bool ldapUsable) {
+                given.push_back(settings);
+                command(search, settings, ldapUsable);
+            });
+    }
+
+  private:
+    crypto::LibraryOpener real_;
+};
+
+constexpr int storeProfiles = 1051;  // the rule editor's list of them
+
+class SelectedStoreProfile : public CertificateJourney {
+  protected:
+    // Three store profiles; no list has the same value for the second as for another.
+    static constexpr char onlyTheSecondIsQuiet[] =
+        "ServerTSP = { \"first\", \"second\", \"third\" }\nAutoUseTSP = { \"11\", \"12\", \"13\" }\n"
+        "NotAddCert = { \"21\", \"22\", \"23\" }\nAutoVerifyTSP = { \"31\", \"32\", \"33\" }\n"
+        "NoTSPisError = { \"41\", \"42\", \"43\" }\nNotUseLDAP = { \"0\", \"52\", \"0\" }\n"
+        "NotLoadCrl = { \"0\", \"62\", \"0\" }\nNotCopyToLocal = { \"71\", \"0\", \"73\" }\n"
+        "UseAIA = { \"81\", \"0\", \"83\" }\nCrlUpdatePeriod = { \"1\", \"2\", \"3\" }\n";
+    static constexpr char onlyTheSecondIsLoud[] =
+        "ServerTSP = { \"0\", \"second\", \"0\" }\nAutoUseTSP = { \"1\", \"0\", \"1\" }\n"
+        "NotAddCert = { \"1\", \"0\", \"1\" }\nAutoVerifyTSP = { \"1\", \"0\", \"1\" }\n"
+        "NoTSPisError = { \"1\", \"0\", \"1\" }\nNotUseLDAP = { \"1\", \"0\", \"1\" }\n"
+        "NotLoadCrl = { \"1\", \"0\", \"1\" }\nNotCopyToLocal = { \"0\", \"72\", \"0\" }\n"
+        "UseAIA = { \"0\", \"82\", \"0\" }\nCrlUpdatePeriod = { \"1\", \"6\", \"24\" }\n";
+
+    void SeedThree(const std::string& settings, const std::string& operation) {
+        Seed(
+            "[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles\\1]\nProfileName = \"Office\"\n"
+            "[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles\\2]\nProfileName = \"Bank\"\n"
+            "[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles\\3]\nProfileName = \"Court\"\n"
+            "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Alpha]\n"
+            "ZCSProfile = { \"Office\", \"Bank\", \"Court\" }\n" +
+            settings +
+            "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Alpha\\rules\\Rule 0]\n"
+            "Operation = \"" +
+            operation + "\"\nZCSProfile = \"Bank\"\n");
+    }
+    // The user works in the rule editor, opened on the only rule.
+    void InTheEditor(const Script& script) {
+        user_.Expect<app::CBrisgateDlg>([&](app::CBrisgateDlg&) {
+            user_.Expect<editors::CAddRule>([&](editors::CAddRule&) {
+                script();
+                user_.Click(ui::IdCancel);
+            });
+            user_.DoubleClickRow(mainid::Rules, 0);
+            user_.PressCloseBox();
+        });
+        app::CertificateForms forms(services_, noting_);
+        app::CBrisgateDlg(services_, &forms).DoModal();
+    }
+    void ExpectTheQuietOne(const crypto::PickerSettings& settings) {
+        EXPECT_EQ(settings.ServerTSP, L"second");
+        EXPECT_EQ(settings.AutoUseTSP, 12);
+        EXPECT_EQ(settings.NotAddCert, 22);
+        EXPECT_EQ(settings.AutoVerifyTSP, 32);
+        EXPECT_EQ(settings.NoTSPisError, 42);
+        EXPECT_EQ(settings.NotUseLDAP, 52);
+        EXPECT_EQ(settings.NotLoadCrl, 62);
+        EXPECT_EQ(settings.NotCopyToLocal, 0);
+        EXPECT_EQ(settings.UseAIA, 0);
+        EXPECT_EQ(settings.IncludeAllCertificates, 1);
+        EXPECT_EQ(settings.ReportLibraryDetail, 0);
+        EXPECT_EQ(settings.GroupFilesFolder, L"");
+    }
+
+    NotingOpener noting_{services_};
+};
+
+TEST_F(SelectedStoreProfile, OpensTheContextAndFillsThePicker) {
+    SeedThree(onlyTheSecondIsQuiet, "ENCR");
+    InTheEditor([this] {
+        OpenPicker([this] {
+            EXPECT_FALSE(user_.CanUse(fromLdap));
+            user_.Click(ui::IdCancel);
+        });
+    });
+    EXPECT_EQ(library_.Calls(), (Calls{"Initialize \"Bank\" 0x80000045", "Uninitialize"}));
+    ASSERT_EQ(noting_.given.size(), 1U);
+    ExpectTheQuietOne(noting_.given[0]);
+}
+
+TEST_F(SelectedStoreProfile, IsProbedAndRefreshedInItsOwnTime) {
+    SeedThree(onlyTheSecondIsLoud, "ENCR");
+    const Calls opened{"Initialize \"Bank\" 0x80000460", "FindCert 0xE04 scope 0 \"CN=QQQ,C=RU\" fields 4",
+                       "FreeFindResult"};
+    Calls refreshed = opened;
+    refreshed.push_back("Ctrl 4");
+    InTheEditor([&] {
+        // The first has its revocation lists refreshed every hour, the third once a day.
+        for (const auto& [seconds, calls] :
+             {std::pair{0, refreshed}, std::pair{6 * 3600 - 60, opened}, std::pair{60, refreshed}}) {
+            clock_.Advance(seconds);
+            library_.ForgetCalls();
+            OpenPicker([&] {
+                EXPECT_TRUE(user_.CanUse(fromLdap));
+                EXPECT_EQ(library_.Calls(), calls);
+                user_.Click(ui::IdCancel);
+            });
+        }
+    });
+    ASSERT_EQ(noting_.given.size(), 3U);
+    const crypto::PickerSettings& settings = noting_.given[0];
+    EXPECT_EQ(settings.NotCopyToLocal, 72);
+    EXPECT_EQ(settings.UseAIA, 82);
+    EXPECT_EQ(settings.NotUseLDAP, 0);
+    EXPECT_EQ(settings.NotLoadCrl, 0);
+}
+
+TEST_F(SelectedStoreProfile, IsTheOneChosenInTheEditor) {
+    SeedThree(onlyTheSecondIsQuiet, "CHCK");
+    InTheEditor([this] {
+        user_.Choose(storeProfiles, 2);
+        OpenSignerLists([this] {
+            user_.Expect<certs::CPreEncryptDlg>(
+                [this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
+            user_.Click(signersid::Add);
+            user_.Click(ui::IdCancel);
+        });
+        user_.Choose(storeProfiles, 1);
+        OpenSignerLists([this] {
+            user_.Expect<certs::CPreEncryptDlg>(
+                [this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
+            user_.Click(signersid::Add);
+            user_.Click(ui::IdCancel);
+        });
+    });
+    EXPECT_EQ(library_.Calls().front(), "Initialize \"Court\" 0x80000460");
+    EXPECT_EQ(library_.Calls().at(library_.Calls().size() - 2), "Initialize \"Bank\" 0x80000045");
+    ASSERT_EQ(noting_.given.size(), 2U);
+    EXPECT_EQ(noting_.given[0].ServerTSP, L"third");
+    ExpectTheQuietOne(noting_.given[1]);
+}
+
+}  // namespace
+}  // namespace tests
