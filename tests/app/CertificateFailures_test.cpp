@@ -114,7 +114,13 @@ TEST_F(SilentNetwork, TheUserGoesOnWithoutIt) {
         EXPECT_EQ(ActionField(), L"2");
         EXPECT_EQ(screen_.boxOwners, std::vector<const ui::Dialog*>{editor});
     });
-    EXPECT_EQ(CountOf("Ctrl 4"), 1U);
+    // The recipients are looked for where the profile says, in the network too: 0x4.
+    EXPECT_EQ(library_.Calls(),
+              (Calls{"Initialize \"Office\" 0x80000040", probe, "FreeFindResult", "Ctrl 4",
+                     "FindCert 0x100 scope 0 null fields 132", "FreeFindResult",
+                     "FindCert 0x104 scope 4 \"CN=Anna Keller,O=Kontor,C=DE\" fields 163972",
+                     "FreeFindResult", "FindCert 0x104 scope 4 \"CN=Boris Petrov,O=Bank,C=RU\" fields 163972",
+                     "FreeFindResult", "Uninitialize"}));
 }
 
 TEST_F(SilentNetwork, TheUserGivesUp) {

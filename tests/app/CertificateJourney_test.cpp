@@ -222,6 +222,31 @@ TEST_F(SignersJourney, TwoListsThatShareNobodyIntoTheRegistryAndBack) {
     EXPECT_EQ(Dump(), saved);
 }
 
+TEST_F(SignersJourney, ExitAfterAddingLeavesTheListsOfTheRule) {
+    RunProgram([this] {
+        AddRule(L"CHCK", [this] {
+            OpenSignerLists([this] {
+                AddChiefs();
+                user_.Click(ui::IdOk);
+            });
+            OpenSignerLists([this] {
+                AddClerks();
+                EXPECT_EQ(Lists(), (std::vector<Names>{{L"chiefs", L"2"}, {L"clerks", L"2"}}));
+                user_.Click(ui::IdCancel);
+            });
+            EXPECT_EQ(ActionField(), L"1");
+            OpenSignerLists([this] {
+                EXPECT_EQ(Lists(), (std::vector<Names>{{L"chiefs", L"2"}}));
+                user_.Click(ui::IdCancel);
+            });
+        });
+        SaveAndLeave();
+    });
+    const std::string saved = Dump();
+    EXPECT_NE(saved.find("\\Rule 0\\chiefs]\nS0 = \"CN=Clara Weiss"), std::string::npos) << saved;
+    EXPECT_EQ(saved.find("clerks"), std::string::npos) << saved;
+}
+
 TEST_F(SignersJourney, AnEditedListReplacesTheOldOneInTheRegistry) {
     RunProgram([this] {
         AddRule(L"DCHK", [this] {

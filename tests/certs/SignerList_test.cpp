@@ -1,5 +1,6 @@
 #include "certs/SignerList.h"
 
+#include "app/CertificateForms.h"
 #include "tests/certs/CertsTest.h"
 
 namespace tests {
@@ -192,13 +193,32 @@ TEST_F(SignerListTest, DeletesTheSelectedListsAfterAQuestion) {
 }
 
 TEST_F(SignerListTest, ExitDiscardsEveryChange) {
-    EXPECT_EQ(Edit([this](SignerList&) {
-                  user_.ClickRow(listid::List, 0);
-                  ExpectQuestion(L"Delete 1 list(s)?", ui::IdYes);
-                  user_.Click(listid::Delete);
-                  Leave();
-              }),
-              std::nullopt);
+    const Lists before = lists_;
+    app::CertificateForms forms(forms_, opener_);
+    ui::Dialog owner(notes_, nullptr, {.size = {100, 50}});
+    user_.Expect<SignerList>([&](SignerList& form) {
+        ExpectPicker([this](CPreEncryptDlg&) {
+            AddLocal({L"CN=Hugo"});
+            user_.Click(pickid::SelectAll);
+            user_.Click(pickid::Choose);
+            user_.Type(pickid::Name, L"guests");
+            user_.Click(ui::IdOk);
+        });
+        user_.Click(listid::Add);
+        user_.ClickRow(listid::List, 1);
+        ExpectPicker([this](CPreEncryptDlg&) {
+            user_.Type(pickid::Name, L"staff");
+            user_.Click(ui::IdOk);
+        });
+        user_.Click(listid::Edit);
+        user_.ClickRow(listid::List, 0);
+        ExpectQuestion(L"Delete 1 list(s)?", ui::IdYes);
+        user_.Click(listid::Delete);
+        EXPECT_EQ(form.Lists(), (Lists{before[1], {L"staff", before[2].Signers}, {L"guests", {L"CN=Hugo"}}}));
+        Leave();
+    });
+    EXPECT_EQ(forms.EditSignerLists(owner, profile_, 2, lists_), std::nullopt);
+    EXPECT_EQ(lists_, before);
 }
 
 TEST_F(SignerListTest, ADoubleClickShowsTheMembers) {
