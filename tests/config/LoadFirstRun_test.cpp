@@ -1,6 +1,7 @@
 // The first start on a machine: there is no configuration, and loading makes a minimal one.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -98,6 +99,40 @@ TEST_F(FirstRun, KeepsTheSettingsThatItDoesNotWrite) {
     EXPECT_EQ(loaded->Settings.LogPath, L"");
     EXPECT_EQ(loaded->Settings.LogFilesize, 4000);
     EXPECT_EQ(DumpTrees(), tests::Canonical(GoldenLibrary + FirstService(other)));
+}
+
+// Not even the service's own key: a machine whose library is not set up stays as it was.
+TEST_F(FirstRun, NothingIsMadeBeforeTheLibrarysKeyHasOpened) {
+    const std::wstring library = L"HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles";
+    for (const uint32_t failure : {code::FileNotFound, code::AccessDenied}) {
+        SeedTrees(failure == code::FileNotFound ? std::string() : GoldenLibrary);
+        const std::string before = DumpTrees();
+        if (failure != code::FileNotFound) Registry().FailWhere(RegistryCall::Open, library, failure);
+        Registry().ForgetCalls();
+        ExpectReport(L"Create (open) register key " + library, failure);
+        EXPECT_EQ(Load(), std::nullopt);
+        EXPECT_EQ(Registry().Calls(),
+                  (std::vector<platform::memory::RecordedCall>{{RegistryCall::Open, library}}));
+        EXPECT_EQ(DumpTrees(), before);
+    }
+}
+
+TEST_F(FirstRun, NothingIsMadeBeforeEveryStoreProfileHasBeenRead) {
+    SeedTrees(GoldenLibrary);
+    ASSERT_TRUE(Load());
+    const auto& calls = Registry().Calls();
+    const auto changes = [](const auto& made) {
+        return made.call == RegistryCall::Create || made.call == RegistryCall::Set ||
+               made.call == RegistryCall::DeleteSubkey;
+    };
+    const auto readsTheLibrary = [](const auto& made) {
+        return made.call != RegistryCall::Close && made.target.starts_with(L"HKEY_CURRENT_USER");
+    };
+    const auto firstChange = std::find_if(calls.begin(), calls.end(), changes);
+    ASSERT_NE(firstChange, calls.end());
+    EXPECT_EQ(firstChange->target, L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice");
+    EXPECT_TRUE(std::any_of(calls.begin(), firstChange, readsTheLibrary));
+    EXPECT_FALSE(std::any_of(firstChange, calls.end(), readsTheLibrary));
 }
 
 TEST_F(FirstRun, IsNotRepeated) {
