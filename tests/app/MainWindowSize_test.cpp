@@ -76,6 +76,25 @@ TEST_F(MainWindowSizeTest, MinimisingChangesNothing) {
     });
 }
 
+TEST_F(MainWindowSizeTest, AMaximisedSizeIsNotEvenRemembered) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg& dialog) {
+        const ui::Size size = dialog.ClientSize();
+        const ui::Rect rules = Bounds(id::Rules);
+        const ui::Rect ok = Bounds(ui::IdOk);
+        const int column = user_.Get<ui::ListView>(id::Rules).Columns()[1].width;
+        dialog.UserResized(ui::SizeKind::Maximized, {size.width + 400, size.height + 300});
+        EXPECT_EQ(dialog.ClientSize(), size);
+        EXPECT_EQ(Bounds(id::Rules), rules);
+        EXPECT_EQ(Bounds(ui::IdOk), ok);
+        EXPECT_EQ(user_.Get<ui::ListView>(id::Rules).Columns()[1].width, column);
+        user_.Resize({40, 30});
+        EXPECT_EQ(Bounds(id::Rules), Moved(rules, 0, 0, 40, 30));
+        EXPECT_EQ(Bounds(ui::IdOk), Moved(ok, 40, 30, 0, 0));
+        user_.PressCloseBox();
+    });
+}
+
 TEST_F(MainWindowSizeTest, CannotBeMadeSmallerThanItsButtons) {
     SeedSmallConfiguration();
     Run([&](CBrisgateDlg&) {
