@@ -136,7 +136,7 @@ void CertificateJourney::OpenGroup(const std::wstring& path) {
     user_.Click(fromGroup);
 }
 
-void CertificateJourney::SaveGroup(const std::wstring& path) {
+void CertificateJourney::SaveGroup(const std::optional<std::wstring>& path) {
     user_.ExpectFilePicker(ui::FilePickerKind::Save, path);
     user_.Click(save);
 }

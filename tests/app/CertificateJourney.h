@@ -63,7 +63,7 @@ class CertificateJourney : public CryptoTest {
     void AddFromLocalStore() { user_.Click(fromLocalStore); }
     void SearchLdap(int field, const std::wstring& sample);
     void OpenGroup(const std::wstring& path);
-    void SaveGroup(const std::wstring& path);
+    void SaveGroup(const std::optional<std::wstring>& path);
     void Check(const Names& candidates);  // adds marks to those of these names
     void Choose(const Names& candidates);
     Names Candidates() const { return Shown(candidateList); }

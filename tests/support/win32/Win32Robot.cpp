@@ -5,7 +5,6 @@
 #include <algorithm>
 
 #include "tests/support/win32/Input.h"
-#include "tests/support/win32/SystemDialogs.h"
 #include "tests/support/win32/WindowChecks.h"
 #include "ui/win32/DialogWindow.h"
 
@@ -75,6 +74,7 @@ void Win32Robot::SystemDialogOpened(HWND window) {
             AnswerPicker(window, FolderPickerOpened(request->owner));
             break;
         case SystemDialogRequest::Kind::FilePicker:
+            lastPicker_ = LookAtPicker(window);
             AnswerPicker(window, FilePickerOpened(request->owner, request->picker));
             break;
     }

@@ -11,6 +11,7 @@
 #include "tests/support/Robot.h"
 #include "tests/support/win32/OpenedWindows.h"
 #include "tests/support/win32/RecordingScreen.h"
+#include "tests/support/win32/SystemDialogs.h"
 #include "ui/ListView.h"
 
 namespace tests {
@@ -42,6 +43,8 @@ class Win32Robot final : public Robot {
     void Restore() override;
 
     ui::Size OuterSize() override;
+    // The last file picker, as the system showed it.
+    const SeenPicker& LastPicker() const { return lastPicker_; }
 
   protected:
     void CheckWindows(ui::Dialog& dialog) override;
@@ -62,6 +65,7 @@ class Win32Robot final : public Robot {
 
     RecordingScreen& screen_;
     OpenedWindows opened_;
+    SeenPicker lastPicker_;
 };
 
 // The window of a dialog that is open, else none.

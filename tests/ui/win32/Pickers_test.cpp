@@ -1,12 +1,15 @@
-// What the system's file dialogs ask before they hand a path back.
+// What the system's file dialogs show, and what they ask before they hand a path back.
 #include "ui/win32/Pickers.h"
 
+#include <commdlg.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 #include "tests/support/TestFiles.h"
+#include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/OpenedWindows.h"
 #include "tests/support/win32/SystemDialogs.h"
 
@@ -27,14 +30,32 @@ class FilePickerTest : public testing::Test {
         const OpenedWindows opened([&](HWND window) {
             if (picker != nullptr) return AnswerBox(window, picker);
             picker = window;
+            look_(picker);
             AnswerPicker(picker, path);
         });
-        return ui::win32::PickFile(nullptr, {kind, L"Rules", L"*.prx", L"prx", L""});
+        return ui::win32::PickFile(nullptr, {kind,
+                                             L"Rules",
+                                             L"*.prx",
+                                             extension_,
+                                             proposal_,
+                                             {{L"Every file", L"*.*"}, {L"Notes", L"*.txt"}},
+                                             folder_});
+    }
+    SeenPicker Look(ui::FilePickerKind kind) {
+        SeenPicker seen;
+        look_ = [&seen](HWND picker) { seen = LookAtPicker(picker); };
+        EXPECT_EQ(Pick(kind, existing_).has_value(), true);
+        look_ = [](HWND) {};
+        return seen;
     }
 
     const std::unique_ptr<TestFiles> files_ = MakeTestFiles();
     const std::wstring existing_ = files_->Folder() + L"\\existing.prx";
     const std::wstring missing_ = files_->Folder() + L"\\missing.prx";
+    std::wstring extension_ = L"prx";
+    std::wstring proposal_;
+    std::wstring folder_;
+    std::function<void(HWND)> look_ = [](HWND) {};
     int answer_ = IDYES;
     int boxes_ = 0;
 
@@ -62,6 +83,89 @@ TEST_F(FilePickerTest, AsksBeforeItSavesOverAFile) {
     answer_ = IDNO;
     EXPECT_EQ(std::nullopt, Pick(ui::FilePickerKind::Save, existing_));
     EXPECT_EQ(1, boxes_);
+}
+
+// A name as people type it.
+TEST_F(FilePickerTest, TheExtensionIsPutBehindANameWithoutOne) {
+    const std::wstring existingName = files_->Folder() + L"\\existing";
+    EXPECT_EQ(Path(missing_), Pick(ui::FilePickerKind::Save, files_->Folder() + L"\\missing"));
+    EXPECT_EQ(0, boxes_);
+    EXPECT_EQ(Path(existing_), Pick(ui::FilePickerKind::Save, existingName));  // asked as for the whole name
+    EXPECT_EQ(1, boxes_);
+    const std::wstring other = files_->Folder() + L"\\notes.txt";
+    EXPECT_EQ(Path(other), Pick(ui::FilePickerKind::Save, other));
+    extension_ = L"*.*";
+    EXPECT_EQ(Path(existingName), Pick(ui::FilePickerKind::Save, existingName));
+    EXPECT_EQ(0, boxes_);
+}
+
+// What the dialog was asked for. Not every system that the tests run on shows it: some look for the name as
+// it was typed, without the extension, when a file is opened.
+struct AskedFor {
+    std::wstring extension;
+    DWORD flags = 0;
+};
+AskedFor askedFor;
+
+BOOL WINAPI NoteAndGiveUp(LPOPENFILENAMEW request) {
+    askedFor = {request->lpstrDefExt == nullptr ? std::wstring() : request->lpstrDefExt, request->Flags};
+    return FALSE;
+}
+
+TEST(FilePickerRequest, HasTheExtensionAndTheChecksForBothKinds) {
+    const ImportHook open("GetOpenFileNameW", NoteAndGiveUp);
+    const ImportHook save("GetSaveFileNameW", NoteAndGiveUp);
+    constexpr DWORD always = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_NOCHANGEDIR | OFN_HIDEREADONLY;
+    for (const auto& [kind, flags] : {std::pair{ui::FilePickerKind::Open, always | OFN_FILEMUSTEXIST},
+                                      std::pair{ui::FilePickerKind::Save, always | OFN_OVERWRITEPROMPT}}) {
+        for (const wchar_t* extension : {L"prx", L"grx"}) {
+            EXPECT_EQ(ui::win32::PickFile(nullptr, {kind, L"Rules", L"*.prx", extension, L""}), std::nullopt);
+            EXPECT_EQ(askedFor.extension, extension);
+            EXPECT_EQ(askedFor.flags, flags);
+        }
+        ui::win32::PickFile(nullptr, {kind, L"All", L"*.*", L"*.*", L""});
+        EXPECT_EQ(askedFor.extension, L"");
+    }
+}
+
+TEST_F(FilePickerTest, TheFiltersAreOfferedInTheirOrderAndHoldBackTheOtherFiles) {
+    std::ofstream(std::filesystem::path(files_->Folder() + L"\\notes.txt")) << "notes";
+    std::ofstream(std::filesystem::path(files_->Folder() + L"\\picture.png")) << "picture";
+    folder_ = files_->Folder();
+    using Texts = std::vector<std::wstring>;
+    const std::vector<Texts> shown{
+        {L"existing.prx"}, {L"existing.prx", L"notes.txt", L"picture.png"}, {L"notes.txt"}};
+    for (const ui::FilePickerKind kind : {ui::FilePickerKind::Open, ui::FilePickerKind::Save}) {
+        const SeenPicker seen = Look(kind);
+        EXPECT_EQ(seen.filters, (Texts{L"Rules", L"Every file", L"Notes"}));
+        EXPECT_EQ(seen.filter, L"Rules");
+        look_ = [&](HWND picker) {
+            for (const int filter : {1, 2, 0}) {
+                ChooseFilter(picker, filter);
+                EXPECT_EQ(LookAtPicker(picker).files, shown.at(static_cast<size_t>(filter))) << filter;
+            }
+        };
+        EXPECT_EQ(Pick(kind, existing_), Path(existing_));
+    }
+}
+
+TEST_F(FilePickerTest, StartsInItsFolderOrThatOfTheProposedFile) {
+    const std::filesystem::path other = std::filesystem::path(files_->Folder()) / L"other";
+    std::filesystem::create_directory(other);
+    for (const ui::FilePickerKind kind : {ui::FilePickerKind::Open, ui::FilePickerKind::Save}) {
+        proposal_.clear();
+        for (const std::wstring& folder : {files_->Folder(), other.wstring()}) {
+            folder_ = folder;
+            const SeenPicker seen = Look(kind);
+            EXPECT_EQ(seen.folder, folder);
+            EXPECT_EQ(seen.name, L"");
+            EXPECT_FALSE(seen.hasReadOnlyBox);
+        }
+        folder_.clear();
+        proposal_ = (other / L"new.prx").wstring();
+        EXPECT_EQ(Look(kind).folder, other.wstring());
+        EXPECT_EQ(Look(kind).name, L"new.prx");
+    }
 }
 
 }  // namespace
