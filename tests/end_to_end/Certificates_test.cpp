@@ -44,6 +44,35 @@ class SearchedFolder {
     std::wstring path_;
 };
 
+// A second stand-in with owners of its own, where every program of the machine would find it.
+class LibraryOfTheSystem {
+  public:
+    explicit LibraryOfTheSystem(const char* owners) {
+        if (fs::exists(library_)) return;  // the real one
+        std::error_code refused;
+        fs::copy_file(fs::path(platform::win32::ProgramFolder()) / L"demo" / L"morcel1.dll", library_,
+                      refused);
+        isOurs_ = !refused;
+        if (isOurs_) std::ofstream(owners_) << owners;
+    }
+    ~LibraryOfTheSystem() {
+        if (!isOurs_) return;
+        std::error_code ignored;
+        fs::remove(library_, ignored);
+        fs::remove(owners_, ignored);
+    }
+    LibraryOfTheSystem(const LibraryOfTheSystem&) = delete;
+    LibraryOfTheSystem& operator=(const LibraryOfTheSystem&) = delete;
+
+    bool IsThere() const { return isOurs_; }
+
+  private:
+    const fs::path folder_ = platform::win32::SystemFolder();
+    const fs::path library_ = folder_ / L"morcel1.dll";
+    const fs::path owners_ = folder_ / L"stand-in-owners.txt";
+    bool isOurs_ = false;
+};
+
 class CertificatesTest : public ::testing::Test {
   protected:
     void SetUp() override {
@@ -90,6 +119,18 @@ class CertificatesTest : public ::testing::Test {
         editor.SelectRow(window, ruleList, 0);
         Editor::Press(window, editRule);
         return editor.WaitForWindow(L"Edit rule");
+    }
+
+    // Whom the picker finds in the local store of the library that the program has taken.
+    std::vector<std::vector<std::wstring>> LocalNames(const Editor& editor, int count) const {
+        const HWND rule = OpenRule(editor);
+        if (rule == nullptr) return {};
+        Editor::Press(rule, actionButton);
+        const HWND picker = editor.WaitForWindow(L"Add recipients");
+        if (picker == nullptr) return {};
+        Editor::Press(picker, fromLocalStore);
+        if (!editor.WaitForRows(picker, candidateList, count)) return {};
+        return editor.Rows(picker, candidateList, 1);
     }
 
     const fs::path folder_ = fs::path(platform::win32::ProgramFolder()) / L"beside-stand-in";
@@ -177,6 +218,19 @@ TEST_F(CertificatesTest, ALibraryInTheCurrentFolderOrOnThePathIsNotTaken) {
     ASSERT_NE(warning, nullptr);
     EXPECT_TRUE(
         Editor::TextOf(warning, warningText).starts_with(L"Cryptocontext initialization.\r\nError 0x7E - "));
+}
+
+TEST_F(CertificatesTest, TheLibraryBesideTheProgramComesBeforeThatOfTheSystem) {
+    using Rows = std::vector<std::vector<std::wstring>>;
+    const LibraryOfTheSystem system("local | 1C | 09 | CN=System\n");
+    if (!system.IsThere()) GTEST_SKIP() << "nothing can be put into the folder of the system";
+    {
+        const Editor editor(program_.wstring());
+        EXPECT_EQ(LocalNames(editor, 2), (Rows{{L"CN=Anna,C=DE"}, {L"CN=Boris,C=RU"}}));
+    }
+    fs::remove(folder_ / L"morcel1.dll");
+    const Editor editor(program_.wstring());
+    EXPECT_EQ(LocalNames(editor, 1), (Rows{{L"CN=System"}}));
 }
 
 }  // namespace
