@@ -90,15 +90,14 @@ int ChoiceTakenOver(Option before, int index, Option now) {
     return now == Option::ArchiveIfAny ? std::min(index + 1, 2) : std::max(index - 1, 0);
 }
 
-void TakeOverLists(RuleForm& form, const OperationShape& now) {
+void TakeOverLists(RuleForm& form, const OperationShape& before, const OperationShape& now) {
     const Option inRowB = now.options[RowB];
     if (now.options[RowA] == Option::InputFormat) form.Choices[RowA] = 0;
     if (FieldOf(inRowB).input == Input::List) {
         form.Choices[RowB] = ChoiceTakenOver(form.ListInRowB, form.Choices[RowB], inRowB);
         form.ListInRowB = inRowB;
-    } else if (inRowB == Option::AddExtension) {
-        // Kept: of the operations without an archive only moving forgets what was chosen before.
-        form.Choices[RowB] = 0;
+    } else if (inRowB == Option::AddExtension && IsArchiveList(before.options[RowB])) {
+        // Kept: moving forgets the archive of the operation right before it, and of no earlier one.
         form.ListInRowB = Option::None;
     }
 }
@@ -113,7 +112,7 @@ RuleForm OpenedForm(const Rule& rule, const std::vector<std::wstring>& storeProf
     RuleForm form;
     form.Operation = KnownOperation(rule.Operation);
     const OperationShape& shape = ShapeOf(form.Operation);
-    TakeOverLists(form, shape);
+    TakeOverLists(form, ShapeOf({}), shape);
     if (rule.Operation.empty()) return form;
 
     form.StoreProfile = IndexOf(rule.ZCSProfile, storeProfiles);
@@ -146,7 +145,7 @@ void TakeOverOperation(RuleForm& form, const std::wstring& previous) {
         form.Texts.at(row).clear();
         if (row < RowD) form.Numbers.at(row) = 0;
     }
-    TakeOverLists(form, now);
+    TakeOverLists(form, before, now);
 }
 
 std::wstring ActionText(const RuleForm& form) {

@@ -25,7 +25,7 @@ struct RuleForm {
     std::array<std::wstring, RowCount> Texts;
     std::array<int32_t, RowD> Numbers{};  // row D has no number and no list
     std::array<int, RowD> Choices{};      // selected indexes, or -1
-    Option ListInRowB = Option::None;     // the list whose choice row B holds, shown or not
+    Option ListInRowB = Option::None;     // the list whose choice row B holds, shown or not; None: forgotten
 
     std::vector<std::wstring> Masks;
     std::vector<config::CertificateRef> Recipients;

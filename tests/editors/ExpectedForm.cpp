@@ -51,31 +51,36 @@ bool ExpectedForm::HasStoreProfile() const {
 
 void ExpectedForm::ChangeTo(const std::wstring& operation) {
     const std::wstring before = operation_;
-    const bool hadRecipients = HasRecipients();
-    const bool hadSigners = HasSigners() || before == L"EXEC";
     operation_ = operation;
-    const bool isNew = before != operation;
+    if (before == operation) return;
 
-    if (hadRecipients && !HasRecipients()) recipients = 0;
-    if (hadSigners && !HasSigners() && !Is(L"EXEC")) signerLists = 0;
+    if (!HasRecipients()) recipients = 0;
+    if (!HasSigners() && !Is(L"EXEC")) signerLists = 0;
     if (Is(L"DELE") || before == L"DELE") pathOut.clear();
-    if (isNew && Is(L"MOVE")) path = rowA = rowB = rowC = rowD = L"";
-    if (isNew && Is(L"PACK")) {
+    StartOptions();
+    CarryArchive(before);
+}
+
+// What moving, packing, executing and resigning ask for starts anew each time. The new signature profile is
+// the exception: it stays what it was.
+void ExpectedForm::StartOptions() {
+    path = L"";
+    if (Is(L"MOVE")) rowA = rowB = rowC = rowD = L"";
+    if (Is(L"PACK")) {
         rowA = rowB = rowC = L"0";
         rowD = L"";
     }
-    if (isNew && Is(L"EXEC")) {
-        rowA = L"0";
-        path = L"";
-    }
-    if (isNew && Is(L"RESG")) {
-        inDetached = outDetached = false;
-        archive = L"";  // its list is gone: the archive starts anew
-    }
-    if (isNew && Is(L"MOVE")) archive = L"";
+    if (Is(L"EXEC")) rowA = L"0";
+    if (Is(L"RESG")) inDetached = outDetached = false;
+}
+
+// An archive is remembered by its kind, however many operations without one lie between. Two steps forget it:
+// from an operation with an archive straight to moving, and to resigning, which has the list for its formats.
+void ExpectedForm::CarryArchive(const std::wstring& before) {
+    const bool comesFromArchive = Holds(archiveOrNot, before) || Holds(archiveAlways, before);
+    if (Is(L"RESG") || (Is(L"MOVE") && comesFromArchive)) archive.clear();
     if (OffersNo() && archive.empty()) archive = L"No";
-    if (Holds(archiveAlways, operation_) && (archive.empty() || archive == L"No"))
-        archive = L"ZIP archivation";
+    if (Holds(archiveAlways, operation_) && archive != L"GZIP archivation") archive = L"ZIP archivation";
 }
 
 std::wstring ExpectedForm::ActionButton() const {
@@ -95,7 +100,7 @@ ExpectedForm::Seen ExpectedForm::Shown() const {
     const std::wstring unlessDelete = Is(L"DELE") ? L" (disabled)" : L"";
     Seen seen{
         {1104, HasStoreProfile() ? L"CS profile: " : L""},
-        {1051, HasStoreProfile() ? L"Office|Bank|Tax| Office" : hidden},
+        {1051, HasStoreProfile() ? L"Office|Bank|Tax| " + storeProfile : hidden},
         {1043, WithIcon(L"Output folder", ui::Icon::FolderOut) + unlessDelete},
         {1046, pathOut + unlessDelete},
         {1050, ActionButton()},

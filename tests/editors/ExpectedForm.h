@@ -15,6 +15,7 @@ class ExpectedForm {
     explicit ExpectedForm(std::wstring firstOperation) : operation_(std::move(firstOperation)) {}
 
     // What the user has put in where the operation asks for it.
+    std::wstring storeProfile = L"Office";
     std::wstring pathOut;
     size_t recipients = 0;
     size_t signerLists = 0;
@@ -32,11 +33,13 @@ class ExpectedForm {
     bool HasRecipients() const;
     bool HasSigners() const;
     bool HasArchive() const;  // a list with or without "No"
+    bool HasStoreProfile() const;
     bool Is(const wchar_t* operation) const { return operation_ == operation; }
 
   private:
+    void StartOptions();
+    void CarryArchive(const std::wstring& before);
     bool OffersNo() const;
-    bool HasStoreProfile() const;
     std::wstring ActionButton() const;
     std::wstring ActionField() const;
     void ShowRows(Seen& seen) const;
