@@ -97,10 +97,12 @@ void CAddProfile::SelectCsProfile() {
 void CAddProfile::AddCsProfile() {
     if (LacksTimeStampServer()) return;
     CAddCSProfDlg chooser(Screen(), this, csProfileNames_);
-    if (chooser.DoModal() != ui::IdOk || config::IsAttached(profile_, chooser.ProfileName())) return;
+    if (chooser.DoModal() != ui::IdOk) return;
+    const std::wstring& name = chooser.ProfileName();
+    if (name.empty() || config::IsAttached(profile_, name)) return;
     KeepShownSettings();
-    config::AttachStoreProfile(profile_, chooser.ProfileName());
-    ShowCsProfile(csProfiles_.Add(chooser.ProfileName()));
+    config::AttachStoreProfile(profile_, name);
+    ShowCsProfile(csProfiles_.Add(name));
 }
 
 void CAddProfile::DeleteCsProfile() {

@@ -179,6 +179,28 @@ TEST_F(AddProfileCsProfiles, TheFirstOneCanBeAddedToABareProfile) {
     EXPECT_EQ(profile, expected);
 }
 
+// An account without CS profiles, or one of them without a name.
+TEST_F(AddProfileCsProfiles, AChoiceWithoutANameAddsNothing) {
+    for (const Texts& offered : {Texts{}, Texts{L""}}) {
+        for (const config::ServiceProfile& given : {Alpha(), With({})}) {
+            csProfileNames_ = offered;
+            const auto profile = Edit(given, [&](ui::Dialog&) {
+                user_.Type(Period, L"7");
+                user_.Expect<editors::CAddCSProfDlg>([&](editors::CAddCSProfDlg&) {
+                    EXPECT_EQ(user_.Get<ui::ComboBox>(Choice).Items(), offered);
+                    user_.Click(ui::IdOk);
+                });
+                user_.Click(Add);
+                EXPECT_EQ(CsProfiles(), given.ZCSProfile);
+                EXPECT_EQ(user_.Text(Period), L"7");
+                user_.Type(Period, given.ZCSProfile.empty() ? L"1" : L"24");
+                user_.Click(ui::IdOk);
+            });
+            EXPECT_EQ(profile, given);
+        }
+    }
+}
+
 // Lists of unequal length come from a registry that somebody edited.
 TEST_F(AddProfileCsProfiles, MissingEntriesShowTheirDefaultsAndStayMissing) {
     config::ServiceProfile uneven = With({});
