@@ -87,7 +87,8 @@ bool Loader::MakeFirstConfiguration(const std::vector<crypto::CsProfile>& csProf
     const size_t failures = reporter_.Count();
     const bool made = CreateFirstProfile(csProfiles);
     if (!putOff && reporter_.Count() == failures) record.SaveHasEnded();
-    if (csProfiles.empty()) throw std::invalid_argument("the first service profile needs a store profile");
+    if (csProfiles.empty()) throw std::invalid_argument(
+            "There is no CS profile: set one up with the tools of the library and start the program anew.");
     return made;
 }
 

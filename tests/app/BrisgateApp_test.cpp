@@ -71,9 +71,12 @@ TEST_F(StartTest, AFailedLoadIsReportedOnceAndReleasesTheLock) {
     EXPECT_FALSE(lock_.Held());
 }
 
-TEST_F(StartTest, AFirstRunWithoutAStoreProfileShowsOneBox) {
+TEST_F(StartTest, AFirstRunWithoutACsProfileSaysWhatToDo) {
     Seed("[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles]\n");
-    user_.ExpectBoxBeginning(L"The program has to end.\r\n", Ok | ErrorIcon, ui::IdOk);
+    user_.ExpectBox(
+        L"The program has to end.\r\n"
+        L"There is no CS profile: set one up with the tools of the library and start the program anew.",
+        Ok | ErrorIcon, ui::IdOk, boxes::Title);
     Start();
     EXPECT_FALSE(lock_.Held());
 }

@@ -60,6 +60,14 @@ const std::vector<std::wstring> withoutCsProfile{
 
 class FirstRun : public tests::ConfigTest {
   protected:
+    std::string ReasonNotToLoad() {
+        try {
+            Load();
+        } catch (const std::invalid_argument& reason) {
+            return reason.what();
+        }
+        return "none: it loaded";
+    }
     // The names of the values written, in their order, with the last part of their key in front.
     std::vector<std::wstring> WrittenToTheService() {
         std::vector<std::wstring> names;
@@ -167,7 +175,8 @@ TEST_F(FirstRun, WithoutACsProfileItTakesBackWhatItHasBegun) {
 
 TEST_F(FirstRun, WithoutACsProfileAllElseIsWrittenAsEver) {
     SeedTrees(Key(LibraryKey + "\\Profiles"));
-    EXPECT_THROW(Load(), std::invalid_argument);
+    EXPECT_EQ(ReasonNotToLoad(),
+              "There is no CS profile: set one up with the tools of the library and start the program anew.");
     EXPECT_EQ(WrittenToTheService(), withoutCsProfile);
 }
 

@@ -164,12 +164,15 @@ TEST_F(ProgramTest, AProfileWithoutRulesKeyIsReportedAndEndsTheProgram) {
     EXPECT_TRUE(editor.WaitForEnd());
 }
 
-TEST_F(ProgramTest, AFirstRunWithoutAStoreProfileShowsOneBoxAndEnds) {
+TEST_F(ProgramTest, AFirstRunWithoutACsProfileSaysWhatToDoAndEnds) {
     Seed("[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles]\n");
     const Editor editor;
     const HWND box = editor.WaitForBox();
     ASSERT_NE(box, nullptr);
-    EXPECT_NE(Editor::BoxText(box).find(L"The program has to end."), std::wstring::npos);
+    EXPECT_EQ(
+        Editor::BoxText(box),
+        L"The program has to end.\r\n"
+        L"There is no CS profile: set one up with the tools of the library and start the program anew.");
     PostMessageW(box, WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(editor.WaitForEnd());
 }
