@@ -10,7 +10,7 @@ namespace tests::boxes {
 inline constexpr uint32_t Question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
 inline constexpr uint32_t Hint = ui::box::Ok | ui::box::ExclamationIcon;
 inline constexpr uint32_t Report = ui::box::Ok | ui::box::ErrorIcon;
-inline constexpr uint32_t OkOrCancel = 0x31;  // with the question icon; as the library's callers pass it
+inline constexpr uint32_t OkOrCancel = 0x31;  // with the exclamation mark; as the library's callers pass it
 
 inline constexpr wchar_t Title[] = L"ZEMA AC QLD Service - configuration";
 inline constexpr wchar_t LeaveText[] = L"Some changes has not been saved. Exit without saving?";
