@@ -42,14 +42,15 @@ class MemoryInstanceLock final : public InstanceLock {
     Win32Code fault_ = code::Success;
 };
 
-// 17 pixels for either part on an unscaled monitor.
+// On an unscaled monitor 17 pixels of width and 19 of height: two numbers, so that neither passes for the
+// other.
 class MemoryScreenMetrics final : public ScreenMetrics {
   public:
-    int VerticalScrollBarWidth(uint32_t dpi) const override { return Scaled(dpi); }
-    int VerticalScrollArrowHeight(uint32_t dpi) const override { return Scaled(dpi); }
+    int VerticalScrollBarWidth(uint32_t dpi) const override { return Scaled(17, dpi); }
+    int VerticalScrollArrowHeight(uint32_t dpi) const override { return Scaled(19, dpi); }
 
   private:
-    static int Scaled(uint32_t dpi) { return static_cast<int>((17 * dpi + 48) / 96); }
+    static int Scaled(uint32_t pixels, uint32_t dpi) { return static_cast<int>((pixels * dpi + 48) / 96); }
 };
 
 class MemoryMemory final : public Memory {

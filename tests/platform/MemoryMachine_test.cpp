@@ -86,7 +86,8 @@ TEST(MemoryPartsTest, TheLockIsHeldByUsOrAnother) {
 TEST(MemoryPartsTest, ScreenMetricsGrowWithTheResolution) {
     const platform::memory::MemoryScreenMetrics metrics;
     EXPECT_EQ(metrics.VerticalScrollBarWidth(96), 17);
-    EXPECT_EQ(metrics.VerticalScrollArrowHeight(120), 21);
+    EXPECT_EQ(metrics.VerticalScrollArrowHeight(96), 19);
+    EXPECT_EQ(metrics.VerticalScrollArrowHeight(120), 24);
     EXPECT_EQ(metrics.VerticalScrollBarWidth(144), 26);
     EXPECT_EQ(metrics.VerticalScrollBarWidth(192), 34);
 }
