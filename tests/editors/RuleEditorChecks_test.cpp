@@ -8,11 +8,11 @@ namespace {
 
 class RuleEditorChecks : public RuleEditorTest {
   protected:
-    // The user accepts the rule as it stands, is refused, and leaves.
-    void ExpectRefused(const config::Rule& rule, int focus, const std::function<void()>& expectBox) {
+    // The user changes what there is to change and expects the box, accepts the rule, is refused, and leaves.
+    void ExpectRefused(const config::Rule& rule, int focus, const std::function<void()>& prepare) {
         EXPECT_FALSE(Edit(rule, [&](ui::Dialog& dialog) {
+            prepare();
             const Seen before = Look(dialog);
-            expectBox();
             user_.Click(ui::IdOk);
             ASSERT_FALSE(dialog.HasEnded());
             EXPECT_EQ(Look(dialog), before);
@@ -92,10 +92,11 @@ TEST_F(RuleEditorChecks, NoRecipients) {
 
 TEST_F(RuleEditorChecks, NoExecutable) {
     for (const wchar_t* notSet : {L"", L"0"}) {
-        config::Rule rule = FullRule(L"EXEC");
-        rule.ExecName = notSet;
-        ExpectRefused(rule, ruleid::ActionField,
-                      [this] { ExpectErrBox(L"Executable file is not set.", ui::Icon::Executable); });
+        ExpectRefused(FullRule(L"EXEC"), ruleid::ActionField, [this, notSet] {
+            user_.Type(ruleid::ActionField, notSet);
+            EXPECT_EQ(user_.Text(ruleid::ActionField), notSet);
+            ExpectErrBox(L"Executable file is not set.", ui::Icon::Executable);
+        });
     }
 }
 
