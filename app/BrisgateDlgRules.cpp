@@ -13,10 +13,9 @@
 namespace app {
 
 std::optional<CBrisgateDlg::ChosenRule> CBrisgateDlg::FirstChosenRule() {
-    config::ServiceProfile* const profile = OpenedProfile();
     const std::optional<size_t> row = rules_.FirstSelected();
-    if (profile == nullptr || !row || *row >= profile->Rules.size()) return std::nullopt;
-    return ChosenRule{*profile, *row};
+    if (!row) return std::nullopt;
+    return ChosenRule{*OpenedProfile(), *row};  // without an opened profile there are no rows
 }
 
 // How every command ends that has changed the rules.
@@ -43,18 +42,18 @@ std::optional<config::Rule> CBrisgateDlg::RunRuleEditor(const config::ServicePro
 void CBrisgateDlg::AddRule() {
     if (OpenedProfile() == nullptr) return;
     std::optional<config::Rule> rule = RunRuleEditor(*OpenedProfile(), {});
-    config::ServiceProfile* const profile = OpenedProfile();
-    if (!rule || profile == nullptr) return;
-    profile->Rules.push_back(std::move(*rule));
+    if (!rule) return;
+    std::vector<config::Rule>& rules = OpenedProfile()->Rules;
+    rules.push_back(std::move(*rule));
     ShowChangedRules();
-    ShowRule(profile->Rules.size() - 1);
+    ShowRule(rules.size() - 1);
 }
 
 void CBrisgateDlg::CopyRule() {
     const auto chosen = FirstChosenRule();
     if (!chosen) return;
     std::vector<config::Rule>& rules = chosen->profile.Rules;
-    config::Rule copy = rules[chosen->position];
+    config::Rule copy = rules.at(chosen->position);
     rules.insert(rules.begin() + static_cast<std::ptrdiff_t>(chosen->position) + 1, std::move(copy));
     ShowChangedRules();
     ShowRule(chosen->position + 1);
@@ -64,21 +63,18 @@ void CBrisgateDlg::EditRule() {
     const auto chosen = FirstChosenRule();
     if (!chosen) return;
     const size_t position = chosen->position;
-    std::optional<config::Rule> rule = RunRuleEditor(chosen->profile, chosen->profile.Rules[position]);
-    config::ServiceProfile* const profile = OpenedProfile();
-    if (!rule || profile == nullptr || position >= profile->Rules.size()) return;
-    profile->Rules[position] = std::move(*rule);
+    std::optional<config::Rule> rule = RunRuleEditor(chosen->profile, chosen->profile.Rules.at(position));
+    if (!rule) return;
+    OpenedProfile()->Rules.at(position) = std::move(*rule);
     ShowChangedRules();
     ShowRule(position);
 }
 
 void CBrisgateDlg::DeleteRules() {
     const std::vector<size_t> rows = rules_.SelectedRows();
-    if (OpenedProfile() == nullptr || rows.empty()) return;
+    if (rows.empty()) return;
     if (!errors::Confirm(Screen(), this, text::Format(L"Delete %d rule(s)?", rows.size()))) return;
-    config::ServiceProfile* const profile = OpenedProfile();
-    if (profile == nullptr) return;
-    ui::RemoveRows(profile->Rules, rows);
+    ui::RemoveRows(OpenedProfile()->Rules, rows);
     ShowChangedRules();
     if (rules_.RowCount() > 0) rules_.FocusRow(std::min(rows.front(), rules_.RowCount() - 1));
 }
@@ -138,7 +134,7 @@ void CBrisgateDlg::ImportRules() {
     config::ServiceProfile* const profile = OpenedProfile();
     if (profile == nullptr || !app::ImportRules(services_, this, *profile)) return;
     ShowChangedRules();
-    if (rules_.RowCount() > 0) ShowRule(rules_.RowCount() - 1);
+    ShowRule(rules_.RowCount() - 1);
 }
 
 }  // namespace app

@@ -47,6 +47,7 @@ class Loader {
     const errors::ErrorReporter& reporter_;
     const KeyReports report_;
     const ui::Dialog* owner_;
+    bool lacksCsProfile_ = false;  // to name in the first profile
 };
 
 constexpr wchar_t FirstProfile[] = L"default";
@@ -87,7 +88,8 @@ bool Loader::MakeFirstConfiguration(const std::vector<crypto::CsProfile>& csProf
     const size_t failures = reporter_.Count();
     const bool made = CreateFirstProfile(csProfiles);
     if (!putOff && reporter_.Count() == failures) record.SaveHasEnded();
-    if (csProfiles.empty()) throw std::invalid_argument(
+    if (lacksCsProfile_)
+        throw std::invalid_argument(
             "There is no CS profile: set one up with the tools of the library and start the program anew.");
     return made;
 }
@@ -124,6 +126,7 @@ void Loader::WriteFirstProfile() {
 }
 
 bool Loader::TakeBackFirstProfile() {
+    lacksCsProfile_ = true;
     static_cast<void>(Open(ServiceRoot) &&
                       report_.Deleted(store_.DeleteKeyTree(FirstProfile), ServiceHive, firstProfilePath));
     return false;

@@ -113,6 +113,21 @@ TEST_F(MainWindowProfileDeletion, WithoutAnOpenedNameADoubleClickBesideTheRowsDo
     });
 }
 
+// The menu greys them, but a command can also be sent to the window.
+TEST_F(MainWindowProfileDeletion, WithoutAnOpenedNameTheCommandsThatNeedOneDoNothing) {
+    Run([&](CBrisgateDlg& dialog) {
+        user_.ClickRow(id::Profiles, 1);
+        Delete(L"Beta");
+        user_.Click(id::Save);
+        for (const wchar_t* search : {L"", L"e"}) {
+            user_.Type(id::Search, search);
+            for (const int command : app::ProfileCommands()) dialog.UserChoseMenu(command);
+        }
+        EXPECT_EQ(Profiles(), Texts{L"Alpha"});
+        LeaveUnchanged();
+    });
+}
+
 TEST_F(MainWindowProfileDeletion, TheQuestionNamesTheOpenedProfileAndTheSelectedOneGoes) {
     Run([&](CBrisgateDlg&) {
         user_.Get<ui::ListView>(id::Profiles).SelectOnly(1);

@@ -130,6 +130,21 @@ TEST_F(MainWindowSwitches, ARuleWithoutAnOperationKeepsItsSwitch) {
     });
 }
 
+// Deleting a profile empties the list, though the name of another one counts as opened.
+TEST_F(MainWindowSwitches, RulesThatAreNotListedAreNotSwitched) {
+    constexpr int deleteProfile = 1033;
+    configuration_.Profiles.emplace_back().Name = L"Aaa";
+    rules_[2].IsOn = 0;
+    Run([&] {
+        user_.ExpectBox(L"Delete profile 'Aaa'?", boxes::Question, ui::IdYes);
+        user_.Click(deleteProfile);
+        EXPECT_EQ(List().RowCount(), 0U);
+        List().UserLeft();
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(StoredSwitches(), (std::vector<int32_t>{1, 1, 0, 1, 1}));
+}
+
 TEST_F(MainWindowSwitches, WithoutAnOpenedProfileThereIsNothingToSwitch) {
     constexpr int deleteProfile = 1033;
     configuration_.Profiles.emplace_back().Name = L"Beta";
@@ -139,6 +154,8 @@ TEST_F(MainWindowSwitches, WithoutAnOpenedProfileThereIsNothingToSwitch) {
         user_.ExpectBox(L"Delete profile 'Beta'?", boxes::Question, ui::IdYes);
         user_.Click(deleteProfile);
         EXPECT_EQ(user_.Text(id::ProfileLabel), L"Profile: ");
+        List().UserLeft();
+        user_.Type(id::Search, L"a");  // fills the list, with nothing
         List().UserLeft();
         user_.Click(ui::IdOk);
     });
