@@ -30,7 +30,7 @@ void MainWindowProfilesTest::ExpectProfileCommands(const app::CBrisgateDlg& dial
 }
 
 void MainWindowProfilesTest::LeaveChanged() {
-    user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
+    user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes, boxes::Title);
     user_.PressCloseBox();
 }
 

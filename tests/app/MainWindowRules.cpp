@@ -71,7 +71,7 @@ void MainWindowRulesTest::Select(const Rows& rows) {
 }
 
 void MainWindowRulesTest::ExpectLeaveQuestion(int answer) {
-    user_.ExpectBox(boxes::LeaveText, boxes::Question, answer);
+    user_.ExpectBox(boxes::LeaveText, boxes::Question, answer, boxes::Title);
 }
 
 void MainWindowRulesTest::LeaveChanged() {

@@ -36,15 +36,15 @@ TEST_F(MainWindowRulesTest, ACopyIsTheSameInEveryField) {
 TEST_F(MainWindowRulesTest, DeleteAsksAndRemovesTheSelectedRules) {
     Run([&] {
         Select({0, 2, 3});
-        user_.ExpectBox(L"Delete 3 rule(s)?", boxes::Question, ui::IdNo);
+        user_.ExpectBox(L"Delete 3 rule(s)?", boxes::Question, ui::IdNo, boxes::Title);
         user_.Click(id::DeleteRule);
         EXPECT_EQ(Descriptions().size(), 5U);
-        user_.ExpectBox(L"Delete 3 rule(s)?", boxes::Question, ui::IdYes);
+        user_.ExpectBox(L"Delete 3 rule(s)?", boxes::Question, ui::IdYes, boxes::Title);
         user_.ChooseMenu(command::DeleteRule);
         EXPECT_EQ(Descriptions(), (Texts{L"b", L"e"}));
         ExpectNoneSelected();
         Select({1});
-        user_.ExpectBox(L"Delete 1 rule(s)?", boxes::Question, ui::IdYes);
+        user_.ExpectBox(L"Delete 1 rule(s)?", boxes::Question, ui::IdYes, boxes::Title);
         user_.Press(Key::Delete);
         EXPECT_EQ(Descriptions(), Texts{L"b"});
         LeaveChanged();

@@ -134,7 +134,7 @@ TEST_F(MainWindowTest, AClickOnAProfileOpensIt) {
         EXPECT_EQ(RuleColumn(1), Texts{L"Delete drafts"});
         user_.ClickRow(id::Profiles, 0);
         EXPECT_EQ(RuleColumn(0), (Texts{L"1", L"2", L"3"}));
-        user_.PressCloseBox();  // opening is no change: no boxes::Question
+        user_.PressCloseBox();  // opening is no change: no question
     });
 }
 
@@ -186,7 +186,7 @@ TEST_F(MainWindowTest, ARightClickUnderASearchTellsTheRuleThatTheRowShows) {
         });
         user_.RightClickCell(id::Rules, 0, 8);
         // The list was left with rows that stand for other rules than those at their positions.
-        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes, boxes::Title);
         user_.PressCloseBox();
     });
 }
@@ -251,11 +251,11 @@ TEST_F(MainWindowTest, SwitchingARuleOffCountsAsAChangeOnceTheListIsLeft) {
         user_.ClickCheckBox(id::Rules, 0);
         EXPECT_FALSE(user_.Get<ui::ListView>(id::Rules).IsChecked(0));
         user_.Click(id::Search);
-        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdNo);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdNo, boxes::Title);
         user_.Click(ui::IdCancel);
         EXPECT_TRUE(dialog.IsOpen());
         EXPECT_FALSE(user_.Get<ui::ListView>(id::Rules).IsChecked(0));
-        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes, boxes::Title);
         user_.Press(Key::Escape);
     });
     EXPECT_EQ(result, ui::IdCancel);
@@ -304,7 +304,7 @@ TEST_F(MainWindowTest, SaveAndExitAsksAfterASaveThatFailedEarly) {
                 L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice.\r\nError "
                 L"0x5 - ",
                 ui::box::ErrorIcon, ui::IdOk);
-            user_.ExpectBox(boxes::LeaveText, boxes::Question, answer);
+            user_.ExpectBox(boxes::LeaveText, boxes::Question, answer, boxes::Title);
             user_.Click(ui::IdOk);
         }
     });
@@ -321,7 +321,7 @@ TEST_F(MainWindowTest, ACheckBoxThatAFailingSaveTakesOverIsUnsaved) {
         user_.ExpectBoxBeginning(L"Create (open) register key ", ui::box::ErrorIcon, ui::IdOk);
         user_.ChooseMenu(57603);
         world_->Registry().NoFaults();
-        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes, boxes::Title);
         user_.PressCloseBox();
     });
 }
