@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 #include <random>
 
 #include "config/ExchangeFile.h"
@@ -113,73 +112,6 @@ TEST(ExchangeProperty, WhatWasReadOnceIsReadAgain) {
         ASSERT_LE(again.anyRecord, first.anyRecord) << "seed " << seed << ", round " << round;
     }
     EXPECT_GT(rulesSeen, 1'000U);
-}
-
-std::string Repeated(std::string_view part, size_t bytes) {
-    std::string text;
-    while (text.size() < bytes) text += part;
-    return text;
-}
-
-// The shortest of several runs, which the rest of the machine disturbs least.
-double Seconds(const std::string& text) {
-    double shortest = 1e9;
-    for (int run = 0; run < 5; ++run) {
-        const auto start = std::chrono::steady_clock::now();
-        const auto exchanged = config::ParseExchangeText(text, MemoryCodePage());
-        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
-        shortest = std::min(shortest, time.count());
-    }
-    return shortest;
-}
-
-TEST(ExchangeProperty, TimeGrowsWithTheNumberOfBytes) {
-    using Shape = std::string (*)(size_t);
-    const std::pair<const char*, Shape> shapes[] = {
-        {"line feeds", [](size_t n) { return Repeated("\n", n) + "\n\r"; }},
-        {"no record end", [](size_t n) { return Repeated("\n", n); }},
-        {"record ends", [](size_t n) { return Repeated("\n\r", n); }},
-        {"carriage returns", [](size_t n) { return Repeated("\r", n); }},
-        {"single lines", [](size_t n) { return Repeated("a\n\r", n); }},
-        {"short records", [](size_t n) { return Repeated("\n\n\n\r", n); }},
-        {"rules", [](size_t n) { return Repeated(tests::FullRecord, n); }},
-        {"a long text",
-         [](size_t n) {
-             return tests::Record({{12, Repeated("a", n)}});
-         }},
-        {"a long number",
-         [](size_t n) {
-             return tests::Record({{6, Repeated("9", n)}});
-         }},
-        {"many masks",
-         [](size_t n) {
-             return tests::Record({{4, Repeated("a;;", n)}});
-         }},
-        {"empty masks",
-         [](size_t n) {
-             return tests::Record({{4, Repeated(";", n)}});
-         }},
-        {"many signer lists",
-         [](size_t n) {
-             return tests::Record({{13, Repeated("a;\\;", n)}});
-         }},
-        {"a long signer list",
-         [](size_t n) {
-             return tests::Record({{13, Repeated("a;;", n)}});
-         }},
-        {"nearly separators",
-         [](size_t n) {
-             return tests::Record({{13, Repeated(";\\", n)}});
-         }},
-    };
-    constexpr size_t small = 10'000;
-    constexpr size_t times = 32;
-    for (const auto& [what, shape] : shapes) {
-        const double once = Seconds(shape(small));
-        const double large = Seconds(shape(times * small));
-        EXPECT_LT(large, times * 8 * once + 0.01)
-            << what;  // in proportion to the square it would be 1024 times
-    }
 }
 
 }  // namespace

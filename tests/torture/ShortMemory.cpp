@@ -12,6 +12,7 @@ struct State {
     bool active = false;
     bool harness = false;
     size_t counted = 0;
+    size_t bytes = 0;
     size_t refused = 0;
     size_t first = ShortMemory::Never;
     size_t last = ShortMemory::Never;
@@ -19,8 +20,9 @@ struct State {
 
 thread_local State state;
 
-bool Refuses() {
+bool Refuses(size_t size) {
     if (!state.active || state.harness) return false;
+    state.bytes += size;
     const size_t number = state.counted++;
     if (number < state.first || number > state.last) return false;
     ++state.refused;
@@ -45,6 +47,10 @@ ShortMemory::~ShortMemory() {
 
 size_t ShortMemory::Counted() const {
     return state.counted;
+}
+
+size_t ShortMemory::Bytes() const {
+    return state.bytes;
 }
 
 size_t ShortMemory::Refused() const {
@@ -75,22 +81,22 @@ using tests::torture::Refuses;
 
 void* operator new(size_t size) {
     static auto* const original = Original<void*(size_t)>("_Znwm");
-    if (Refuses()) throw std::bad_alloc();
+    if (Refuses(size)) throw std::bad_alloc();
     return original(size);
 }
 
 void* operator new[](size_t size) {
     static auto* const original = Original<void*(size_t)>("_Znam");
-    if (Refuses()) throw std::bad_alloc();
+    if (Refuses(size)) throw std::bad_alloc();
     return original(size);
 }
 
 void* operator new(size_t size, const std::nothrow_t& tag) noexcept {
     static auto* const original = Original<void*(size_t, const std::nothrow_t&)>("_ZnwmRKSt9nothrow_t");
-    return Refuses() ? nullptr : original(size, tag);
+    return Refuses(size) ? nullptr : original(size, tag);
 }
 
 void* operator new[](size_t size, const std::nothrow_t& tag) noexcept {
     static auto* const original = Original<void*(size_t, const std::nothrow_t&)>("_ZnamRKSt9nothrow_t");
-    return Refuses() ? nullptr : original(size, tag);
+    return Refuses(size) ? nullptr : original(size, tag);
 }

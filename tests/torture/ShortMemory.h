@@ -18,6 +18,7 @@ class ShortMemory {
     ShortMemory& operator=(const ShortMemory&) = delete;
 
     size_t Counted() const;
+    size_t Bytes() const;  // of all that was asked for, given back or not
     size_t Refused() const;
 };
 
