@@ -100,6 +100,19 @@ TEST_F(MainWindowSwitches, ARuleGoesOffAndOnAgainEachTimeTheListIsLeft) {
     EXPECT_EQ(StoredSwitches(), (std::vector<int32_t>{1, 1, 1, 1, 1}));
 }
 
+TEST_F(MainWindowSwitches, ADoubleClickOnABoxTurnsItTwiceAndOpensNoEditor) {
+    rules_[1].IsOn = 0;
+    Run([&] {
+        for (const size_t row : {0U, 1U}) {
+            Select({row});
+            user_.DoubleClickCheckBox(id::Rules, row);
+            EXPECT_EQ(List().IsChecked(row), row == 0);
+        }
+        user_.Click(id::Search);
+        LeaveUnchanged();
+    });
+}
+
 TEST_F(MainWindowSwitches, AnotherNumberThanOneIsPutRight) {
     rules_[2].IsOn = 2;
     Run([&] {

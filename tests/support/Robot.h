@@ -60,13 +60,16 @@ class Robot {
     virtual void ClickBelowRows(int id) = 0;
     virtual void RightClickBelowRows(int id) = 0;
     virtual void ClickCheckBox(int id, size_t row) = 0;
+    virtual void DoubleClickCheckBox(int id, size_t row) = 0;
     virtual void ClickHeader(int id, size_t column) = 0;
     // Replaces the content, key by key; "\b" is the Backspace key, which deletes all when it comes first.
     virtual void Type(int id, const std::wstring& text) = 0;
     virtual void Paste(int id, const std::wstring& text) = 0;  // replaces the content at once
-    virtual void Drop(int id, const std::wstring& path) = 0;   // a file or folder dragged from elsewhere
-    virtual void Choose(int id, int index) = 0;                // an item of a combo or list box
-    virtual void Step(int id, int steps) = 0;                  // an up-down control: positive is up
+    // Another program, a screen reader say, replaces the content; the field does not choose what it takes.
+    virtual void SetFromOutside(int id, const std::wstring& text) = 0;
+    virtual void Drop(int id, const std::wstring& path) = 0;  // a file or folder dragged from elsewhere
+    virtual void Choose(int id, int index) = 0;               // an item of a combo or list box
+    virtual void Step(int id, int steps) = 0;                 // an up-down control: positive is up
     virtual void Press(Key key,
                        Held held = Held::Nothing) = 0;  // goes to the focused control, by the dialog's rules
     virtual void ChooseMenu(int command) = 0;

@@ -82,6 +82,16 @@ TEST_F(ListGalleryTest, BoxAndSpaceCheck) {
     });
 }
 
+TEST_F(ListGalleryTest, ADoubleClickOnABoxTurnsItTwiceAndIsNoDoubleClick) {
+    Run([this] {
+        user_.ClickCheckBox(Rows, 3);
+        gallery_.TakeHeard();
+        user_.DoubleClickCheckBox(Rows, 3);
+        EXPECT_TRUE(rows_.IsChecked(3));
+        EXPECT_EQ((Heard{L"click 3,0", L"click 3,0"}), gallery_.TakeHeard());
+    });
+}
+
 TEST_F(ListGalleryTest, OtherClicksAreHeard) {
     Run([this] {
         user_.DoubleClickRow(Rows, 4);

@@ -170,6 +170,12 @@ void MemoryRobot::ClickCheckBox(int id, size_t row) {
     });
 }
 
+// As real lists have it: one click and one more.
+void MemoryRobot::DoubleClickCheckBox(int id, size_t row) {
+    ClickCheckBox(id, row);
+    ClickCheckBox(id, row);
+}
+
 void MemoryRobot::ClickHeader(int id, size_t column) {
     Use<ui::ListView>(id, [id, column](ui::ListView& list) {
         if (column >= list.Columns().size()) {
@@ -188,6 +194,10 @@ void MemoryRobot::Type(int id, const std::wstring& text) {
 
 void MemoryRobot::Paste(int id, const std::wstring& text) {
     Use<ui::Control>(id, [&text](ui::Control& control) { PasteInto(control, text); });
+}
+
+void MemoryRobot::SetFromOutside(int id, const std::wstring& text) {
+    Use<ui::Edit>(id, [&text](ui::Edit& edit) { edit.UserTyped(text); });
 }
 
 // Where nothing can be dropped, nothing happens; dropping does not move the focus.

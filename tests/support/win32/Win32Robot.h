@@ -28,9 +28,11 @@ class Win32Robot final : public Robot {
     void ClickBelowRows(int id) override;
     void RightClickBelowRows(int id) override;
     void ClickCheckBox(int id, size_t row) override;
+    void DoubleClickCheckBox(int id, size_t row) override;
     void ClickHeader(int id, size_t column) override;
     void Type(int id, const std::wstring& text) override;
     void Paste(int id, const std::wstring& text) override;
+    void SetFromOutside(int id, const std::wstring& text) override;
     void Drop(int id, const std::wstring& path) override;
     void Choose(int id, int index) override;
     void Step(int id, int steps) override;

@@ -85,6 +85,10 @@ void Win32Robot::Paste(int id, const std::wstring& text) {
     });
 }
 
+void Win32Robot::SetFromOutside(int id, const std::wstring& text) {
+    Use(id, [&text](const ui::Control&, HWND window) { SetWindowTextW(EditOf(window), text.c_str()); });
+}
+
 void Win32Robot::Drop(int id, const std::wstring& path) {
     Act([this, id, &path](HWND dialog) { input::Drop(GetDlgItem(dialog, id), path); });
 }
@@ -182,6 +186,16 @@ void Win32Robot::ClickCheckBox(int id, size_t row) {
     UseRow(id, row, [id, row](const ui::ListView&, HWND window) {
         if (const std::optional<POINT> place = PlaceOfCheckBox(window, row)) {
             input::Click(window, *place);
+        } else {
+            ADD_FAILURE() << "list " << id << " has no check boxes";
+        }
+    });
+}
+
+void Win32Robot::DoubleClickCheckBox(int id, size_t row) {
+    UseRow(id, row, [id, row](const ui::ListView&, HWND window) {
+        if (const std::optional<POINT> place = PlaceOfCheckBox(window, row)) {
+            input::DoubleClick(window, *place);
         } else {
             ADD_FAILURE() << "list " << id << " has no check boxes";
         }
