@@ -180,6 +180,7 @@ void CBrisgateDlg::EnableProfileControls(bool enabled) {
 void CBrisgateDlg::RefillRules() {
     ruleList_.Empty();
     ruleList_.Fill(search_.Text());
+    SpreadProfileColumn();
 }
 
 void CBrisgateDlg::OnMenuCommand(int command) {

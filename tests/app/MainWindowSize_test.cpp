@@ -54,9 +54,24 @@ TEST_F(MainWindowSizeTest, ColumnsShareTheWidthOfTheirList) {
             const auto& profiles = user_.Get<ui::ListView>(id::Profiles);
             ASSERT_EQ(profiles.Columns().size(), 1U);
             EXPECT_EQ(profiles.Columns()[0].header, L"Profiles");
-            EXPECT_EQ(profiles.Columns()[0].width, profiles.ClientWidth() - (round == 0 ? ScrollBar() : 0));
+            EXPECT_EQ(profiles.Columns()[0].width, profiles.ClientWidth());
             user_.Resize({83, 20});
         }
+        user_.PressCloseBox();
+    });
+}
+
+TEST_F(MainWindowSizeTest, FillingTheRuleListSpreadsTheColumnsOfBothLists) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg&) {
+        auto& rules = user_.Get<ui::ListView>(id::Rules);
+        auto& profiles = user_.Get<ui::ListView>(id::Profiles);
+        rules.SetColumnWidths(std::vector<int>(9, 10));
+        profiles.SetColumnWidths({10});
+        user_.Type(id::Search, L"a");
+        EXPECT_EQ(rules.Columns()[0].width, 3 * ScrollBar());
+        EXPECT_EQ(rules.Columns()[8].width, (rules.ClientWidth() - 3 * ScrollBar()) / 8);
+        EXPECT_EQ(profiles.Columns()[0].width, profiles.ClientWidth());
         user_.PressCloseBox();
     });
 }
