@@ -31,6 +31,8 @@ class ControlMirror {
     virtual void Complete() {}
     // The monitor's resolution changed, and the font and the bounds with it.
     virtual void ShowRescaled() {}
+    // The text of one of the dialog's edits changed, by whomever.
+    virtual void FollowEdits() {}
 
     // What the user did, as the system notifies a dialog of it.
     virtual void OnCommand(int /*notification*/) {}

@@ -88,7 +88,12 @@ INT_PTR DialogWindow::Reply(LRESULT result) const {
 }
 
 void DialogWindow::OnCommand(int id, int notification, HWND control) {
-    if (writing_ > 0) return;
+    if (writing_ == 0) HearCommand(id, notification, control);
+    if (notification != EN_CHANGE) return;
+    for (const auto& mirror : mirrors_) mirror->FollowEdits();
+}
+
+void DialogWindow::HearCommand(int id, int notification, HWND control) {
     ControlMirror* const mirror = MirrorOf(control);
     if (mirror != nullptr) {
         mirror->OnCommand(notification);

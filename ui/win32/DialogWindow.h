@@ -71,6 +71,7 @@ class DialogWindow : public ui::Window {
     void ShowAll();
     void ReportOpeningBounds();
     void OnCommand(int id, int notification, HWND control);
+    void HearCommand(int id, int notification, HWND control);
     INT_PTR OnNotify(NMHDR& notification);
     void OnDrop(const DroppedFiles& dropped);
     void OnSize(WPARAM kind, Size client);

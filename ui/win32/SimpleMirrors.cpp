@@ -109,17 +109,24 @@ void CheckBoxMirror::Show(Aspect aspect) {
 
 void UpDownMirror::ShowAll() {
     Send(UDM_SETBUDDY, reinterpret_cast<WPARAM>(GetDlgItem(GetParent(Window()), arrows_.Buddy().Id())));
-    // The edit holds the number and the control its range. The arrows only say "up" and "down", so their own
-    // number never moves from the middle, where both ways are open.
-    constexpr int Far = 1'000'000'000;
-    Send(UDM_SETRANGE32, static_cast<WPARAM>(-Far), Far);
-    Send(UDM_SETPOS32, 0, 0);
+    Show(Aspect::Range);
+}
+
+void UpDownMirror::Show(Aspect aspect) {
+    ControlMirror::Show(aspect);
+    if (aspect != Aspect::Range) return;
+    Send(UDM_SETRANGE32, static_cast<WPARAM>(arrows_.Lowest()), arrows_.Highest());
+    FollowEdits();
+}
+
+void UpDownMirror::FollowEdits() {
+    Send(UDM_SETPOS32, 0, arrows_.Buddy().Number());  // kept within the range
 }
 
 LRESULT UpDownMirror::OnNotify(const NMHDR& notification) {
     if (notification.code != static_cast<UINT>(UDN_DELTAPOS)) return 0;
     arrows_.UserStepped(reinterpret_cast<const NMUPDOWN&>(notification).iDelta);
-    return TRUE;  // keeps the arrows' own number
+    return TRUE;  // the edit has changed, and the window's number with it
 }
 
 }  // namespace ui::win32

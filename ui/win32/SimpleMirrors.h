@@ -93,10 +93,13 @@ class CheckBoxMirror : public ButtonMirror {
     CheckBox& box_;
 };
 
+// The window's own number follows that of the edit, in which it writes nothing itself.
 class UpDownMirror : public ControlMirror {
   public:
     UpDownMirror(UpDown& arrows, HWND window) : ControlMirror(arrows, window), arrows_(arrows) {}
     void ShowAll() override;
+    void Show(Aspect aspect) override;
+    void FollowEdits() override;
     LRESULT OnNotify(const NMHDR& notification) override;
 
   private:

@@ -14,6 +14,8 @@
 #include "ui/win32/IconLoader.h"
 #include "ui/win32/Placing.h"
 
+#include <commctrl.h>
+
 namespace tests {
 namespace {
 
@@ -92,7 +94,16 @@ class Checker : public ui::ControlVisitor {
         CheckItems(control, LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT);
         EXPECT_EQ(control.Selected(), Send(LB_GETCURSEL));
     }
-    void Visit(ui::UpDown&) override {}
+    void Visit(ui::UpDown& control) override {
+        int lowest = 0;
+        int highest = 0;
+        SendMessageW(window_, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&lowest),
+                     reinterpret_cast<LPARAM>(&highest));
+        EXPECT_EQ(control.Lowest(), lowest);
+        EXPECT_EQ(control.Highest(), highest);
+        // Where the arrows go on from is what the edit says, or the limit that is nearest to it.
+        EXPECT_EQ(std::clamp(control.Buddy().Number(), lowest, highest), Send(UDM_GETPOS32));
+    }
     void Visit(ui::ListView& control) override { CheckListView(window_, control); }
 
   private:
