@@ -38,6 +38,8 @@ enum class Icon {
     ItemDelete,
     MoveDown,
     MoveUp,
+    SortDescending,
+    SortAscending,
 };
 
 }  // namespace ui

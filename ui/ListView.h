@@ -14,7 +14,9 @@
 
 namespace ui {
 
-enum class SortArrow { None, Up, Down };
+// The direction in which the rows are sorted by a column. The numbers are those of the pictures that its
+// header shows.
+enum class SortArrow { None = -1, Down = 0, Up = 1 };
 
 struct Column {
     std::wstring header;

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -30,7 +31,7 @@ class ControlMirror {
     // The dialog has initialised itself: what takes long to show is shown now, as it has come to be.
     virtual void Complete() {}
     // The monitor's resolution changed, and the font and the bounds with it.
-    virtual void ShowRescaled() {}
+    virtual void ShowRescaled(uint32_t /*dpi*/) {}
     // The text of one of the dialog's edits changed, by whomever.
     virtual void FollowEdits() {}
 

@@ -211,7 +211,7 @@ void DialogWindow::End(int result) {
 
 void DialogWindow::ShowRescaled() {
     const Writing writing(*this);
-    for (const auto& mirror : mirrors_) mirror->ShowRescaled();
+    for (const auto& mirror : mirrors_) mirror->ShowRescaled(dialog_.Dpi());
     ShowIcon();
 }
 

@@ -9,7 +9,7 @@
 namespace ui::win32 {
 namespace {
 
-constexpr std::array<std::pair<Icon, const wchar_t*>, 34> Resources{{
+constexpr std::array<std::pair<Icon, const wchar_t*>, 36> Resources{{
     {Icon::None, nullptr},
     {Icon::App, L"APP"},
     {Icon::Save, L"SAVE"},
@@ -44,6 +44,8 @@ constexpr std::array<std::pair<Icon, const wchar_t*>, 34> Resources{{
     {Icon::ItemDelete, L"ITEM_DELETE"},
     {Icon::MoveDown, L"ARROW_DOWN_MOVE"},
     {Icon::MoveUp, L"ARROW_UP_REMOVE"},
+    {Icon::SortDescending, L"SORT_DESCENDING"},
+    {Icon::SortAscending, L"SORT_ASCENDING"},
 }};
 
 const wchar_t* ResourceOf(Icon icon) {

@@ -1,5 +1,8 @@
 #include "ui/win32/ListViewMirror.h"
 
+#include "ui/win32/IconLoader.h"
+#include "ui/win32/SystemFunctions.h"
+
 namespace ui::win32 {
 namespace {
 
@@ -24,11 +27,6 @@ class RedrawPause {
     const bool paused_;
 };
 
-int FormatOf(SortArrow arrow) {
-    if (arrow == SortArrow::Up) return HDF_SORTUP;
-    return arrow == SortArrow::Down ? HDF_SORTDOWN : 0;
-}
-
 }  // namespace
 
 HWND ListViewMirror::Header() const {
@@ -38,6 +36,7 @@ HWND ListViewMirror::Header() const {
 void ListViewMirror::ShowAll() {
     if (list_.Style().checkBoxes) Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
     ShowExtendedStyle();
+    ShowHeaderPictures(DpiOf(Window()));
     ShowColumns();
     ShowRows();
     ShowSelection();
@@ -74,10 +73,20 @@ void ListViewMirror::ShowExtendedStyle() {
 }
 
 // The pictures of check boxes are made in the size that suits the monitor when the style is switched on.
-void ListViewMirror::ShowRescaled() {
+void ListViewMirror::ShowRescaled(uint32_t dpi) {
     const RedrawPause pause(Window());
     Send(LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_CHECKBOXES, 0);
     ShowExtendedStyle();
+    ShowHeaderPictures(dpi);
+}
+
+void ListViewMirror::ShowHeaderPictures(uint32_t dpi) {
+    if (!list_.Style().sortableHeaders) return;
+    constexpr std::array ByArrow{Icon::SortDescending, Icon::SortAscending};
+    const int room = SystemMetric(SM_CXSMICON, dpi);
+    ImageListHandle pictures = MakeImageList(ByArrow, PictureSizeFor({room, room}));
+    SendMessageW(Header(), HDM_SETIMAGELIST, HDSIL_NORMAL, reinterpret_cast<LPARAM>(pictures.get()));
+    headerPictures_.swap(pictures);  // the old ones go once the window has let go of them
 }
 
 void ListViewMirror::ShowColumns() {
@@ -102,7 +111,11 @@ void ListViewMirror::ShowColumn(size_t index, bool exists) const {
     item.mask = HDI_FORMAT;
     const auto place = static_cast<WPARAM>(index);
     if (SendMessageW(Header(), HDM_GETITEMW, place, reinterpret_cast<LPARAM>(&item)) == FALSE) return;
-    item.fmt = (item.fmt & ~(HDF_SORTUP | HDF_SORTDOWN)) | FormatOf(column.arrow);
+    constexpr int PictureAfterTitle = HDF_IMAGE | HDF_BITMAP_ON_RIGHT;
+    const bool hasArrow = column.arrow != SortArrow::None;
+    item.mask = HDI_FORMAT | HDI_IMAGE;
+    item.fmt = hasArrow ? item.fmt | PictureAfterTitle : item.fmt & ~PictureAfterTitle;
+    item.iImage = hasArrow ? static_cast<int>(column.arrow) : I_IMAGENONE;
     SendMessageW(Header(), HDM_SETITEMW, place, reinterpret_cast<LPARAM>(&item));
 }
 

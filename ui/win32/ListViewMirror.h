@@ -13,6 +13,7 @@
 
 #include "ui/ListView.h"
 #include "ui/win32/ControlMirror.h"
+#include "ui/win32/ImageList.h"
 
 namespace ui::win32 {
 
@@ -21,7 +22,7 @@ class ListViewMirror : public ControlMirror {
     ListViewMirror(ListView& list, HWND window) : ControlMirror(list, window), list_(list) {}
     void ShowAll() override;
     void Show(Aspect aspect) override;
-    void ShowRescaled() override;
+    void ShowRescaled(uint32_t dpi) override;
     LRESULT OnNotify(const NMHDR& notification) override;
     std::optional<LRESULT> Answer(NMHDR& question) const override;
 
@@ -32,6 +33,7 @@ class ListViewMirror : public ControlMirror {
     enum class Press { Click, DoubleClick, RightClick };
 
     void ShowExtendedStyle();
+    void ShowHeaderPictures(uint32_t dpi);
     void ShowColumns();
     void ShowColumn(size_t index, bool exists) const;
     void ShowRows() const;
@@ -52,6 +54,7 @@ class ListViewMirror : public ControlMirror {
     void ColumnResized(const NMHEADERW& change);
 
     ListView& list_;
+    ImageListHandle headerPictures_;
     size_t shownColumns_ = 0;
     // A text handed to the window has to outlive the next two that it asks for.
     mutable std::array<std::wstring, 4> cellTexts_;

@@ -22,7 +22,7 @@ class PictureMirror : public ControlMirror {
     PictureMirror(Picture& picture, HWND window) : ControlMirror(picture, window), picture_(picture) {}
     void ShowAll() override { Show(Aspect::Icon); }
     void Show(Aspect aspect) override;
-    void ShowRescaled() override { Show(Aspect::Icon); }
+    void ShowRescaled(uint32_t /*dpi*/) override { Show(Aspect::Icon); }
 
   private:
     Picture& picture_;
@@ -67,7 +67,7 @@ class IconButtonMirror : public ButtonMirror {
     IconButtonMirror(IconButton& button, HWND window) : ButtonMirror(button, window), button_(button) {}
     void Show(Aspect aspect) override;
     void Complete() override;
-    void ShowRescaled() override { Show(Aspect::Icon); }
+    void ShowRescaled(uint32_t /*dpi*/) override { Show(Aspect::Icon); }
     std::optional<LRESULT> Answer(NMHDR& question) const override;
 
   private:

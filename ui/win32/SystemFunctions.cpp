@@ -7,15 +7,12 @@ namespace {
 
 constexpr uint32_t UnscaledDpi = 96;
 
-// The module stays loaded for the life of the process.
-template <class Function>
-Function* SystemFunction(const wchar_t* dll, const char* name) {
-    const HMODULE module = LoadLibraryExW(dll, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (module == nullptr) return nullptr;
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(module, name)));
-}
-
 }  // namespace
+
+void* FindSystemFunction(const wchar_t* dll, const char* name) {
+    const HMODULE module = LoadLibraryExW(dll, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    return module == nullptr ? nullptr : reinterpret_cast<void*>(GetProcAddress(module, name));
+}
 
 void RegisterControlClasses() {
     const auto init =

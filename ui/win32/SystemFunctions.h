@@ -8,6 +8,14 @@
 
 namespace ui::win32 {
 
+// A function that a DLL in the system's own folder exports; none where there is none of that name. The DLL
+// stays loaded for the life of the process.
+void* FindSystemFunction(const wchar_t* dll, const char* name);
+template <class Function>
+Function* SystemFunction(const wchar_t* dll, const char* name) {
+    return reinterpret_cast<Function*>(FindSystemFunction(dll, name));
+}
+
 // Makes list views, tooltips, up-down controls and their like known to the system. Call once before the first
 // dialog.
 void RegisterControlClasses();

@@ -15,6 +15,7 @@ namespace tests {
 namespace {
 
 constexpr UINT CheckedImage = 2;
+constexpr int AllPictures = HDF_IMAGE | HDF_BITMAP_ON_RIGHT | HDF_BITMAP | HDF_SORTUP | HDF_SORTDOWN;
 
 LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
     return SendMessageW(window, message, wParam, lParam);
@@ -33,13 +34,14 @@ std::wstring CellOf(HWND list, size_t row, size_t column) {
 void CheckColumn(HWND list, HWND header, const ui::Column& column, size_t index) {
     std::array<wchar_t, 256> text{};
     HDITEMW item{};
-    item.mask = HDI_TEXT | HDI_FORMAT;
+    item.mask = HDI_TEXT | HDI_FORMAT | HDI_IMAGE;
     item.pszText = text.data();
     item.cchTextMax = static_cast<int>(text.size());
     Send(header, HDM_GETITEMW, index, reinterpret_cast<LPARAM>(&item));
     EXPECT_EQ(column.header, text.data());
-    EXPECT_EQ(column.arrow == ui::SortArrow::Up, (item.fmt & HDF_SORTUP) != 0);
-    EXPECT_EQ(column.arrow == ui::SortArrow::Down, (item.fmt & HDF_SORTDOWN) != 0);
+    const bool sorted = column.arrow != ui::SortArrow::None;
+    EXPECT_EQ(sorted ? HDF_IMAGE | HDF_BITMAP_ON_RIGHT : 0, item.fmt & AllPictures) << "picture of a header";
+    EXPECT_EQ(sorted ? static_cast<int>(column.arrow) : I_IMAGENONE, item.iImage) << "picture of a header";
     EXPECT_EQ(column.width, Send(list, LVM_GETCOLUMNWIDTH, index));
 }
 
