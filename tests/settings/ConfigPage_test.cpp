@@ -93,6 +93,8 @@ TEST_F(ConfigPageTest, IsLaidOutWithTheseControls) {
                                 {1000, {{233, 183, 50, 14}, L"Apply"}}});
         EXPECT_EQ(user_.Get<ui::IconButton>(extid::Add).Icon(), ui::Icon::ItemAdd);
         EXPECT_EQ(user_.Get<ui::IconButton>(extid::Delete).Icon(), ui::Icon::ItemDelete);
+        EXPECT_EQ(user_.Get<ui::IconButton>(extid::Add).Tooltip(), L"Add");
+        EXPECT_EQ(user_.Get<ui::IconButton>(extid::Delete).Tooltip(), L"Delete");
         EXPECT_EQ(TabOrder(), (std::vector<int>{250, 253, 255, 259, 268, 1079, 1080, 1134, 275, 261, 263,
                                                 ui::IdOk, ui::IdCancel, 1000}));
         user_.Press(Key::Escape);

@@ -2,7 +2,6 @@
 
 #include <commctrl.h>
 
-#include <array>
 #include <cstddef>
 
 namespace ui::win32 {
@@ -28,7 +27,9 @@ TTTOOLINFOW PlaceTool(HWND dialog, HWND control) {
     tool.uFlags = TTF_SUBCLASS;
     tool.hwnd = dialog;
     tool.uId = static_cast<UINT_PTR>(GetDlgCtrlID(control));
-    if (IsWindowVisible(control) == FALSE || IsWindowEnabled(control) != FALSE) return tool;
+    // Whether the dialog itself is seen yet does not matter.
+    const bool isShown = (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (!isShown || IsWindowEnabled(control) != FALSE) return tool;
     GetWindowRect(control, &tool.rect);
     MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&tool.rect), 2);
     return tool;
@@ -61,15 +62,6 @@ void Tooltips::SetText(HWND control, const std::wstring& text) const {
 void Tooltips::Follow(HWND control) const {
     TTTOOLINFOW tool = PlaceTool(dialog_, control);
     SendMessageW(window_, TTM_NEWTOOLRECTW, 0, Parameter(tool));
-}
-
-std::wstring Tooltips::TextOf(HWND control) const {
-    constexpr size_t Longest = 1024;
-    std::array<wchar_t, Longest> text{};
-    TTTOOLINFOW tool = OwnTool(dialog_, control);
-    tool.lpszText = text.data();
-    SendMessageW(window_, TTM_GETTEXTW, Longest, Parameter(tool));
-    return text.data();
 }
 
 }  // namespace ui::win32

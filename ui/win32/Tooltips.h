@@ -16,8 +16,6 @@ class Tooltips {
     void SetText(HWND control, const std::wstring& text) const;
     // To be called when the control was moved, enabled, disabled, shown or hidden.
     void Follow(HWND control) const;
-    // What is set for the control.
-    std::wstring TextOf(HWND control) const;
 
   private:
     HWND dialog_ = nullptr;

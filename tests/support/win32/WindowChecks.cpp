@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "tests/support/win32/TooltipWindow.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
 #include "ui/ListView.h"
@@ -159,7 +160,21 @@ void CheckNamePlate(HWND dialog, HWND window, const ui::Control& control) {
     EXPECT_FALSE(IsWindowVisible(plate));
 }
 
-void CheckControl(HWND dialog, const ui::Dialog& mirrored, ui::Control& control) {
+// A disabled control does not hear of the mouse, but the dialog does.
+void CheckTooltip(const TooltipWindow& tooltips, HWND dialog, HWND window, const ui::Control& control) {
+    const std::wstring& text = control.Tooltip();
+    EXPECT_EQ(text, tooltips.TextOver(window));
+    EXPECT_EQ(text, tooltips.TextAtPlaceOf(window));
+    if (text.empty()) return;
+    const bool isThere = control.IsVisible() && !control.IsEnabled();
+    const ui::Rect expected = isThere ? ui::win32::BoundsIn(dialog, window) : ui::Rect{};
+    const RECT place = tooltips.PlaceOf(window).value_or(RECT{-1, -1, -1, -1});
+    EXPECT_EQ(expected, (ui::Rect{place.left, place.top, place.right - place.left, place.bottom - place.top}))
+        << "place of the tooltip";
+}
+
+void CheckControl(HWND dialog, const ui::Dialog& mirrored, const TooltipWindow& tooltips,
+                  ui::Control& control) {
     SCOPED_TRACE("control " + std::to_string(control.Id()));
     const HWND window = GetDlgItem(dialog, control.Id());
     ASSERT_NE(nullptr, window);
@@ -168,6 +183,7 @@ void CheckControl(HWND dialog, const ui::Dialog& mirrored, ui::Control& control)
     EXPECT_EQ(control.IsEnabled(), IsWindowEnabled(window) != FALSE) << "enabled";
     CheckBounds(dialog, window, control);
     CheckFocus(dialog, window, control);
+    CheckTooltip(tooltips, dialog, window, control);
     if (ui::NeedsNamePlate(mirrored, control)) CheckNamePlate(dialog, window, control);
     Checker checker(window);
     control.Accept(checker);
@@ -205,7 +221,8 @@ void CheckDialog(HWND window, const ui::Dialog& dialog) {
     ASSERT_NE(nullptr, window);
     EXPECT_EQ(dialog.Caption(), ui::win32::TextOf(window));
     CheckMenus(window, dialog);
-    for (ui::Control* control : dialog.Controls()) CheckControl(window, dialog, *control);
+    const TooltipWindow tooltips(window);
+    for (ui::Control* control : dialog.Controls()) CheckControl(window, dialog, tooltips, *control);
 }
 
 }  // namespace tests
