@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
+#include "tests/support/win32/Pictures.h"
 #include "tests/support/win32/TooltipWindow.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
@@ -14,6 +16,7 @@
 #include "ui/win32/DialogTemplate.h"
 #include "ui/win32/IconLoader.h"
 #include "ui/win32/Placing.h"
+#include "ui/win32/SystemFunctions.h"
 
 #include <commctrl.h>
 
@@ -40,15 +43,9 @@ std::wstring ItemText(HWND window, UINT lengthMessage, UINT textMessage, int ind
     return text;
 }
 
-// In pixels; 0 without a picture.
-int WidthOf(LRESULT picture) {
-    ICONINFO parts{};
-    if (picture == 0 || GetIconInfo(reinterpret_cast<HICON>(picture), &parts) == FALSE) return 0;
-    BITMAP mask{};
-    GetObjectW(parts.hbmMask, sizeof mask, &mask);
-    DeleteObject(parts.hbmMask);
-    DeleteObject(parts.hbmColor);
-    return mask.bmWidth;
+// What a window hands out when it is asked for its icon.
+Points PointsIn(LRESULT icon) {
+    return PointsOf(reinterpret_cast<HICON>(icon));
 }
 
 ui::Size SizeOf(const ui::Control& control) {
@@ -61,8 +58,8 @@ class Checker : public ui::ControlVisitor {
 
     void Visit(ui::Label& control) override { EXPECT_EQ(control.Text(), WithSingleAmpersands(Text())); }
     void Visit(ui::Picture& control) override {
-        const int room = ui::win32::PictureSizeFor(SizeOf(control));
-        EXPECT_EQ(control.Icon() == ui::Icon::None ? 0 : room, WidthOf(Send(STM_GETICON))) << "picture";
+        const int size = ui::win32::PictureSizeFor(SizeOf(control));
+        EXPECT_TRUE(DrawingOf(control.Icon(), size) == PointsIn(Send(STM_GETICON))) << "picture";
     }
     void Visit(ui::GroupBox& control) override { EXPECT_EQ(control.Text(), WithSingleAmpersands(Text())); }
     void Visit(ui::Edit& control) override {
@@ -73,8 +70,7 @@ class Checker : public ui::ControlVisitor {
     void Visit(ui::IconButton& control) override {
         const std::wstring& name = control.Text().empty() ? control.Tooltip() : control.Text();
         EXPECT_EQ(name, WithSingleAmpersands(Text()));
-        EXPECT_EQ(PictureWidthOf(control), WidthOf(SendMessageW(window_, BM_GETIMAGE, IMAGE_ICON, 0)))
-            << "picture";
+        CheckPicture(control);
     }
     void Visit(ui::CheckBox& control) override {
         EXPECT_EQ(control.Text(), WithSingleAmpersands(Text()));
@@ -112,9 +108,14 @@ class Checker : public ui::ControlVisitor {
     LRESULT Send(UINT message) const { return SendMessageW(window_, message, 0, 0); }
 
     // A disabled button holds the empty picture of one pixel and draws the pale one itself.
-    int PictureWidthOf(const ui::IconButton& button) const {
-        if (button.Icon() == ui::Icon::None) return 0;
-        return button.IsEnabled() ? ui::win32::ButtonPictureSizeFor(SizeOf(button)) : 1;
+    void CheckPicture(const ui::IconButton& button) const {
+        const Points shown = PointsIn(SendMessageW(window_, BM_GETIMAGE, IMAGE_ICON, 0));
+        if (button.IsEnabled() || button.Icon() == ui::Icon::None) {
+            const int size = ui::win32::ButtonPictureSizeFor(SizeOf(button));
+            EXPECT_TRUE(DrawingOf(button.Icon(), size) == shown) << "picture";
+        } else {
+            EXPECT_EQ((ui::Size{1, 1}), shown.size) << "picture";
+        }
     }
 
     void CheckItems(const ui::ChoiceControl& control, UINT countMessage, UINT lengthMessage,
@@ -215,11 +216,20 @@ void CheckMenus(HWND window, const ui::Dialog& dialog) {
     for (const ui::MenuItem& entry : dialog.SystemMenuEntries()) CheckItem(systemMenu, entry);
 }
 
+void CheckIcons(HWND window, const ui::Dialog& dialog) {
+    for (const auto& [kind, metric] : {std::pair{ICON_BIG, SM_CXICON}, std::pair{ICON_SMALL, SM_CXSMICON}}) {
+        const int size = ui::win32::SystemMetric(metric, ui::win32::DpiOf(window));
+        const LRESULT shown = SendMessageW(window, WM_GETICON, static_cast<WPARAM>(kind), 0);
+        EXPECT_TRUE(DrawingOf(dialog.Icon(), size) == PointsIn(shown)) << "icon of the window, " << size;
+    }
+}
+
 }  // namespace
 
 void CheckDialog(HWND window, const ui::Dialog& dialog) {
     ASSERT_NE(nullptr, window);
     EXPECT_EQ(dialog.Caption(), ui::win32::TextOf(window));
+    CheckIcons(window, dialog);
     CheckMenus(window, dialog);
     const TooltipWindow tooltips(window);
     for (ui::Control* control : dialog.Controls()) CheckControl(window, dialog, tooltips, *control);
