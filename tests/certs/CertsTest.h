@@ -126,9 +126,4 @@ class CertsTest : public ExchangeTest {
     std::wstring listName_;
 };
 
-// Whether two places on the form overlap.
-inline bool Overlap(const ui::Rect& a, const ui::Rect& b) {
-    return a.x < b.x + b.width && b.x < a.x + a.width && a.y < b.y + b.height && b.y < a.y + a.height;
-}
-
 }  // namespace tests

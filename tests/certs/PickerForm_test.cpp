@@ -1,6 +1,7 @@
 // What the certificate picker looks like, and how it is sized.
 #include "certs/FieldTable.h"
 #include "tests/certs/CertsTest.h"
+#include "tests/support/Overlap.h"
 
 namespace tests {
 namespace {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -28,10 +27,6 @@ inline constexpr int Pick = 1090, Path = 1091, Size = 1133;
 class SettingsTest : public MainWindowTest {
   protected:
     using Texts = std::vector<std::wstring>;
-    struct Standing {
-        ui::Rect place;
-        std::wstring text;
-    };
 
     static constexpr wchar_t Title[] = L"ZEMA AC QLD Service - configuration";
 
@@ -53,15 +48,6 @@ class SettingsTest : public MainWindowTest {
     }
 
     void AskToLeave(int answer) { user_.ExpectBox(boxes::LeaveText, boxes::Question, answer, Title); }
-
-    static void ExpectStanding(const ui::Dialog& dialog, const std::map<int, Standing>& expected) {
-        EXPECT_EQ(dialog.Controls().size(), expected.size());
-        for (const auto& [control, standing] : expected) {
-            const ui::Place& place = dialog.Find(control).Placement();
-            EXPECT_EQ((ui::Rect{place.x, place.y, place.width, place.height}), standing.place) << control;
-            EXPECT_EQ(dialog.Find(control).Text(), standing.text) << control;
-        }
-    }
 
     // Goes round with the Tab key once, from the control that has the focus.
     std::vector<int> TabOrder() {
