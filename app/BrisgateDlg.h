@@ -98,8 +98,9 @@ class CBrisgateDlg : public ui::Dialog {
     bool changed_ = false;                    // memory differs from the registry
     editors::EditorMemory editorMemory_;
 
-    // In even columns but for two texts, which would be cut off: the search caption is as wide as its field,
-    // and the last of the lower buttons is wider than the two that have moved left for it.
+    // In even columns but for two texts, which would be cut off. The search caption has the room above its
+    // field as far as the window's edge, and breaks into two lines when the window becomes narrow; the last
+    // of the lower buttons is wider than the two that have moved left for it.
     ui::IconButton saveIcon_{*this, 1021, {7, 9, 32, 32}, ui::Icon::Save, L"Save", [this] { Save(); }};
     ui::IconButton logPath_{
         *this, 1022, {39, 9, 32, 32}, ui::Icon::LogSettings, L"Log path", [this] { EditLogSettings(); }};
@@ -140,7 +141,7 @@ class CBrisgateDlg : public ui::Dialog {
                                 ui::Icon::RulesImport,
                                 L"Import profile rules",
                                 [this] { ImportRules(); }};
-    ui::Label searchCaption_{*this, 1120, {506, 9, 100, 16}, L"Search by field \"Description\""};
+    ui::Label searchCaption_{*this, 1120, {506, 9, 107, 16, ui::GrowX}, L"Search by field \"Description\""};
     ui::Edit search_{*this, 1079, {506, 26, 100, 14, ui::GrowX}, {}, [this] { RefillRules(); }};
     ui::Edit profileLabel_{*this, 1041, {8, 43, 112, 14}, {.readOnly = true}};
     ui::Edit csProfileLabel_{*this, 1042, {133, 43, 473, 14, ui::GrowX}, {.readOnly = true}};

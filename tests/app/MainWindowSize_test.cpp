@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "tests/app/MainWindow.h"
+#include "tests/support/Overlap.h"
 
 namespace tests {
 namespace {
@@ -32,6 +33,7 @@ TEST_F(MainWindowSizeTest, ResizingGrowsTheListsAndKeepsTheButtonsInTheCorner) {
             const int dy = grown.height;
             before[id::Rules] = Moved(before[id::Rules], 0, 0, dx, dy);
             before[id::CsProfileLabel] = Moved(before[id::CsProfileLabel], 0, 0, dx, 0);
+            before[id::SearchCaption] = Moved(before[id::SearchCaption], 0, 0, dx, 0);
             before[id::Search] = Moved(before[id::Search], 0, 0, dx, 0);
             before[id::Profiles] = Moved(before[id::Profiles], 0, 0, 0, dy);
             for (const int button : {id::Save, ui::IdOk, ui::IdCancel})
@@ -118,6 +120,24 @@ TEST_F(MainWindowSizeTest, CannotBeMadeSmallerThanItsButtons) {
         user_.Resize({-5000, -5000});
         EXPECT_EQ(user_.OuterSize(),
                   (ui::Size{11 * ok.width + 2 * ScrollBar(), 2 * (5 * ok.height + arrow)}));
+        user_.PressCloseBox();
+    });
+}
+
+TEST_F(MainWindowSizeTest, NothingOverlapsNorLeavesTheWindowAtItsSmallest) {
+    SeedSmallConfiguration();
+    Run([&](CBrisgateDlg& dialog) {
+        user_.Resize({-5000, -5000});
+        const ui::Size inside = dialog.ClientSize();
+        for (const ui::Control* control : dialog.Controls()) {
+            if (!control->IsVisible()) continue;
+            const ui::Rect& bounds = control->Bounds();
+            EXPECT_LE(bounds.x + bounds.width, inside.width) << control->Id();
+            EXPECT_LE(bounds.y + bounds.height, inside.height) << control->Id();
+            for (const ui::Control* other : dialog.Controls())
+                EXPECT_FALSE(control != other && other->IsVisible() && Overlap(bounds, other->Bounds()))
+                    << control->Id() << " and " << other->Id();
+        }
         user_.PressCloseBox();
     });
 }
