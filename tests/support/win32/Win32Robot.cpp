@@ -98,7 +98,13 @@ void Win32Robot::Act(const std::function<void(HWND)>& gesture) {
     }
     gesture(window);
     input::Settle();
-    if (!dialog.HasEnded()) CheckWindows(dialog);
+    if (dialog.HasEnded()) return;
+    // When a window goes, a display without a window manager now and then leaves the keyboard to nobody.
+    if (GetFocus() == nullptr && IsIconic(window) == FALSE) {
+        SetForegroundWindow(window);
+        input::Settle();
+    }
+    CheckWindows(dialog);
 }
 
 void Win32Robot::Use(int id, const std::function<void(ui::Control&, HWND)>& gesture) {
