@@ -11,7 +11,8 @@ LONGEST = 1800           # seconds that a program may take
 MOST_OUTPUT = 50 << 20   # bytes that it may print
 MOST_MEMORY = 4 << 30    # bytes that it may fill, as a loop without end may do before it is found to hang
 
-UNKNOWN_TIME = 60        # seconds that a test may take that has not passed yet
+UNKNOWN_TIME = 30        # seconds that a test is taken to need that has not passed yet
+PATIENCE = 10            # how many times as long it may take: the machine has other work, too
 SHORTEST_PATIENCE = 20   # seconds that each test is granted
 
 STARTED = re.compile(r"^\[ RUN      \] (\S+)", re.MULTILINE)
@@ -24,12 +25,13 @@ class Program:
     """A test program that runs; it prints the name of each test before it starts it."""
 
     def __init__(self, command, folder, environment, usual_times):
-        """usual_times: the seconds that each test took when it passed; one that takes five times as long hangs."""
+        """usual_times: the seconds that each test took when it passed; one that takes PATIENCE
+        times as long hangs."""
         self._usual_times = usual_times
         self._output = tempfile.TemporaryFile()
         self._started = self._last_word = time.monotonic()
         self._size = 0
-        self._patience = 5 * UNKNOWN_TIME
+        self._patience = PATIENCE * UNKNOWN_TIME
         self._process = subprocess.Popen(["prlimit", f"--data={MOST_MEMORY}", *command], cwd=folder, env=environment,
                                          stdin=subprocess.DEVNULL, stdout=self._output, stderr=subprocess.DEVNULL,
                                          start_new_session=True)
@@ -43,7 +45,7 @@ class Program:
         if size != self._size:
             self._size, self._last_word = size, now
             test = (STARTED.findall(self._text()) or [""])[-1]
-            self._patience = max(SHORTEST_PATIENCE, 5 * self._usual_times.get(test, UNKNOWN_TIME))
+            self._patience = max(SHORTEST_PATIENCE, PATIENCE * self._usual_times.get(test, UNKNOWN_TIME))
         return now - self._last_word > self._patience or now - self._started > LONGEST or size > MOST_OUTPUT
 
     def end(self):
