@@ -112,9 +112,9 @@ TEST(Win32InstanceLockTest, TheHolderOwnsTheLock) {
 TEST(Win32InstanceLockTest, ALockOfAnotherSessionIsSeen) {
     const HANDLE other = CreateMutexW(nullptr, TRUE, (L"Global\\" + LockName(L"session")).c_str());
     ASSERT_NE(other, nullptr);
+    EXPECT_FALSE(Win32InstanceLock().IsHeldByAnother(LockName(L"session 2")));
     EXPECT_TRUE(Win32InstanceLock().IsHeldByAnother(LockName(L"session")));
     CloseHandle(other);
-    EXPECT_FALSE(Win32InstanceLock().IsHeldByAnother(LockName(L"session")));
 }
 
 TEST(Win32InstanceLockTest, ALockThatMayNotBeOpenedIsHeld) {
