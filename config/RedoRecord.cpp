@@ -21,16 +21,17 @@ constexpr uint32_t version = 1;
 constexpr uint32_t noParts = 0;
 constexpr errors::ReportContext silently{nullptr, errors::ReportMode::Silent};
 
-constexpr std::array<uint32_t, 256> crcTable = [] {
+constexpr std::array<uint32_t, 256> MakeCrcTable() {
     constexpr uint32_t polynomial = 0xEDB88320;
     std::array<uint32_t, 256> table{};
-    for (uint32_t byte = 0; byte < table.size(); ++byte) {
-        uint32_t rest = byte;
+    for (size_t i = 0; i < table.size(); ++i) {
+        auto rest = static_cast<uint32_t>(i);
         for (int bit = 0; bit < 8; ++bit) rest = rest >> 1 ^ ((rest & 1) != 0 ? polynomial : 0);
-        table[byte] = rest;
+        table[i] = rest;
     }
     return table;
-}();
+}
+constexpr std::array<uint32_t, 256> crcTable = MakeCrcTable();
 
 uint32_t AddToCrc(uint32_t crc, std::span<const std::byte> bytes) {
     for (const std::byte byte : bytes)
@@ -184,7 +185,7 @@ bool RedoRecord::IsMissing() const {
 
 bool RedoRecord::Complete() {
     RegistryStore own = store_.Another();
-    const std::vector<RedoChange> changes = DecodeChanges(found_).value();
+    const auto changes = DecodeChanges(found_).value_or(std::vector<RedoChange>());
     for (const RedoChange& change : changes)
         if (!Make(own, change)) return false;
     static_cast<void>(own.Close());
