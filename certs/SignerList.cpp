@@ -68,14 +68,14 @@ void SignerList::Add() {
 void SignerList::Edit() {
     const auto row = view_.FirstSelected();
     if (!row) return;
-    config::SignerListEntry& list = lists_.at(shown_.at(*row));
-    auto edited = RunPicker(list);
-    if (!edited) return;
-    list = std::move(*edited);
+    const size_t position = shown_.at(*row);
+    auto edited = RunPicker(lists_.at(position));
+    if (!edited || position >= lists_.size()) return;
+    lists_[position] = std::move(*edited);
     Refill();
 }
 
-std::optional<config::SignerListEntry> SignerList::RunPicker(const config::SignerListEntry& list) {
+std::optional<config::SignerListEntry> SignerList::RunPicker(config::SignerListEntry list) {
     std::optional<config::SignerListEntry> accepted;
     opener_.WithContext(
         *this, profile_, storeProfile_,

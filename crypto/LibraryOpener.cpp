@@ -7,6 +7,7 @@ namespace crypto {
 
 void LibraryOpener::WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
                                 const Command& command) {
+    const ui::WaitCursor wait(services_.Screen);  // closing the context may take long, too
     const ContextSettings settings = SettingsOf(profile, storeProfile);
     const auto opened = OpenCryptoContext(services_, parent, settings);
     if (!opened) return;

@@ -72,7 +72,8 @@ class Screen {
     virtual std::optional<std::wstring> PickFile(const Dialog* owner, const FilePicker& picker) = 0;
 
     // Calls come in pairs and may be nested. While the user is asked something meanwhile, in a box or a modal
-    // dialog, the cursor is the usual one.
+    // dialog, the cursor is the usual one. What he types and clicks while it is the wait cursor is thrown
+    // away: he cannot know yet what it would meet.
     virtual void ShowWaitCursor(bool shown) = 0;
     virtual const platform::ScreenMetrics& Metrics() const = 0;
 
@@ -88,7 +89,8 @@ class Screen {
     bool isTelling_ = false;
 };
 
-// Shows the wait cursor for as long as it lives.
+// Shows the wait cursor for as long as it lives, and keeps what the user does meanwhile from having an
+// effect.
 class WaitCursor {
   public:
     explicit WaitCursor(Screen& screen) : screen_(screen) { screen_.ShowWaitCursor(true); }

@@ -9,6 +9,8 @@
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* /*commandLine*/, int /*show*/) {
     // From here on nothing is loaded from the current folder or the search path.
     SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    // The library may block for minutes, which is no reason to offer the user to end the program.
+    DisableProcessWindowsGhosting();
     ui::win32::RegisterControlClasses();
     platform::win32::Win32Machine machine;
     ui::win32::Win32Screen screen(machine.ScreenMetrics);

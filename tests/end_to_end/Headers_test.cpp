@@ -129,6 +129,11 @@ TEST_F(HeadersTest, ImportsOnlyWhatIsAlwaysTakenFromTheSystemFolder) {
     for (const std::string& name : imported) EXPECT_TRUE(known.contains(name)) << name;
 }
 
+// Imported only where it is called.
+TEST_F(HeadersTest, IsNeverOfferedForClosingWhileTheLibraryBlocksIt) {
+    EXPECT_TRUE(Contains("DisableProcessWindowsGhosting"));
+}
+
 TEST_F(HeadersTest, TellsNothingOfTheMachineThatBuiltIt) {
     EXPECT_EQ(headers_.FileHeader.TimeDateStamp, 0U);
     EXPECT_EQ(Directory(IMAGE_DIRECTORY_ENTRY_DEBUG).Size, 0U);

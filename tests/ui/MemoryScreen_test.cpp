@@ -321,4 +321,23 @@ TEST_F(MemoryScreenTest, CountsWaitCursors) {
     EXPECT_EQ(&metrics, &screen.Metrics());
 }
 
+TEST_F(MemoryScreenTest, WhatTheUserDoesAheadMeetsTheNextDialogUnlessAWaitCursorWasShown) {
+    const auto pressOk = [](ui::Dialog& opened) { opened.UserPressedOk(); };
+    screen.UserActsAhead(pressOk);
+    EXPECT_EQ(1U, screen.GesturesAhead());
+    Run([this] { EXPECT_TRUE(dialog.HasEnded()); });
+    {
+        const ui::WaitCursor outer(screen);
+        {
+            const ui::WaitCursor inner(screen);
+            screen.UserActsAhead(pressOk);
+        }
+        EXPECT_EQ(1U, screen.GesturesAhead());
+    }
+    EXPECT_EQ(0U, screen.GesturesAhead());
+    const ui::WaitCursor wait(screen);
+    screen.UserActsAhead(pressOk);
+    Run([this] { EXPECT_FALSE(dialog.HasEnded()); });
+}
+
 }  // namespace

@@ -33,7 +33,9 @@ class MemoryScreen::Asking {
   public:
     explicit Asking(MemoryScreen& screen)
         : screen_(screen),
-          interrupted_(std::exchange(screen.waitCursors_, 0)) {}
+          interrupted_(std::exchange(screen.waitCursors_, 0)) {
+        if (interrupted_ > 0) screen_.ahead_.clear();
+    }
     ~Asking() { screen_.waitCursors_ = interrupted_; }
     Asking(const Asking&) = delete;
     Asking& operator=(const Asking&) = delete;
@@ -77,6 +79,7 @@ int MemoryScreen::RunModal(Dialog& dialog) {
         window.Open();
         if (!window.HasEnded()) {
             Activate(&window);
+            for (const auto& gesture : std::exchange(ahead_, {})) gesture(dialog);
             RequireUser().DialogOpened(dialog);
         }
     }
@@ -114,6 +117,11 @@ std::optional<std::wstring> MemoryScreen::PickFile(const Dialog* owner, const Fi
     lastFilePicker_ = picker;
     const Interruption opened(*this, owner);
     return RequireUser().FilePickerOpened(picker.kind);
+}
+
+void MemoryScreen::ShowWaitCursor(bool shown) {
+    waitCursors_ += shown ? 1 : -1;
+    if (waitCursors_ == 0) ahead_.clear();
 }
 
 MemoryWindow* MemoryScreen::WindowOf(const Dialog& dialog) const {

@@ -2,9 +2,11 @@
 // mouse, a user object is told of every window that opens and acts through the dialog's own functions.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/Screen.h"
@@ -40,12 +42,17 @@ class MemoryScreen final : public Screen {
                        uint32_t flags) override;
     std::optional<std::wstring> PickFolder(const Dialog* owner) override;
     std::optional<std::wstring> PickFile(const Dialog* owner, const FilePicker& picker) override;
-    void ShowWaitCursor(bool shown) override { waitCursors_ += shown ? 1 : -1; }
+    void ShowWaitCursor(bool shown) override;
     const platform::ScreenMetrics& Metrics() const override { return metrics_; }
 
     // Windows that open from now on remember what they were told to show. That takes memory, which is not the
     // program's.
     void RememberShown() { rememberShown_ = true; }
+
+    // What the user does while the program is too busy to look: to the dialog that opens next, unless the
+    // program throws it away before.
+    void UserActsAhead(std::function<void(Dialog&)> gesture) { ahead_.push_back(std::move(gesture)); }
+    size_t GesturesAhead() const { return ahead_.size(); }
 
     // What there is to be seen. None: the dialog is not open.
     MemoryWindow* WindowOf(const Dialog& dialog) const;
@@ -69,6 +76,7 @@ class MemoryScreen final : public Screen {
     User* user_ = nullptr;
     uint32_t dpi_ = 96;
     int waitCursors_ = 0;
+    std::vector<std::function<void(Dialog&)>> ahead_;
     const Dialog* lastOwner_ = nullptr;
     FilePicker lastFilePicker_;
     std::vector<MemoryWindow*> windows_;  // in the order of opening

@@ -34,9 +34,11 @@ DialogWindow::~DialogWindow() {
 
 int DialogWindow::RunModal(HWND owner) {
     const DialogTemplate layout(dialog_);
+    if (owner == nullptr) taskModality_.emplace();
     const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), layout.Data(), owner, Procedure,
                                                    reinterpret_cast<LPARAM>(this));
     const DWORD error = GetLastError();
+    taskModality_.reset();
     if (exception_) std::rethrow_exception(std::exchange(exception_, nullptr));
     if (!ended_)
         throw std::system_error(static_cast<int>(error), std::system_category(), "DialogBoxIndirectParam");
@@ -203,6 +205,7 @@ void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
 void DialogWindow::End(int result) {
     if (std::exchange(ended_, true) || window_ == nullptr) return;
     if (modal_) {
+        if (taskModality_) taskModality_->EndBefore(window_);
         EndDialog(window_, result);
     } else {
         DestroyWindow(window_);

@@ -16,6 +16,7 @@
 #include "ui/win32/IconLoader.h"
 #include "ui/win32/MenuBar.h"
 #include "ui/win32/Rescaling.h"
+#include "ui/win32/TaskModality.h"
 #include "ui/win32/Tooltips.h"
 
 namespace ui::win32 {
@@ -32,7 +33,8 @@ class DialogWindow : public ui::Window {
     DialogWindow(const DialogWindow&) = delete;
     DialogWindow& operator=(const DialogWindow&) = delete;
 
-    // Throws what a handler threw, and std::system_error when there can be no window.
+    // Without an owner, no other window of the thread takes input meanwhile. Throws what a handler threw, and
+    // std::system_error when there can be no window.
     int RunModal(HWND owner);
     void OpenModeless(HWND owner);
 
@@ -95,6 +97,7 @@ class DialogWindow : public ui::Window {
     Tooltips tooltips_;
     MenuBar menuBar_;
     Rescaling rescaling_;
+    std::optional<TaskModality> taskModality_;
     IconHandle smallIcon_;
     IconHandle largeIcon_;
     SizeKind sizeKind_ = SizeKind::Restored;

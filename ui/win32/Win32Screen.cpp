@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "ui/win32/DialogWindow.h"
@@ -27,6 +28,23 @@ HWND HandleOf(const DialogWindow* window) {
     return window == nullptr ? nullptr : window->Handle();
 }
 
+struct Messages {
+    UINT first;
+    UINT last;
+};
+constexpr std::array UserInput{Messages{WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK},
+                               Messages{WM_KEYFIRST, WM_KEYLAST}, Messages{WM_MOUSEFIRST, WM_MOUSELAST},
+                               Messages{WM_TOUCH, WM_POINTERHWHEEL}};
+
+void DropPendingInput() {
+    std::optional<WPARAM> quit;  // comes whatever is asked for
+    MSG message{};
+    for (const Messages& kind : UserInput)
+        while (PeekMessageW(&message, nullptr, kind.first, kind.last, PM_REMOVE) != FALSE)
+            if (message.message == WM_QUIT) quit = message.wParam;
+    if (quit) PostQuitMessage(static_cast<int>(*quit));
+}
+
 }  // namespace
 
 struct Win32Screen::Waiting {
@@ -38,7 +56,9 @@ struct Win32Screen::Waiting {
 class Win32Screen::Asking {
   public:
     explicit Asking(Waiting& waiting) : waiting_(waiting), interrupted_(std::exchange(waiting.count, 0)) {
-        if (interrupted_ > 0) SetCursor(waiting_.before);
+        if (interrupted_ == 0) return;
+        DropPendingInput();
+        SetCursor(waiting_.before);
     }
     ~Asking() {
         waiting_.count = interrupted_;
@@ -106,7 +126,9 @@ void Win32Screen::ThrowStray() {
 int Win32Screen::ShowMessageBox(const Dialog* owner, const std::wstring& text, const std::wstring& caption,
                                 uint32_t flags) {
     const Asking asking(*waiting_);
-    return MessageBoxW(HandleOf(WindowOf(owner)), text.c_str(), caption.c_str(), flags);
+    const HWND window = HandleOf(WindowOf(owner));
+    return MessageBoxW(window, text.c_str(), caption.c_str(),
+                       window == nullptr ? flags | MB_TASKMODAL : flags);
 }
 
 std::optional<std::wstring> Win32Screen::PickFolder(const Dialog* owner) {
@@ -123,6 +145,7 @@ void Win32Screen::ShowWaitCursor(bool shown) {
     if (shown) {
         if (waiting_->count++ == 0) waiting_->before = SetCursor(LoadCursorW(nullptr, IDC_WAIT));
     } else if (--waiting_->count == 0) {
+        DropPendingInput();
         SetCursor(waiting_->before);
     }
 }

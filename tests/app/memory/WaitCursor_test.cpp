@@ -1,5 +1,5 @@
 // Whatever may take long is done under the wait cursor: reading and writing the registry and files, and the
-// cryptographic library, but for closing it.
+// cryptographic library. What the user does meanwhile has no effect.
 #include <gtest/gtest.h>
 
 #include "platform/memory/MemoryFiles.h"
@@ -32,13 +32,17 @@ class WaitCursorTest : public CertificateJourney {
             return 0;
         });
         library_.OnCall([this](const std::string& call) {
-            if (call == "Uninitialize") return;
             CheckShown(call);
             ++libraryCalls_;
         });
     }
-    void CheckShown(const std::string& call) {
-        EXPECT_GT(dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen()).WaitCursors(), 0) << call;
+    void CheckShown(const std::string& call) { EXPECT_GT(Screen().WaitCursors(), 0) << call; }
+    ui::memory::MemoryScreen& Screen() { return dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen()); }
+    // Enter, during each call of the library.
+    void PressEnterAhead() {
+        library_.OnCall([this](const std::string&) {
+            Screen().UserActsAhead([](ui::Dialog& dialog) { dialog.UserPressedOk(); });
+        });
     }
     platform::memory::MemoryFiles& Files() {
         return dynamic_cast<platform::memory::MemoryFiles&>(files_->Files());
@@ -104,6 +108,31 @@ TEST_F(WaitCursorTest, IsNotShownWhileTheUserWorksOrReadsAReport) {
         });
         user_.Click(actionButton);
         EXPECT_EQ(screen.WaitCursors(), 0);
+    });
+}
+
+TEST_F(WaitCursorTest, EnterPressedMeanwhileDoesNotAcceptThePicker) {
+    PressEnterAhead();
+    WithTheRule([&] {
+        OpenPicker([&] {
+            EXPECT_FALSE(user_.Top().HasEnded());
+            AddFromLocalStore();
+            EXPECT_EQ(Screen().GesturesAhead(), 0U);
+            user_.Click(ui::IdCancel);
+        });
+        EXPECT_EQ(Screen().GesturesAhead(), 0U);  // those of closing
+    });
+}
+
+TEST_F(WaitCursorTest, EnterPressedMeanwhileDoesNotCloseTheBoxAboutAFailure) {
+    PressEnterAhead();
+    library_.SetAnswer(demo::StandInCall::Initialize, failed);
+    WithTheRule([&] {
+        user_.Expect<errors::WarningBox>([&](errors::WarningBox& box) {
+            EXPECT_FALSE(box.HasEnded());
+            user_.Click(ui::IdCancel);
+        });
+        user_.Click(actionButton);
     });
 }
 

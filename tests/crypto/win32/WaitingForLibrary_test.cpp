@@ -1,0 +1,83 @@
+// What a user can do in real windows while the library is at work, and while the program says that it failed.
+#include <windows.h>
+
+#include "config/StoreProfileSettings.h"
+#include "crypto/LibraryOpener.h"
+#include "crypto/OpenCryptoContext.h"
+#include "tests/crypto/CryptoTest.h"
+#include "tests/support/win32/Input.h"
+#include "tests/support/win32/Win32Robot.h"
+
+namespace tests {
+namespace {
+
+class WaitingForLibrary : public CryptoTest {
+  protected:
+    WaitingForLibrary() {
+        Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nLogPath = \"\"\n");
+        settings_.ZCSProfile = L"Office";
+    }
+    void Open() { crypto::OpenCryptoContext(services_, opener_, settings_); }
+    void ExpectModalFailure(const std::wstring& operation, const std::wstring& question) {
+        const std::wstring code = operation.starts_with(L"Conneting") ? L"0x20000010" : L"0x20000004";
+        user_.ExpectOwnerless<errors::WarningBox>([this, operation](errors::WarningBox&) {
+            EXPECT_TRUE(user_.Text(1160).starts_with(operation));
+            EXPECT_FALSE(IsWindowEnabled(WindowOf(opener_)));
+            user_.Click(ui::IdCancel);
+        });
+        user_.ExpectBox(L"It failed (" + code + L").\r\n" + question, boxes::OkOrCancel, ui::IdOk);
+    }
+
+    crypto::ContextSettings settings_;
+};
+
+TEST_F(WaitingForLibrary, ASecondClickOpensNoSecondContext) {
+    library_.OnCall([this](const std::string&) {
+        const HWND button = GetDlgItem(WindowOf(opener_), Go);
+        const POINT at = input::CenterOf(button);
+        PostMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+        PostMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    });
+    config::ServiceProfile profile;
+    config::AttachStoreProfile(profile, L"Office");
+    crypto::LibraryOpener library(services_);
+    int clicks = 0;
+    bool opened = false;
+    InDialog([&] {
+        if (++clicks == 1)
+            library.WithContext(opener_, profile, 0, [&](auto&, auto&, bool) { opened = true; });
+    });
+    EXPECT_TRUE(opened);
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(WaitingForLibrary, TheBoxAboutTheNetworkStoreLetsNothingElseTakeInput) {
+    library_.SetAnswer(demo::StandInCall::FindCert, failed);
+    settings_.Picker.NotLoadCrl = 1;
+    InDialog(
+        [this] {
+            Open();
+            EXPECT_TRUE(IsWindowEnabled(WindowOf(opener_)));
+            EXPECT_EQ(GetActiveWindow(), WindowOf(opener_));
+        },
+        [this] { ExpectModalFailure(L"Conneting to network store (LDAP)", L"Continue without LDAP?"); });
+}
+
+TEST_F(WaitingForLibrary, TheBoxAboutRevocationListsLetsNothingElseTakeInput) {
+    library_.Serve({.CrlDiagnostic = "no list"});
+    library_.SetErrorText(demo::StandInLibrary::CrlNotLoaded, "It failed.\r\n");
+    settings_.Picker.NotUseLDAP = 1;
+    settings_.CrlUpdatePeriod = 1;
+    InDialog(
+        [this] {
+            Open();
+            EXPECT_TRUE(IsWindowEnabled(WindowOf(opener_)));
+            EXPECT_EQ(GetActiveWindow(), WindowOf(opener_));
+        },
+        [this] {
+            ExpectModalFailure(L"Connetion to CRL distribution point", L"Continue without loading CRL?");
+        });
+}
+
+}  // namespace
+}  // namespace tests
