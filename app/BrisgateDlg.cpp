@@ -149,6 +149,27 @@ ui::Size CBrisgateDlg::MinimumTrackSize() const {
             2 * (5 * button.height + metrics.VerticalScrollArrowHeight(Dpi()))};
 }
 
+int CBrisgateDlg::RunForm(ui::Dialog& form) {
+    class Opened {
+      public:
+        explicit Opened(bool& flag) : flag_(flag) { flag_ = true; }
+        ~Opened() { flag_ = false; }
+        Opened(const Opened&) = delete;
+        Opened& operator=(const Opened&) = delete;
+
+      private:
+        bool& flag_;
+    };
+    const Opened opened(formOpen_);
+    return form.DoModal();
+}
+
+// Whoever has opened a form means to change something.
+const wchar_t* CBrisgateDlg::ReasonToStay() const {
+    const bool mayLose = changed_ || formOpen_ || (rules_.HasFocus() && ruleList_.HasNewTicks());
+    return mayLose ? L"Some changes has not been saved." : nullptr;
+}
+
 void CBrisgateDlg::OpenProfile() {
     const auto row = profiles_.FirstSelected();
     if (!row) return;
@@ -222,8 +243,10 @@ void CBrisgateDlg::Save() {
     settings.WindowRight = window.x + window.width;
     try {
         // A report takes the focus from the rule list, which may be a change of its own.
-        if (config::SaveConfiguration(services_.Registry, services_.Errors, this, configuration_))
+        if (config::SaveConfiguration(services_.Registry, services_.Errors, this, configuration_)) {
             changed_ = false;
+            ReasonToStayChanged();
+        }
     } catch (const std::bad_alloc&) {
         changed_ = true;  // the registry holds a half of it
         throw;

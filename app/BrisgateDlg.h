@@ -26,6 +26,7 @@ class CBrisgateDlg : public ui::Dialog {
                           editors::CertificateActions* certificates = nullptr);
 
     ui::Size MinimumTrackSize() const override;
+    const wchar_t* ReasonToStay() const override;
 
   private:
     void OnInitDialog() override;
@@ -43,6 +44,8 @@ class CBrisgateDlg : public ui::Dialog {
     void CreateProfileColumn();
     void SpreadProfileColumn();
 
+    // Runs a form in which the user edits what the dialog owns.
+    int RunForm(ui::Dialog& form);
     void OpenProfile();
     config::ServiceProfile* OpenedProfile();
     void EnableProfileControls(bool enabled);
@@ -96,6 +99,7 @@ class CBrisgateDlg : public ui::Dialog {
     std::vector<std::wstring> profileNames_;  // as the profile list shows them
     std::wstring openedProfile_;              // empty: none
     bool changed_ = false;                    // memory differs from the registry
+    bool formOpen_ = false;                   // with edits that are not in memory yet
     editors::EditorMemory editorMemory_;
 
     // In even columns but for two texts, which would be cut off. The search caption has the room above its

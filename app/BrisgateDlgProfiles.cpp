@@ -17,7 +17,7 @@ std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(
     for (const config::ServiceProfile& known : configuration_.Profiles) names.push_back(known.Name);
     editors::CAddProfile editor(services_, this, profile, std::move(names),
                                 crypto::CsProfileNames(configuration_.CsProfiles), editorMemory_);
-    if (editor.DoModal() != ui::IdOk) return std::nullopt;
+    if (RunForm(editor) != ui::IdOk) return std::nullopt;
     return EditedProfile{editor.Result(), editor.RemovedCsProfiles()};
 }
 

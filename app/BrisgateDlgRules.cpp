@@ -35,7 +35,7 @@ std::optional<config::Rule> CBrisgateDlg::RunRuleEditor(const config::ServicePro
                                                         const config::Rule& rule) {
     editors::CAddRule editor(services_, this, profile, SuggestedMasks(configuration_.Settings, profile.Rules),
                              rule, editorMemory_, certificates_);
-    if (editor.DoModal() != ui::IdOk) return std::nullopt;
+    if (RunForm(editor) != ui::IdOk) return std::nullopt;
     return editor.Result();
 }
 

@@ -10,7 +10,7 @@ namespace app {
 void CBrisgateDlg::EditLogSettings() {
     config::GlobalSettings& all = configuration_.Settings;
     settings::CConflictDlg dialog(services_, this, all.LogPath, all.LogFilesize);
-    if (dialog.DoModal() != ui::IdOk) return;
+    if (RunForm(dialog) != ui::IdOk) return;
     all.LogPath = dialog.LogPath();
     all.LogFilesize = dialog.LogFilesize();
     changed_ = true;
@@ -18,7 +18,7 @@ void CBrisgateDlg::EditLogSettings() {
 
 void CBrisgateDlg::EditExtensions() {
     settings::CConfigPage dialog(services_.Screen, this, configuration_.Settings);
-    if (dialog.DoModal() != ui::IdOk) return;
+    if (RunForm(dialog) != ui::IdOk) return;
     config::GlobalSettings result = dialog.Result();
     configuration_.Settings = std::move(result);  // all of them or none
     changed_ = true;

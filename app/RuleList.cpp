@@ -54,6 +54,14 @@ void RuleList::Fill(std::wstring_view searchText) {
     SpreadWidths();
 }
 
+bool RuleList::HasNewTicks() const {
+    const std::span<const config::Rule> rules = rules_();
+    for (size_t row = 0; row < listed_.size(); ++row)
+        if (listed_[row] < rules.size() && view_.IsChecked(row) != (rules[listed_[row]].IsOn != 0))
+            return true;
+    return false;
+}
+
 std::wstring RuleList::Cell(size_t row, size_t column) const {
     const std::span<const config::Rule> rules = rules_();
     if (row >= listed_.size() || listed_[row] >= rules.size()) return {};

@@ -26,6 +26,8 @@ class RuleList {
     void Empty();
     // The rows stand for rules: it has been filled since it was emptied.
     bool IsFilled() const { return filled_; }
+    // The user has ticked or cleared a box, and its rule does not know yet.
+    bool HasNewTicks() const;
     // Shows the rules that pass the search, with their check boxes as the rules are switched on and off.
     void Fill(std::wstring_view searchText);
 

@@ -167,4 +167,8 @@ void Dialog::SetNormalRect(const Rect& rect) {
     if (window_ != nullptr) window_->SetNormalRect(rect);
 }
 
+void Dialog::ReasonToStayChanged() {
+    if (window_ != nullptr) window_->Show(*this, DialogAspect::ReasonToStay);
+}
+
 }  // namespace ui

@@ -62,6 +62,9 @@ class Dialog {
     Rect NormalRect() const;
     // The smallest outer size to which the user can drag the window, in pixels; 0: the system's.
     virtual Size MinimumTrackSize() const { return {}; }
+    // What would be lost if the user's session ended now, as the system shows it; none: nothing. It is asked
+    // for while memory may be short.
+    virtual const wchar_t* ReasonToStay() const { return nullptr; }
 
     void SetFocus(Control& control);
     // Pixels inside the control's border, without its scroll bar when one is shown; 0 while the dialog is not
@@ -103,6 +106,8 @@ class Dialog {
     void AppendToSystemMenu(int command, std::wstring text);
 
     void SetNormalRect(const Rect& rect);
+    // There may be no reason to stay any more.
+    void ReasonToStayChanged();
 
     ui::Screen& Screen() const { return screen_; }
 

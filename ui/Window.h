@@ -6,7 +6,7 @@
 
 namespace ui {
 
-enum class DialogAspect { Caption, Icon, MenuBar, SystemMenu, Focus };
+enum class DialogAspect { Caption, Icon, MenuBar, SystemMenu, Focus, ReasonToStay };
 
 class Window {
   public:

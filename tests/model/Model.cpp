@@ -95,6 +95,14 @@ void Model::LeaveRules() {
     }
 }
 
+bool Model::HasUnsaved() const {
+    const Profile* const profile = Opened();
+    if (changed_ || keyboard_ != Place::Rules || profile == nullptr) return changed_;
+    return std::any_of(rows_.begin(), rows_.end(), [profile](const Row& row) {
+        return (profile->rules.at(row.rule).number.at(L"Is on") != 0) != row.checked;
+    });
+}
+
 void Model::OpenProfile() {
     if (!selectedProfile_) return;
     const Profile& profile = memory_.profiles.at(*selectedProfile_);

@@ -35,6 +35,8 @@ class Model {
     Place Keyboard() const { return keyboard_; }
     const std::wstring& Search() const { return search_; }
     bool IsChanged() const { return changed_; }
+    // Something that is not stored, be it only a tick.
+    bool HasUnsaved() const;
     std::wstring ProfileLabel() const;
     std::wstring StoreProfileLabel() const;
     // Whether a profile is shown as the opened one; without one, its commands and its rules cannot be used.

@@ -135,6 +135,7 @@ void Walk::Compare() {
     CompareProfiles();
     CompareCommands();
     CompareRules();
+    EXPECT_EQ(user_.Top().ReasonToStay() != nullptr, model_.HasUnsaved());
     EXPECT_EQ(user_.Text(id::Search), model_.Search());
     EXPECT_EQ(user_.Get<ui::ListView>(id::Profiles).HasFocus(), model_.Keyboard() == Place::Profiles);
     EXPECT_EQ(user_.Get<ui::ListView>(id::Rules).HasFocus(), model_.Keyboard() == Place::Rules);

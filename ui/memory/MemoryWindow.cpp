@@ -111,6 +111,12 @@ void MemoryWindow::UserMovedToMonitor(uint32_t dpi) {
     TakeClientSize(client);
 }
 
+bool MemoryWindow::UserEndsSession() {
+    const wchar_t* const reason = dialog_.ReasonToStay();
+    reasonToStay_ = reason == nullptr ? L"" : reason;
+    return reason == nullptr;
+}
+
 // A control that cannot be used does not keep the focus: the next one gets it.
 void MemoryWindow::Show(const Control& control, Aspect aspect) {
     if (shown_) shown_->Show(control, aspect);
@@ -122,6 +128,7 @@ void MemoryWindow::Show(const Control& control, Aspect aspect) {
 
 void MemoryWindow::Show(const Dialog& dialog, DialogAspect aspect) {
     if (shown_) shown_->Show(dialog, aspect);
+    if (aspect == DialogAspect::ReasonToStay && dialog.ReasonToStay() == nullptr) reasonToStay_.clear();
     if (aspect != DialogAspect::Focus || !behind_) return;
     focusBehind_ = dialog.Focus();
     dialog_.UserLeft(*focusBehind_);  // the dialog's record only: the control has not had the focus

@@ -53,6 +53,10 @@ class MemoryWindow final : public Window {
     void UserMinimized();
     void UserRestored();
     void UserMovedToMonitor(uint32_t dpi);
+    // Asks whether the session may end, as the system does. False: the window shows why not, until there is
+    // nothing to lose any more.
+    bool UserEndsSession();
+    std::wstring ShownReasonToStay() const { return reasonToStay_; }
 
     void Show(const Control& control, Aspect aspect) override;
     void Show(const Dialog& dialog, DialogAspect aspect) override;
@@ -85,6 +89,7 @@ class MemoryWindow final : public Window {
     Control* focusBehind_ = nullptr;  // gets the focus when the window comes to the front again
     RowSelection rows_;
     std::optional<ShownState> shown_;
+    std::wstring reasonToStay_;
 };
 
 }  // namespace ui::memory

@@ -28,6 +28,7 @@ void DialogWindow::Attach(HWND window) {
 }
 
 void DialogWindow::Detach() {
+    LetSessionEnd();
     RemovePropW(window_, OwnProperty);
     window_ = nullptr;
     dialog_.Closed();
@@ -74,6 +75,8 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DROPFILES:
             OnDrop(DroppedFiles(reinterpret_cast<HDROP>(wParam)));
             return Reply(0);
+        case WM_QUERYENDSESSION:
+            return Reply(MayEndSession(lParam));
         case WM_DPICHANGED:
             OnChangedDpi(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return Reply(0);
@@ -149,6 +152,23 @@ void DialogWindow::OnChangedDpi(uint32_t dpi, const RECT& suggested) {
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+// A session that has to end at once cannot be held up.
+bool DialogWindow::MayEndSession(LPARAM how) {
+    const wchar_t* const reason = dialog_.ReasonToStay();
+    if (reason == nullptr) {
+        LetSessionEnd();
+        return true;
+    }
+    if ((static_cast<DWORD>(how) & ENDSESSION_CRITICAL) != 0) return true;
+    ShutdownBlockReasonCreate(window_, reason);
+    staysInSession_ = true;
+    return false;
+}
+
+void DialogWindow::LetSessionEnd() {
+    if (std::exchange(staysInSession_, false)) ShutdownBlockReasonDestroy(window_);
 }
 
 ControlMirror* DialogWindow::MirrorOf(HWND window) const {

@@ -160,6 +160,9 @@ void DialogWindow::Show(const Dialog& dialog, DialogAspect aspect) {
         case DialogAspect::Focus:
             ShowFocus();
             break;
+        case DialogAspect::ReasonToStay:
+            if (dialog.ReasonToStay() == nullptr) LetSessionEnd();
+            break;
     }
 }
 

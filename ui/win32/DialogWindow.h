@@ -79,6 +79,8 @@ class DialogWindow : public ui::Window {
     void OnSize(WPARAM kind, Size client);
     void OnMinMaxInfo(MINMAXINFO& info) const;
     void OnChangedDpi(uint32_t dpi, const RECT& suggested);
+    bool MayEndSession(LPARAM how);
+    void LetSessionEnd();
     void ShowRescaled();
 
     void ShowMenuBar();
@@ -109,6 +111,7 @@ class DialogWindow : public ui::Window {
     bool initialised_ = false;
     bool placed_ = false;  // the program said where the window has to be
     bool ended_ = false;
+    bool staysInSession_ = false;  // the system shows why
     std::exception_ptr exception_;
 };
 
