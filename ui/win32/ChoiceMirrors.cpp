@@ -1,6 +1,12 @@
 #include "ui/win32/ChoiceMirrors.h"
 
+#include "ui/win32/WheelGuard.h"
+
 namespace ui::win32 {
+
+ComboMirror::ComboMirror(ChoiceControl& combo, HWND window) : ControlMirror(combo, window), combo_(combo) {
+    KeepWheelFromChoosing(window);
+}
 
 void ComboMirror::ShowAll() {
     Show(Aspect::Items);

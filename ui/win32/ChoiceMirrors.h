@@ -15,7 +15,7 @@ class ComboMirror : public ControlMirror {
     int DropHeight() const override;
 
   protected:
-    ComboMirror(ChoiceControl& combo, HWND window) : ControlMirror(combo, window), combo_(combo) {}
+    ComboMirror(ChoiceControl& combo, HWND window);
 
   private:
     void ShowItems() const;
