@@ -8,6 +8,7 @@
 
 #include "app/AboutDlg.h"
 #include "config/Load.h"
+#include "config/RoundTrip.h"
 #include "config/Save.h"
 #include "errors/MessageBoxes.h"
 #include "errors/ProgramTitle.h"
@@ -234,6 +235,15 @@ void CBrisgateDlg::OnSystemCommand(int command) {
 }
 
 void CBrisgateDlg::Save() {
+    if (MaySave()) Store();
+}
+
+bool CBrisgateDlg::MaySave() {
+    const std::vector<config::Unreadable> found = config::FindUnreadable(configuration_);
+    return found.empty() || errors::ConfirmRisk(Screen(), this, config::UnreadableQuestion(found));
+}
+
+void CBrisgateDlg::Store() {
     const ui::WaitCursor wait(Screen());
     const ui::Rect window = NormalRect();
     config::GlobalSettings& settings = configuration_.Settings;
@@ -260,7 +270,8 @@ bool CBrisgateDlg::MayLeave() {
 
 void CBrisgateDlg::OnOK() {
     TakeNewTicks();
-    Save();
+    if (!MaySave()) return;
+    Store();
     if (!MayLeave()) return;
     ruleList_.Empty();
     EndDialog(ui::IdOk);

@@ -91,6 +91,8 @@ class CBrisgateDlg : public ui::Dialog {
     void EditExtensions();
 
     void Save();
+    bool MaySave();
+    void Store();
     bool MayLeave();
 
     const config::Services services_;

@@ -1,5 +1,7 @@
-// Where the service's and the library's keys lie in the registry.
+// Where the service's and the library's keys lie in the registry, and how much they hold.
 #pragma once
+
+#include <cstddef>
 
 #include "platform/Registry.h"
 
@@ -18,5 +20,9 @@ inline constexpr wchar_t EditorKey[] = L"morcelservice editor";
 inline constexpr platform::RootKey LibraryHive = platform::RootKey::CurrentUser;
 inline constexpr wchar_t LibraryProfiles[] = L"SOFTWARE\\TALVERON\\morcel\\Profiles";
 inline constexpr wchar_t LdapStore[] = L"SOFTWARE\\TALVERON\\morcel\\store\\2";
+
+// In UTF-16 code units: a text (not an entry of a list) that can be read back, and the name of a key.
+inline constexpr size_t LongestText = 519;
+inline constexpr size_t LongestKeyName = 255;
 
 }  // namespace config

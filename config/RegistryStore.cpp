@@ -4,6 +4,7 @@
 #include <array>
 #include <memory>
 
+#include "config/RegistryLayout.h"
 #include "text/Numbers.h"
 
 namespace config {
@@ -14,9 +15,9 @@ using platform::ValueType;
 using platform::Win32Code;
 namespace code = platform::code;
 
-constexpr uint32_t subkeyNameCapacity = 260;   // characters, with the terminating zero
-constexpr uint32_t deletedNameCapacity = 256;  // likewise
-constexpr size_t stringCapacity = 1040;        // bytes: 519 characters and the terminating zero
+constexpr uint32_t subkeyNameCapacity = 260;              // characters, with the terminating zero
+constexpr uint32_t deletedNameCapacity = 256;             // likewise
+constexpr size_t stringCapacity = (LongestText + 1) * 2;  // bytes
 
 const wchar_t* WritingOf(ValueType type) {
     switch (type) {

@@ -17,6 +17,11 @@ bool Propose(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& qu
     return PlainMessageBox(screen, owner, question, ui::box::YesNo | ui::box::QuestionIcon) == ui::IdYes;
 }
 
+bool ConfirmRisk(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& question) {
+    constexpr uint32_t flags = ui::box::YesNo | ui::box::ExclamationIcon | ui::box::SecondIsDefault;
+    return PlainMessageBox(screen, owner, question, flags) == ui::IdYes;
+}
+
 void Warn(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& text) {
     PlainMessageBox(screen, owner, text, ui::box::Ok | ui::box::ExclamationIcon);
 }

@@ -18,6 +18,9 @@ bool Confirm(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& qu
 // The same with Yes as the default.
 bool Propose(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& question);
 
+// The same as a warning: with the exclamation icon, and No as the default.
+bool ConfirmRisk(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& question);
+
 // A hint or refusal with the exclamation icon.
 void Warn(ui::Screen& screen, const ui::Dialog* owner, const std::wstring& text);
 

@@ -21,6 +21,11 @@ std::wstring_view TakeName(std::wstring_view& path) {
     return name;
 }
 
+// The system takes texts that end in a zero, and so at their first one.
+std::wstring_view UpToZero(std::wstring_view text) {
+    return text.substr(0, text.find(L'\0'));
+}
+
 bool HasTooLongName(std::wstring_view path) {
     for (std::wstring_view name = TakeName(path); !name.empty(); name = TakeName(path)) {
         if (name.size() > longestKeyName) return true;
@@ -85,7 +90,7 @@ KeyHandle MemoryRegistry::NewHandle(KeyPointer key) {
 
 Win32Code MemoryRegistry::OpenBelow(const KeyPointer& from, std::wstring_view path, KeyHandle& key) {
     if (path.starts_with(L'\\')) return badPathName;
-    KeyPointer found = Key::Find(from, path);
+    KeyPointer found = Key::Find(from, UpToZero(path));
     if (!found) return code::FileNotFound;
     key = NewHandle(std::move(found));
     return code::Success;
@@ -103,9 +108,9 @@ Win32Code MemoryRegistry::OpenSubkey(KeyHandle parent, const std::wstring& name,
 
 Win32Code MemoryRegistry::Create(RootKey root, const std::wstring& path, KeyHandle& key) {
     if (path.starts_with(L'\\')) return badPathName;
-    if (HasTooLongName(path)) return invalidParameter;
+    std::wstring_view rest = UpToZero(path);
+    if (HasTooLongName(rest)) return invalidParameter;
     KeyPointer current = Root(root);
-    std::wstring_view rest = path;
     for (auto name = TakeName(rest); !name.empty(); name = TakeName(rest)) {
         const KeyPointer* subkey = current->Subkeys.Find(name);
         current = subkey != nullptr ? *subkey : current->Add(name);
@@ -140,7 +145,7 @@ Win32Code MemoryRegistry::DeleteSubkey(KeyHandle parent, const std::wstring& nam
     const Win32Code answer = Resolve(parent, from);
     if (answer != code::Success) return answer;
     if (name.starts_with(L'\\')) return badPathName;
-    const KeyPointer key = Key::Find(from, name);
+    const KeyPointer key = Key::Find(from, UpToZero(name));
     if (!key) return code::FileNotFound;
     if (key->Parent == nullptr || !key->Subkeys.Empty()) return code::AccessDenied;
     key->Parent->Subkeys.Remove(key->Name);

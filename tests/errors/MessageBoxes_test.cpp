@@ -45,6 +45,14 @@ TEST_F(MessageBoxes, ConfirmAsksYesOrNoWithNoAsTheDefault) {
     EXPECT_FALSE(errors::Confirm(world_->Screen(), nullptr, L"Delete it?"));
 }
 
+TEST_F(MessageBoxes, ConfirmRiskAsksThatWithAnExclamation) {
+    constexpr uint32_t flags = ui::box::YesNo | ui::box::ExclamationIcon | ui::box::SecondIsDefault;
+    user_.ExpectBox(L"Lose it?", flags, ui::IdYes, caption);
+    EXPECT_TRUE(errors::ConfirmRisk(world_->Screen(), nullptr, L"Lose it?"));
+    user_.ExpectBox(L"Lose it?", flags, ui::IdNo, caption);
+    EXPECT_FALSE(errors::ConfirmRisk(world_->Screen(), nullptr, L"Lose it?"));
+}
+
 TEST_F(MessageBoxes, WarnShowsAnExclamation) {
     user_.ExpectBox(L"No CS profiles found.", ui::box::Ok | ui::box::ExclamationIcon, ui::IdOk, caption);
     errors::Warn(world_->Screen(), nullptr, L"No CS profiles found.");

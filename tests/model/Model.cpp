@@ -1,6 +1,7 @@
 #include "tests/model/Model.h"
 
 #include <algorithm>
+#include <set>
 
 namespace tests::model {
 
@@ -52,6 +53,14 @@ std::optional<size_t> Model::FirstSelectedRow() const {
 size_t Model::SelectedRows() const {
     return static_cast<size_t>(
         std::count_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.selected; }));
+}
+
+Texts Model::NamesWithoutKey() const {
+    std::set<std::wstring> keys;
+    Texts names;
+    for (const Profile& profile : memory_.profiles)
+        if (!keys.insert(Capitals(profile.name)).second) names.push_back(profile.name);
+    return names;
 }
 
 Texts Model::SuggestedMasks() const {

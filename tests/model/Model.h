@@ -49,6 +49,8 @@ class Model {
     std::optional<size_t> FirstSelectedRow() const;
     size_t SelectedRows() const;
     Texts SuggestedMasks() const;
+    // Of profiles whose key in the registry an earlier one has.
+    Texts NamesWithoutKey() const;
 
     // The user's hands in the lists and the search.
     void MoveKeyboard(Place place);

@@ -134,6 +134,8 @@ class Walk : private editors::CertificateActions {
     void DeleteExtension(ExtensionForm& form);
     void ApplyExtensions(ExtensionForm& form);
     void LeaveExtensions(const ExtensionForm& form);
+    bool ExpectSaveQuestion();
+    void AnswerSaveQuestion(const std::function<void()>& gesture);
     void Save();
     void SaveInVain();
     void SaveAndExit();

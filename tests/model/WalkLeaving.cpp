@@ -6,15 +6,34 @@
 
 namespace tests::model {
 
+// Whether something is going to be saved: profiles that would share a key are asked about first.
+bool Walk::ExpectSaveQuestion() {
+    const Texts names = model_.NamesWithoutKey();
+    if (names.empty()) return true;
+    std::wstring question = L"Some texts cannot be read back once they are saved:\r\n";
+    for (const std::wstring& name : names)
+        question += L"\r\nProfile '" + name + L"', Name: differs from another name at most in case";
+    const bool saves = dice_.Chance(60);
+    user_.ExpectBox(question + L"\r\n\r\nSave anyway?", boxes::Risk, saves ? ui::IdYes : ui::IdNo);
+    return saves;
+}
+
+void Walk::AnswerSaveQuestion(const std::function<void()>& gesture) {
+    gesture();
+    if (!model_.NamesWithoutKey().empty()) model_.WindowOpens();
+}
+
 void Walk::Save() {
-    dice_.Chance(30) ? ClickElsewhere(id::SaveIcon)() : ButtonOrMenu(id::Save, 57603)();
-    model_.Save();
+    const bool saves = ExpectSaveQuestion();
+    AnswerSaveQuestion(dice_.Chance(30) ? ClickElsewhere(id::SaveIcon) : ButtonOrMenu(id::Save, 57603));
+    if (saves) model_.Save();
     CompareRegistry();
 }
 
 void Walk::SaveInVain() {
     world_.Registry().FailWhere(platform::memory::RegistryCall::Open, L"morcelservice", 5);
-    user_.ExpectBoxBeginning(L"Create (open) register key ", ui::box::ErrorIcon, ui::IdOk);
+    if (ExpectSaveQuestion())
+        user_.ExpectBoxBeginning(L"Create (open) register key ", ui::box::ErrorIcon, ui::IdOk);
     ButtonOrMenu(id::Save, 57603)();
     world_.Registry().NoFaults();
     model_.WindowOpens();
@@ -33,8 +52,9 @@ void Walk::SaveAndExit() {
     std::vector<std::function<void()>> ways{ClickElsewhere(ui::IdOk),
                                             pressEnterIn(id::Search, Place::Search)};
     if (model_.ShowsProfile()) ways.push_back(pressEnterIn(id::Rules, Place::Rules));
-    dice_.Pick(ways)();
-    model_.Save();
+    const bool saves = ExpectSaveQuestion();
+    AnswerSaveQuestion(dice_.Pick(ways));
+    if (saves) model_.Save();
 }
 
 // While a search hides rules, a check box that the list has not been left with since is no change yet.

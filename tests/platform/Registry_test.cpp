@@ -82,6 +82,12 @@ TEST_F(RegistryTest, APathMustNotBeginWithABackslash) {
     EXPECT_EQ(registry_->Create(RootKey::LocalMachine, L"\\SOFTWARE", key), badPathName);
 }
 
+TEST_F(RegistryTest, APathEndsAtItsFirstZero) {
+    Create(root_ + std::wstring(L"\\a\0b", 4));
+    EXPECT_EQ(Subkeys(Create(root_)), std::vector<std::wstring>{L"a"});
+    EXPECT_EQ(TryOpen(root_ + std::wstring(L"\\a\0c", 4)), 0U);
+}
+
 TEST_F(RegistryTest, ANameMayHave255Characters) {
     Create(root_ + L"\\" + std::wstring(255, L'a'));
     EXPECT_EQ(Subkeys(Create(root_)), std::vector<std::wstring>{std::wstring(255, L'a')});

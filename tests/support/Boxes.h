@@ -8,6 +8,7 @@
 namespace tests::boxes {
 
 inline constexpr uint32_t Question = ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault;
+inline constexpr uint32_t Risk = ui::box::YesNo | ui::box::ExclamationIcon | ui::box::SecondIsDefault;
 inline constexpr uint32_t Hint = ui::box::Ok | ui::box::ExclamationIcon;
 inline constexpr uint32_t Report = ui::box::Ok | ui::box::ErrorIcon;
 inline constexpr uint32_t OkOrCancel = 0x31;  // with the exclamation mark; as the library's callers pass it
