@@ -8,6 +8,7 @@
 #include "certs/ChosenNames.h"
 #include "certs/NameRows.h"
 #include "config/Records.h"
+#include "config/RegistryLayout.h"
 #include "config/Services.h"
 #include "crypto/CertificateSearch.h"
 #include "crypto/PickerSettings.h"
@@ -116,7 +117,8 @@ class CPreEncryptDlg : public ui::Dialog {
         *this, 1222, {7, 193, 303, 70, FollowBottom}, {.checkBoxes = true, .sortableHeaders = true}};
 
     ui::Label nameLabel_{*this, 1223, {7, 271, 50, 8, MoveDown}, L"List name:"};
-    ui::Edit name_{*this, 1224, {60, 269, 222, 14, FollowBottom}};
+    ui::Edit name_{
+        *this, 1224, {60, 269, 222, 14, FollowBottom}, {.longest = config::LongestKeyName, .refused = L"\\"}};
     ui::Button ok_{*this, ui::IdOk, {289, 269, 50, 14, ui::MoveBoth}, L"OK"};
     ui::Button exit_{*this, ui::IdCancel, {343, 269, 50, 14, ui::MoveBoth}, L"Exit"};
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "config/RegistryLayout.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
@@ -24,7 +25,7 @@ class AddMask : public ui::Dialog {
 
     std::wstring mask_;
 
-    ui::EditableCombo combo_{*this, 1095, {7, 7, 186, 14}};
+    ui::EditableCombo combo_{*this, 1095, {7, 7, 186, 14}, {}, config::LongestText};
     ui::Button ok_{*this, ui::IdOk, {89, 29, 50, 14}, L"OK"};
     ui::Button exit_{*this, ui::IdCancel, {143, 29, 50, 14}, L"Exit"};
 };

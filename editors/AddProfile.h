@@ -60,7 +60,7 @@ class CAddProfile : public ui::Dialog {
     std::vector<std::wstring> removed_;
 
     ui::Label nameLabel_{*this, 1070, {7, 9, 68, 8}, L"Type profile name"};
-    ui::Edit name_{*this, 1037, {78, 7, 106, 14}};
+    ui::Edit name_{*this, 1037, {78, 7, 106, 14}, {.refused = L"\\"}};  // the name of a key
 
     ui::ListBox csProfiles_{
         *this, 1001, {7, 29, 108, 140}, ui::ListBox::Order::AsAdded, [this] { SelectCsProfile(); }};

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "config/RegistryLayout.h"
 #include "config/Services.h"
 #include "editors/CertificateActions.h"
 #include "editors/EditorMemory.h"
@@ -73,26 +74,29 @@ class CAddRule : public ui::Dialog {
     ui::Label storeProfileLabel_{*this, 1104, {206, 9, 44, 8}};
     ui::ComboBox storeProfile_{*this, 1051, {253, 7, 134, 14}, [this] { ChooseStoreProfile(); }};
     ui::Label descriptionLabel_{*this, 1122, {7, 29, 32, 18}, L"Descrip\ntion"};
-    ui::Edit description_{*this, 1079, {41, 27, 346, 28}, {.multiLine = true}};
+    ui::Edit description_{
+        *this, 1079, {41, 27, 346, 28}, {.multiLine = true, .longest = config::LongestText}};
 
     ui::IconButton pickPathIn_{*this,           1000,
                                {7, 62, 28, 20}, ui::Icon::FolderIn,
                                L"Input folder", [this] { PickFolder(form_.PathIn); }};
-    ui::Edit pathIn_{*this, 1045, {41, 65, 210, 14}, {.takesPaths = true}};
+    ui::Edit pathIn_{*this, 1045, {41, 65, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
     ui::IconButton pickPathOut_{*this,
                                 1043,
                                 {7, 84, 28, 20},
                                 ui::Icon::FolderOut,
                                 L"Output folder",
                                 [this] { PickFolder(form_.PathOut); }};
-    ui::Edit pathOut_{*this, 1046, {41, 87, 210, 14}, {.takesPaths = true}};
+    ui::Edit pathOut_{*this, 1046, {41, 87, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
     ui::IconButton pickPathError_{
         *this, 1044, {7, 106, 28, 20}, ui::Icon::FolderError, L"Error folder", [this] {
             PickFolder(form_.PathError);
         }};
-    ui::Edit pathError_{*this, 1047, {41, 109, 210, 14}, {.takesPaths = true}};
+    ui::Edit pathError_{
+        *this, 1047, {41, 109, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
     ui::IconButton action_{*this, 1050, {7, 128, 28, 20}, ui::Icon::Recipients, L"", [this] { DoAction(); }};
-    ui::Edit actionField_{*this, 1049, {41, 131, 210, 14}, {.takesPaths = true}};
+    ui::Edit actionField_{
+        *this, 1049, {41, 131, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
 
     ui::ListView masks_{*this, 1001, {258, 62, 97, 86}};
     ui::IconButton addMask_{
@@ -104,18 +108,18 @@ class CAddRule : public ui::Dialog {
 
     ui::Label labelA_{*this, 1108, {7, 159, 98, 8}};
     ui::ComboBox listA_{*this, 1105, {107, 157, 86, 14}};
-    ui::Edit textA_{*this, 1130, {107, 157, 86, 14}};
+    ui::Edit textA_{*this, 1130, {107, 157, 86, 14}, {.longest = config::LongestText}};
     ui::Edit numberA_{*this, 1139, {107, 157, 86, 14}, {.digitsOnly = true}, [this] { ReadAndPush(); }};
     ui::Label labelB_{*this, 1109, {201, 159, 98, 8}};
     ui::ComboBox listB_{*this, 1106, {301, 157, 86, 14}};
-    ui::Edit textB_{*this, 1131, {301, 157, 86, 14}};
+    ui::Edit textB_{*this, 1131, {301, 157, 86, 14}, {.longest = config::LongestText}};
     ui::Edit numberB_{*this, 1140, {301, 157, 86, 14}, {.digitsOnly = true}, [this] { ReadAndPush(); }};
     ui::Label labelC_{*this, 1110, {7, 179, 98, 8}};
     ui::ComboBox listC_{*this, 1107, {107, 177, 86, 14}};
-    ui::Edit textC_{*this, 1136, {107, 177, 86, 14}};
+    ui::Edit textC_{*this, 1136, {107, 177, 86, 14}, {.longest = config::LongestText}};
     ui::Edit numberC_{*this, 1141, {107, 177, 86, 14}, {.digitsOnly = true}, [this] { ReadAndPush(); }};
     ui::Label labelD_{*this, 1138, {201, 179, 98, 8}};
-    ui::Edit textD_{*this, 1137, {301, 177, 86, 14}};
+    ui::Edit textD_{*this, 1137, {301, 177, 86, 14}, {.longest = config::LongestText}};
 
     // The single mask of the older format: never shown, never written back.
     ui::Label oldMaskLabel_{*this, 1123, {7, 203, 30, 8}, L"Mask"};

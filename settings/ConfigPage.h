@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "config/Records.h"
+#include "config/RegistryLayout.h"
 #include "settings/Extensions.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
@@ -36,22 +37,30 @@ class CConfigPage : public ui::Dialog {
 
     ui::Label basicLabel_{*this, 1069, {15, 12, 150, 8}, L"Basic file name extensions"};
     ui::Label signedLabel_{*this, 1075, {15, 25, 115, 8}, L"Signed files:"};
-    ui::Edit signed_{*this, 250, {132, 22, 26, 14}, {}, [this] { MarkModified(); }};
+    ui::Edit signed_{
+        *this, 250, {132, 22, 26, 14}, {.longest = config::LongestText}, [this] { MarkModified(); }};
     ui::Label detachedLabel_{*this, 1065, {15, 45, 115, 8}, L"Files with detached signature:"};
-    ui::Edit detached_{*this, 253, {132, 42, 26, 14}, {}, [this] { MarkModified(); }};
+    ui::Edit detached_{
+        *this, 253, {132, 42, 26, 14}, {.longest = config::LongestText}, [this] { MarkModified(); }};
     ui::Label encryptedLabel_{*this, 1066, {15, 65, 115, 8}, L"Encrypted files:"};
-    ui::Edit encrypted_{*this, 255, {132, 62, 26, 14}, {}, [this] { MarkModified(); }};
+    ui::Edit encrypted_{
+        *this, 255, {132, 62, 26, 14}, {.longest = config::LongestText}, [this] { MarkModified(); }};
     ui::Label base64Label_{*this, 1067, {15, 85, 115, 8}, L"Files in b64 format:"};
-    ui::Edit base64_{*this, 259, {132, 82, 26, 14}, {}, [this] { MarkModified(); }};
+    ui::Edit base64_{
+        *this, 259, {132, 82, 26, 14}, {.longest = config::LongestText}, [this] { MarkModified(); }};
     ui::Label hashLabel_{*this, 1068, {15, 105, 115, 8}, L"Hash files:"};
-    ui::Edit hash_{*this, 268, {132, 102, 26, 14}, {}, [this] { MarkModified(); }};
+    ui::Edit hash_{
+        *this, 268, {132, 102, 26, 14}, {.longest = config::LongestText}, [this] { MarkModified(); }};
     // In two lines.
     ui::Label reportLabel_{*this, 1081, {15, 120, 115, 17}, L"Files with signature verification report:"};
-    ui::Edit report_{*this, 1079, {132, 122, 26, 14}, {}, [this] { MarkModified(); }};
+    ui::Edit report_{
+        *this, 1079, {132, 122, 26, 14}, {.longest = config::LongestText}, [this] { MarkModified(); }};
     ui::Label zipLabel_{*this, 1070, {15, 145, 115, 8}, L"ZIP archives:"};
-    ui::Edit zip_{*this, 1080, {132, 142, 26, 14}, {}, [this] { MarkModified(); }};
+    ui::Edit zip_{
+        *this, 1080, {132, 142, 26, 14}, {.longest = config::LongestText}, [this] { MarkModified(); }};
     ui::Label gzipLabel_{*this, 1135, {15, 165, 115, 8}, L"GZIP archives:"};
-    ui::Edit gzip_{*this, 1134, {132, 162, 26, 14}, {}, [this] { MarkModified(); }};
+    ui::Edit gzip_{
+        *this, 1134, {132, 162, 26, 14}, {.longest = config::LongestText}, [this] { MarkModified(); }};
 
     ui::Label additionalLabel_{*this, 272, {171, 12, 106, 17}, L"Additional file name extensions:"};
     ui::ListBox additional_{*this, 275, {171, 32, 45, 146}, ui::ListBox::Order::Alphabetical};

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "config/RegistryLayout.h"
 #include "config/Services.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
@@ -34,7 +35,7 @@ class CConflictDlg : public ui::Dialog {
     int32_t logFilesize_;
 
     ui::Button pick_{*this, 1090, {7, 8, 58, 24}, L"Log path", [this] { PickFolder(); }};
-    ui::Edit path_{*this, 1091, {68, 13, 182, 14}};
+    ui::Edit path_{*this, 1091, {68, 13, 182, 14}, {.longest = config::LongestText}};
     ui::Label sizeLabel_{*this, 1132, {9, 38, 103, 8}, L"Log files size (KB.):"};
     ui::Edit size_{*this, 1133, {114, 37, 40, 14}, {.digitsOnly = true}, [this] { CorrectSize(); }};
     ui::Button ok_{*this, ui::IdOk, {151, 54, 50, 14}, L"OK"};

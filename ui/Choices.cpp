@@ -40,9 +40,10 @@ void ComboBox::DropDown() {
     Changed(Aspect::DroppedDown);
 }
 
-EditableCombo::EditableCombo(Dialog& owner, int id, const Place& place, Handler onChange)
+EditableCombo::EditableCombo(Dialog& owner, int id, const Place& place, Handler onChange, size_t longest)
     : ChoiceControl(owner, id, place, onChange),
-      onChange_(std::move(onChange)) {}
+      onChange_(std::move(onChange)),
+      longest_(longest) {}
 
 void EditableCombo::UserTyped(std::wstring text) {
     ForgetSelection();

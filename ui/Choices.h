@@ -1,6 +1,7 @@
 // The controls that offer a list of texts to choose from: drop-down lists, editable combos and list boxes.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -55,13 +56,16 @@ class ComboBox : public ChoiceControl {
 // A combo box with an edit: choosing an item puts its text there. The handler hears of typing and choosing.
 class EditableCombo : public ChoiceControl {
   public:
-    EditableCombo(Dialog& owner, int id, const Place& place, Handler onChange = {});
+    // longest: UTF-16 units that typing and pasting can make the text; 0: as many as the system can.
+    EditableCombo(Dialog& owner, int id, const Place& place, Handler onChange = {}, size_t longest = 0);
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
+    size_t Longest() const { return longest_; }
     void UserTyped(std::wstring text);
 
   private:
     void Selecting() override { TakeText(SelectedItem()); }
     Handler onChange_;
+    const size_t longest_;
 };
 
 class ListBox : public ChoiceControl {

@@ -46,9 +46,17 @@ void Edit::SetNumber(int32_t number) {
     if (!saysSo) SetText(digits);
 }
 
+size_t Edit::CountRefused(std::wstring_view text) const {
+    return static_cast<size_t>(
+        std::count_if(text.begin(), text.end(), [this](wchar_t unit) { return Refuses(unit); }));
+}
+
 void Edit::UserTyped(std::wstring text) {
+    const size_t refused = std::erase_if(text, [this](wchar_t unit) { return Refuses(unit); });
+    const bool isChange = refused == 0 || text != Text();
     TakeText(std::move(text));
-    if (onChange_) onChange_();
+    if (refused > 0) Changed(Aspect::Text);
+    if (isChange && onChange_) onChange_();
 }
 
 Button::Button(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick)

@@ -1,8 +1,10 @@
 // The simple controls: texts, pictures, edits, buttons, check boxes and up-down arrows.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "ui/Control.h"
 #include "ui/Icons.h"
@@ -43,6 +45,8 @@ struct EditStyle {
     bool multiLine = false;   // Enter starts a new line; lines end with "\r\n"
     bool scrollBars = false;  // both
     bool takesPaths = false;  // a file or folder dropped onto it becomes its content
+    size_t longest = 0;  // UTF-16 units that typing and pasting can make it; 0: as many as the system can
+    std::wstring_view refused{};  // characters left out of what is typed or pasted
 };
 
 class Edit : public Control {
@@ -59,9 +63,14 @@ class Edit : public Control {
     int32_t Number() const;
     void SetNumber(int32_t number);  // a text that already means this number stays as it is
 
+    // How many characters of a text it refuses.
+    size_t CountRefused(std::wstring_view text) const;
+
     void UserTyped(std::wstring text);  // the whole new content
 
   private:
+    bool Refuses(wchar_t unit) const { return style_.refused.find(unit) != std::wstring_view::npos; }
+
     const EditStyle style_;
     bool readOnly_;
     Handler onChange_;

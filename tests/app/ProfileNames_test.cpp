@@ -58,9 +58,8 @@ TEST_F(ProfileNames, FifteenCharactersAreKept) {
     EXPECT_EQ(ListedAfterAdding(L"fifteen letters"), (Texts{L"Alpha", L"Beta", L"fifteen letters"}));
 }
 
-// The registry takes the name for a path. What comes back is its first part, which has no rules: kept,
-// although nothing can be loaded any more.
-TEST_F(ProfileNames, ABackslashMakesAKeyWithinAKey) {
+// The registry would take it for a key within a key, and nothing could be loaded any more.
+TEST_F(ProfileNames, ABackslashNeverGetsIntoAName) {
     SeedSmallConfiguration();
     Run([&](CBrisgateDlg&) {
         user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) {
@@ -68,16 +67,33 @@ TEST_F(ProfileNames, ABackslashMakesAKeyWithinAKey) {
             user_.Click(ui::IdOk);
         });
         user_.Click(1031);
-        EXPECT_EQ(user_.Row(id::Profiles, 2), Texts{L"A\\B"});
+        EXPECT_EQ(user_.Row(id::Profiles, 2), Texts{L"AB"});
         user_.Click(id::Save);
         user_.PressCloseBox();
     });
-    EXPECT_TRUE(IsStored("A\\B"));
-    EXPECT_TRUE(IsStored("A\\B\\rules"));
-    user_.ExpectBoxBeginning(
-        L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\A\\rules.",
-        ui::box::ErrorIcon, ui::IdOk);
-    EXPECT_EQ(CBrisgateDlg(services_).DoModal(), ui::IdCancel);
+    EXPECT_EQ(Listed(), (Texts{L"AB", L"Alpha", L"Beta"}));
+}
+
+TEST_F(ProfileNames, OneThatDiffersOnlyInCaseIsAskedAbout) {
+    SeedSmallConfiguration();
+    const std::string before = Dump();
+    Run([&](CBrisgateDlg&) {
+        user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) {
+            user_.Type(1037, L"bETA");
+            user_.Click(ui::IdOk);
+        });
+        user_.Click(1031);
+        user_.ExpectBox(
+            L"Some texts cannot be read back once they are saved:\r\n"
+            L"\r\nProfile 'bETA', Name: differs from another name at most in case"
+            L"\r\n\r\nSave anyway?",
+            boxes::Risk, ui::IdNo);
+        user_.Click(id::Save);
+        EXPECT_EQ(Dump(), before);
+        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
+        user_.PressCloseBox();
+    });
+    EXPECT_EQ(Listed(), (Texts{L"Alpha", L"Beta"}));
 }
 
 TEST_F(ProfileNames, TooLongANameNeverReachesTheRegistry) {

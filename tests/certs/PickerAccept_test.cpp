@@ -114,6 +114,20 @@ TEST_F(PickerAccept, ASignerListNeedsANameOfItsOwn) {
     EXPECT_EQ(listName_, L"Chiefs");
 }
 
+// It is the name of a key.
+TEST_F(PickerAccept, TheNameOfASignerListTakesWhatTheRegistryTakes) {
+    const auto result = PickSigners(L"", {L"CN=A"}, [this](CPreEncryptDlg&) {
+        user_.Type(pickid::Name, L"a\\b");
+        EXPECT_EQ(user_.Text(pickid::Name), L"ab");
+        user_.Paste(pickid::Name, std::wstring(300, L'n'));
+        EXPECT_EQ(user_.Text(pickid::Name), std::wstring(255, L'n'));
+        user_.Paste(pickid::Name, L"a\\b");
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(result, Names{L"CN=A"});
+    EXPECT_EQ(listName_, L"ab");
+}
+
 TEST_F(PickerAccept, ASignerListMayKeepItsName) {
     lists_ = {{L"own", {L"CN=A"}}};
     EXPECT_EQ(PickSigners(L"own", {L"CN=A"}, [this](CPreEncryptDlg&) { user_.Click(ui::IdOk); }),

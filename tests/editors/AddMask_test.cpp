@@ -38,6 +38,18 @@ TEST_F(AddMaskTest, OffersTheSuggestionsInTheirOrderAndStartsInTheField) {
     EXPECT_EQ(dialog_.Mask(), L"*.a");
 }
 
+TEST_F(AddMaskTest, TakesNoMoreThanTheRegistryGivesBack) {
+    AddMask dialog(world_->Screen(), nullptr, {std::wstring(600, L'*')});
+    Run(dialog, [this] {
+        user_.Paste(1095, std::wstring(600, L'x'));
+        EXPECT_EQ(user_.Text(1095), std::wstring(519, L'x'));
+        user_.Choose(1095, 0);
+        EXPECT_EQ(user_.Text(1095), std::wstring(600, L'*'));
+        user_.Click(ui::IdOk);
+    });
+    EXPECT_EQ(dialog.Mask().size(), 600U);
+}
+
 TEST_F(AddMaskTest, ChangesAMaskByTheKeyboardAlone) {
     AddMask dialog(world_->Screen(), nullptr, {}, L"*.old");
     EXPECT_EQ(Run(dialog,

@@ -56,7 +56,7 @@ TEST_F(AddProfileCommit, APastedNameOf260CharactersIsTooLong) {
 
 TEST_F(AddProfileCommit, TakesEveryOtherNameAsTyped) {
     for (const wchar_t* name :
-         {L"fifteen letters", L" a ", L"beta", L"ALPHA", L"A\\B", L"\u0416\u4E2D", L"%s", L"default"})
+         {L"fifteen letters", L" a ", L"beta", L"ALPHA", L"A/B", L"\u0416\u4E2D", L"%s", L"default"})
         for (const bool isNew : {true, false}) EXPECT_EQ(Rename(name, isNew), name);
 }
 

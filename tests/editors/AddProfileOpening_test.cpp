@@ -206,6 +206,29 @@ TEST_F(AddProfileOpening, TheNumbersTakeNothingButDigits) {
     EXPECT_EQ(profile->HandlerTimeout, 123);
 }
 
+// It is the name of a key, in which a backslash would make two. Its length is looked at by OK.
+TEST_F(AddProfileOpening, TheNameTakesNoBackslash) {
+    Edit(Alpha(), [this](ui::Dialog&) {
+        user_.Type(Name, L"\\a\\b");
+        EXPECT_EQ(user_.Text(Name), L"ab");
+        user_.Paste(Name, L"a\\b");
+        EXPECT_EQ(user_.Text(Name), L"ab");
+        user_.Paste(Name, std::wstring(600, L'x'));
+        EXPECT_EQ(user_.Text(Name).size(), 600U);
+        Leave();
+    });
+}
+
+// A list of the registry has no limit.
+TEST_F(AddProfileOpening, TheServerMayBeLong) {
+    Edit(Alpha(), [this](ui::Dialog&) {
+        if (!user_.Get<ui::CheckBox>(UseTsp).IsChecked()) user_.Click(UseTsp);
+        user_.Paste(Tsp, std::wstring(600, L'x'));
+        EXPECT_EQ(user_.Text(Tsp).size(), 600U);
+        Leave();
+    });
+}
+
 // A field for digits refuses other characters from the keyboard; from elsewhere anything can get into it.
 TEST_F(AddProfileOpening, PastedTextIsAsGoodAsItsNumber) {
     const std::pair<const wchar_t*, const wchar_t*> periods[] = {

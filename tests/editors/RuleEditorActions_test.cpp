@@ -146,6 +146,24 @@ TEST_F(RuleEditorActions, NumbersTakeDigitsOnly) {
     EXPECT_EQ(rule->ArchTimeout, 57);
 }
 
+// What is longer could not be read back.
+TEST_F(RuleEditorActions, TextsTakeNoMoreThanTheRegistryGivesBack) {
+    const std::wstring pasted(600, L'x');
+    const std::wstring longest(519, L'x');
+    Edit(PlainRule(L"MOVE"), [&](ui::Dialog& dialog) {
+        for (const int field :
+             {ruleid::Description, ruleid::PathIn, ruleid::PathOut, ruleid::PathError, ruleid::ActionField,
+              ruleid::TextA, ruleid::TextB, ruleid::TextC, ruleid::TextD}) {
+            user_.Paste(field, pasted);
+            EXPECT_EQ(user_.Text(field), longest) << field;
+        }
+        user_.Drop(ruleid::PathIn, L"C:\\" + pasted);
+        EXPECT_EQ(user_.Text(ruleid::PathIn), L"C:\\" + pasted);
+        user_.Press(Key::Escape);
+        EXPECT_TRUE(dialog.HasEnded());
+    });
+}
+
 // No key and no clipboard brings a sign into such a field, but a window message can.
 TEST_F(RuleEditorActions, ANegativeNumberBecomesZero) {
     Edit(PlainRule(L"EXEC"), [this](ui::Dialog&) {

@@ -107,6 +107,9 @@ void Walk::PutCommonValues(EditorForm& form) {
     put(ruleid::PathError, L"Path Error", RandomFolder(dice_));
     put(ruleid::Description, L"Descryption",
         dice_.Pick(Texts{L"", L"new report", L"Mail", L"\x0436", L"\x00E4nderung", L"100 %"}));
+    if (!dice_.Chance(5)) return;
+    user_.Paste(ruleid::Description, std::wstring(600, L'x'));
+    form.values.text[L"Descryption"] = std::wstring(519, L'x');
 }
 
 void Walk::ChooseStoreProfile(EditorForm& form) {

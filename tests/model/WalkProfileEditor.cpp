@@ -26,8 +26,8 @@ const std::vector<std::pair<std::wstring, int>> optionBoxes{
     {L"Rename conf files", profileid::RenameConfFiles}};
 
 // Few enough that some are taken, and some that differ only in their case.
-const Texts goodNames{L"Alpha", L"alpha",  L"beta",   L"Gamma",   L"default",        L" a ",
-                      L"Delta", L"\x0436", L"\x0416", L"a name.", L"Fifteen letters"};
+const Texts goodNames{L"Alpha", L"alpha",  L"beta",   L"Gamma",   L"default",         L" a ",
+                      L"Delta", L"\x0436", L"\x0416", L"a name.", L"Fifteen letters", L"De\\lta\\"};
 const Texts badNames{L"", L" ", L"   ", L"Sixteen letters!", L"                "};
 
 }  // namespace
@@ -80,8 +80,10 @@ void Walk::ChangeProfileForm(ProfileForm& form) {
 }
 
 void Walk::TypeProfileName(ProfileForm& form) {
-    form.name = dice_.Pick(dice_.Chance(80) ? goodNames : badNames);
-    user_.Type(profileid::Name, form.name);
+    const std::wstring typed = dice_.Pick(dice_.Chance(80) ? goodNames : badNames);
+    user_.Type(profileid::Name, typed);
+    form.name = typed;
+    std::erase(form.name, L'\\');
 }
 
 void Walk::TypeTimeout(ProfileForm& form) {

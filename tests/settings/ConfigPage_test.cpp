@@ -64,6 +64,16 @@ class ConfigPageTest : public SettingsTest {
     config::GlobalSettings result_;
 };
 
+TEST_F(ConfigPageTest, ExtensionsTakeNoMoreThanTheRegistryGivesBack) {
+    Run([this](CConfigPage&) {
+        for (const int edit : edits) {
+            user_.Paste(edit, std::wstring(600, L'x'));
+            EXPECT_EQ(user_.Text(edit), std::wstring(519, L'x')) << edit;
+        }
+        LeaveModified();
+    });
+}
+
 TEST_F(ConfigPageTest, OpensWithWhatItWasGiven) {
     Run([&](CConfigPage&) {
         Texts basic;

@@ -44,6 +44,19 @@ class ConflictDlgTest : public SettingsTest {
     int32_t size_ = 0;
 };
 
+TEST_F(ConflictDlgTest, ThePathTakesNoMoreThanTheRegistryGivesBack) {
+    Run([&](CConflictDlg&) {
+        user_.Paste(logid::Path, std::wstring(600, L'x'));
+        EXPECT_EQ(user_.Text(logid::Path), std::wstring(519, L'x'));
+        const std::wstring picked = L"C:\\" + std::wstring(600, L'x');
+        user_.ExpectFolderPicker(picked);
+        user_.ExpectBoxBeginning(L"Opening file " + picked, ui::box::ErrorIcon, ui::IdOk);
+        user_.Click(1090);
+        EXPECT_EQ(user_.Text(logid::Path), picked);
+        user_.Click(ui::IdCancel);
+    });
+}
+
 TEST_F(ConflictDlgTest, OpensWithWhatItWasGiven) {
     Run([&](CConflictDlg&) {
         EXPECT_EQ(user_.Text(logid::Path), L"C:\\Logs");

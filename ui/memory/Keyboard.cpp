@@ -25,12 +25,17 @@ bool ClickPushButton(Control* focus) {
     return true;
 }
 
+bool HasRoomFor(const Edit& edit, size_t units) {
+    const size_t longest = edit.Style().longest;
+    return longest == 0 || edit.Text().size() + units <= longest;
+}
+
 void PressEnter(Dialog& dialog) {
     if (ClickPushButton(dialog.Focus())) return;
     auto* edit = dynamic_cast<Edit*>(dialog.Focus());
     if (edit == nullptr || !edit->Style().multiLine || edit->Style().readOnly) {
         dialog.UserPressedOk();
-    } else if (!edit->IsReadOnly()) {
+    } else if (!edit->IsReadOnly() && HasRoomFor(*edit, 2)) {
         edit->UserTyped(edit->Text() + L"\r\n");
     }
 }

@@ -52,6 +52,11 @@ int ComboMirror::DropHeight() const {
     return (dropped.bottom - dropped.top) - (closed.bottom - closed.top);
 }
 
+void EditableComboMirror::ShowAll() {
+    Send(CB_LIMITTEXT, combo_.Longest());  // 0: as much as the system can hold
+    ComboMirror::ShowAll();
+}
+
 void EditableComboMirror::Show(Aspect aspect) {
     if (aspect == Aspect::Text) {
         ShowText();

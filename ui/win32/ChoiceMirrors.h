@@ -26,6 +26,7 @@ class ComboMirror : public ControlMirror {
 class EditableComboMirror : public ComboMirror {
   public:
     EditableComboMirror(EditableCombo& combo, HWND window) : ComboMirror(combo, window), combo_(combo) {}
+    void ShowAll() override;
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
 

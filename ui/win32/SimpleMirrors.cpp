@@ -28,7 +28,7 @@ void PictureMirror::Show(Aspect aspect) {
 }
 
 void EditMirror::ShowAll() {
-    Send(EM_SETLIMITTEXT, 0);  // as much as the system can hold
+    Send(EM_SETLIMITTEXT, edit_.Style().longest);  // 0: as much as the system can hold
     Show(Aspect::Text);
 }
 
@@ -42,9 +42,21 @@ void EditMirror::Show(Aspect aspect) {
 }
 
 void EditMirror::OnCommand(int notification) {
-    if (notification == EN_CHANGE) edit_.UserTyped(TextOf(Window()));
+    if (notification == EN_CHANGE) Typed();
     if (notification == EN_SETFOCUS) Focused();
     if (notification == EN_KILLFOCUS) Left();
+}
+
+// Where the control refuses a part of it, its text replaces the window's, which would move the caret to the
+// front.
+void EditMirror::Typed() {
+    const std::wstring typed = TextOf(Window());
+    DWORD caret = 0;
+    Send(EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
+    edit_.UserTyped(typed);
+    if (edit_.CountRefused(typed) == 0) return;
+    const size_t kept = caret - edit_.CountRefused(std::wstring_view(typed).substr(0, caret));
+    Send(EM_SETSEL, kept, static_cast<LPARAM>(kept));
 }
 
 void EditMirror::OnDrop(const std::wstring& path) {

@@ -39,6 +39,7 @@ class EditMirror : public ControlMirror {
     void OnDrop(const std::wstring& path) override;
 
   private:
+    void Typed();
     Edit& edit_;
 };
 

@@ -31,6 +31,18 @@ class Field {
     bool TakesText() const { return combo_ != nullptr || (edit_ != nullptr && !edit_->IsReadOnly()); }
     bool TakesLines() const { return edit_ != nullptr && edit_->Style().multiLine; }
     bool Takes(wchar_t c) const { return edit_ == nullptr || !edit_->Style().digitsOnly || IsDigit(c); }
+    size_t Longest() const {
+        const size_t longest = edit_ != nullptr    ? edit_->Style().longest
+                               : combo_ != nullptr ? combo_->Longest()
+                                                   : 0;
+        return longest == 0 ? std::wstring::npos : longest;
+    }
+    // What is left of a text where some characters are refused.
+    std::wstring Kept(std::wstring text) const {
+        const std::wstring_view refused = edit_ != nullptr ? edit_->Style().refused : std::wstring_view();
+        std::erase_if(text, [refused](wchar_t c) { return refused.find(c) != std::wstring_view::npos; });
+        return text;
+    }
     const std::wstring& Text() const { return control_.Text(); }
 
     void Give(std::wstring text) const {
@@ -77,6 +89,7 @@ void TypeInto(ui::Control& control, const std::wstring& text, const std::functio
         std::wstring content = allSelected ? std::wstring() : before;
         caret = std::min(caret, content.size());
         if (key.front() != backspace) {
+            if (content.size() + key.size() > field.Longest()) continue;
             content.insert(caret, key);
             caret += key.size();
         } else if (caret > 0) {
@@ -87,6 +100,10 @@ void TypeInto(ui::Control& control, const std::wstring& text, const std::functio
         field.Give(content);
         if (!goesOn()) return;
         if (field.Text() == content) continue;
+        if (const std::wstring kept = field.Kept(content); kept != content && field.Text() == kept) {
+            caret -= content.size() - kept.size();
+            continue;
+        }
         // The program put something else there: in front of it stands the caret, unless it fills the void
         // that the user left, which the next key replaces.
         caret = 0;
@@ -100,7 +117,7 @@ void PasteInto(ui::Control& control, const std::wstring& text) {
     const std::wstring taken = field.TakesLines() ? text : text.substr(0, text.find_first_of(L"\r\n"));
     if (!std::all_of(taken.begin(), taken.end(), [&field](wchar_t c) { return field.Takes(c); })) return;
     if (taken.empty()) return field.Empty();
-    field.Give(taken);
+    field.Give(taken.substr(0, field.Longest()));
 }
 
 }  // namespace tests
