@@ -14,6 +14,7 @@ constexpr int openCommand = 32809;  // of no menu item
 // Neither way is one that a user finds: the button is hidden, and no menu item carries the command.
 void Walk::OpenSelectedProfile() {
     if (dice_.Chance(50)) {
+        model_.CommandIsGiven();
         user_.Top().UserChoseMenu(openCommand);
     } else {
         user_.Get<ui::Button>(id::OpenProfile).UserClicked();
