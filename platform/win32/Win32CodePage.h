@@ -5,8 +5,8 @@
 
 namespace platform::win32 {
 
-// Throws std::bad_alloc for texts of 2^31 characters and more, which the system cannot convert: the command ends, and
-// the user hears of it.
+// Throws std::bad_alloc for texts of 2^31 characters and more, which the system cannot convert: the command
+// ends, and the user hears of it.
 class Win32CodePage final : public CodePage {
   public:
     std::wstring ToWide(std::string_view ansi) const override;
