@@ -42,6 +42,8 @@ void CBrisgateDlg::EditProfile() {
         changed_ = true;  // kept: the command counts as a change even without a profile
         return;
     }
+    // The editor works on a copy, which has to hold what the check boxes say once the list is left for it.
+    if (rules_.HasFocus()) TakeCheckBoxes();
     if (OpenedProfile() == nullptr) return;
     auto edited = RunProfileEditor(*OpenedProfile());
     config::ServiceProfile* const profile = OpenedProfile();

@@ -120,7 +120,7 @@ inline config::Unreadable::Reason Saboteur::SpoilName(std::vector<Named>& siblin
             name.clear();
             return Reason::Empty;
         case 1:
-            name.resize(256 + Below(10), L'n');
+            name.resize(257 + Below(10), L'n');  // Wine takes one of 256 as well
             return Reason::NameTooLong;
         case 2:
             name.insert(Below(name.size() + 1), 1, L'\\');

@@ -1,6 +1,7 @@
 // How much edits and editable combos take, and which characters they leave out.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -47,7 +48,12 @@ class TextLimits : public ::testing::Test {
         form_.DoModal();
     }
     using Texts = std::vector<std::wstring>;
-    Texts TakeHeard() { return std::exchange(form_.heard, {}); }
+    // Without what was heard again: a system may tell of keys that change nothing.
+    Texts TakeHeard() {
+        Texts heard = std::exchange(form_.heard, {});
+        heard.erase(std::unique(heard.begin(), heard.end()), heard.end());
+        return heard;
+    }
 
     const std::unique_ptr<World> world_ = World::Make();
     Robot& user_ = world_->User();
@@ -104,7 +110,7 @@ TEST_F(TextLimits, RefusedCharactersAreLeftOutWhereverTheyStand) {
     Run([this] {
         user_.Type(KeyName, L"a\\b/\\c");
         EXPECT_EQ(user_.Text(KeyName), L"abc");
-        EXPECT_EQ(TakeHeard(), (Texts{L"a", L"ab", L"abc"}));
+        EXPECT_EQ(form_.heard, (Texts{L"a", L"ab", L"abc"}));
         user_.Paste(KeyName, L"\\x\\y/z\\");
         EXPECT_EQ(user_.Text(KeyName), L"xyz");
         user_.Paste(KeyName, L"\\");
