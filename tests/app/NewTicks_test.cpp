@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "editors/AddProfile.h"
 #include "tests/app/MainWindowRules.h"
 
 namespace tests {
@@ -93,6 +94,19 @@ TEST_F(NewTicks, UnderASearchCountOnceTheListIsLeft) {
         SaveAll();
         EXPECT_FALSE(IsOn(0));
         EXPECT_TRUE(IsOn(2));
+        LeaveUnchanged();
+    });
+}
+
+// The list is left for the editor, whose copy of the rules comes back.
+TEST_F(NewTicks, UnderASearchAreNotLostToTheProfileEditor) {
+    Run([&] {
+        user_.Type(id::Search, L"c");
+        user_.ClickCheckBox(id::Rules, 0);
+        user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) { user_.Click(ui::IdOk); });
+        user_.ChooseMenu(32810);
+        SaveAll();
+        EXPECT_FALSE(IsOn(0));
         LeaveUnchanged();
     });
 }

@@ -130,12 +130,16 @@ Prescribed Oracle::Run() {
 
 // The record of the save itself. No scenario starts with one: whoever cannot make it goes on without.
 void Oracle::OfRecord(const Call& call) {
-    if (call.answer == 0 || call.answer == 2) return;
-    const bool isFirstLook = key_ == nullptr && call.op == Op::OpenKey;
-    if (isFirstLook) return Tell(std::wstring(L"Create (open) register key ") + editorKey, call.answer);
     const bool isRemoval =
         call.op == Op::OpenSubkey || call.op == Op::DeleteSubkey || call.target == editorParent;
-    if (!isRemoval || call.op == Op::CloseKey) return;
+    if (call.answer == 0 || call.op == Op::CloseKey) return;
+    if (call.answer == 2) {
+        told_.quietDifference |= isRemoval;  // taken for gone already
+        return;
+    }
+    const bool isFirstLook = key_ == nullptr && call.op == Op::OpenKey;
+    if (isFirstLook) return Tell(std::wstring(L"Create (open) register key ") + editorKey, call.answer);
+    if (!isRemoval) return;
     Tell(std::wstring(L"Delete register key ") + editorKey, call.answer);
     if (!anythingWritten_) EndLoading();  // an earlier one may be there
 }
