@@ -76,7 +76,7 @@ uint32_t CrcOf(const Head& head, std::span<const std::byte> changes) {
 }
 
 std::wstring PartName(uint32_t set, size_t number) {
-    return text::Format(L"Unfinished save, part %d.%d", set, number);
+    return text::Format(L"Unfinished save %d-%d", set, number);
 }
 
 std::wstring EditorPath() {

@@ -10,7 +10,7 @@
 //     12  size of the changes in bytes
 //     16  CRC-32 (of ISO 3309) of the bytes 4 to 15 and of the changes
 //
-// Changes of more than a megabyte lie in values "Unfinished save, part <set>.<number>", numbered from 1, of a
+// Changes of more than a megabyte lie in values "Unfinished save <set>-<number>", numbered from 1, of a
 // megabyte each but the last. The head is written last, so that an earlier record holds until then.
 #pragma once
 

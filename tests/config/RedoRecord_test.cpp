@@ -181,19 +181,19 @@ TEST_F(Record, ALargeOneLiesInPartsOfAMegabyte) {
     const demo::RegistryKey key = tests::RecordKey(Registry());
     std::vector<std::wstring> names = key.ValueNames();
     std::ranges::sort(names);
-    EXPECT_EQ(names, (std::vector<std::wstring>{L"Unfinished save", L"Unfinished save, part 1.1",
-                                                L"Unfinished save, part 1.2", L"Unfinished save, part 1.3"}));
+    EXPECT_EQ(names, (std::vector<std::wstring>{L"Unfinished save", L"Unfinished save 1-1",
+                                                L"Unfinished save 1-2", L"Unfinished save 1-3"}));
     EXPECT_EQ(StoredRecord().size(), 20U);
-    EXPECT_EQ(key.Query(L"Unfinished save, part 1.1").Data.size(), size_t{1} << 20);
-    EXPECT_EQ(key.Query(L"Unfinished save, part 1.2").Data.size(), size_t{1} << 20);
-    EXPECT_LT(key.Query(L"Unfinished save, part 1.3").Data.size(), size_t{1} << 20);
+    EXPECT_EQ(key.Query(L"Unfinished save 1-1").Data.size(), size_t{1} << 20);
+    EXPECT_EQ(key.Query(L"Unfinished save 1-2").Data.size(), size_t{1} << 20);
+    EXPECT_LT(key.Query(L"Unfinished save 1-3").Data.size(), size_t{1} << 20);
     EXPECT_TRUE(Complete());
     EXPECT_EQ(Service(), WithLogPath(std::string(text.size(), 'x')));
 }
 
 TEST_F(Record, ALargeOneWithoutItsLastPartIsUnreadable) {
     ASSERT_TRUE(Keep(LogPath(std::wstring(1'300'000, L'x'))));
-    tests::RecordKey(Registry()).Set(L"Unfinished save, part 1.3", {ValueType::Binary, {}});
+    tests::RecordKey(Registry()).Set(L"Unfinished save 1-3", {ValueType::Binary, {}});
     EXPECT_EQ(Find(), State::Unreadable);
     EXPECT_EQ(Service(), WithLogPath("C:\\Before"));
 }
