@@ -25,7 +25,7 @@ constexpr std::string_view usage =
     "Usage: brisgate-registry COMMAND\n"
     "  seed FILE       delete the trees of the service and of the library, then build them from FILE\n"
     "  seed-once FILE  the same, but only when the service has no profile yet\n"
-    "  dump            write both trees to the standard output, in UTF-8\n";
+    "  dump            write all trees to the standard output, in UTF-8\n";
 
 void Dump(platform::RegistryBackend& registry) {
     const std::string text = demo::DumpRegistry(registry);
