@@ -14,7 +14,7 @@ endif()
 # The Windows back ends and the product itself.
 file(GLOB win32_sources CONFIGURE_DEPENDS platform/win32/*.cpp ui/win32/*.cpp)
 add_library(win32 STATIC ${win32_sources})
-target_link_libraries(win32 PUBLIC product comctl32 comdlg32 ole32 shell32 shlwapi)
+target_link_libraries(win32 PUBLIC product comctl32 comdlg32 ole32 shell32)
 
 # The version that the resources show is the project's.
 configure_file(resources/version.h.in ${CMAKE_BINARY_DIR}/resources/version.h @ONLY)

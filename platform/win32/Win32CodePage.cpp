@@ -15,6 +15,14 @@ int CharacterCount(size_t characters) {
     return static_cast<int>(characters);
 }
 
+// What the page lacks becomes its default character and never a look-alike, which could be another file's or
+// another owner's name. Pages that have every character refuse to be told so.
+DWORD ConversionFlags() {
+    constexpr UINT Gb18030 = 54936;
+    const UINT page = GetACP();
+    return page == CP_UTF8 || page == Gb18030 ? 0 : WC_NO_BEST_FIT_CHARS;
+}
+
 }  // namespace
 
 std::wstring Win32CodePage::ToWide(std::string_view ansi) const {
@@ -29,9 +37,10 @@ std::wstring Win32CodePage::ToWide(std::string_view ansi) const {
 std::string Win32CodePage::ToAnsi(std::wstring_view wide) const {
     if (wide.empty()) return {};
     const int length = CharacterCount(wide.size());
-    const int needed = WideCharToMultiByte(CP_ACP, 0, wide.data(), length, nullptr, 0, nullptr, nullptr);
+    const DWORD flags = ConversionFlags();
+    const int needed = WideCharToMultiByte(CP_ACP, flags, wide.data(), length, nullptr, 0, nullptr, nullptr);
     std::string ansi(static_cast<size_t>(needed), '\0');
-    WideCharToMultiByte(CP_ACP, 0, wide.data(), length, ansi.data(), needed, nullptr, nullptr);
+    WideCharToMultiByte(CP_ACP, flags, wide.data(), length, ansi.data(), needed, nullptr, nullptr);
     return ansi;
 }
 

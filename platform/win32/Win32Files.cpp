@@ -2,9 +2,8 @@
 
 #include <windows.h>
 
-#include <shlwapi.h>
-
 #include "platform/win32/Length.h"
+#include "platform/win32/NoErrorBoxes.h"
 
 namespace platform::win32 {
 namespace {
@@ -26,17 +25,13 @@ Win32Code OpenFile(const std::wstring& path, DWORD access, DWORD disposition, Fi
     return code::Success;
 }
 
-// Keeps the system from asking the user to insert a medium while it lives.
-class NoMediumQuestions {
-  public:
-    NoMediumQuestions() : former_(SetErrorMode(SEM_FAILCRITICALERRORS)) {}
-    ~NoMediumQuestions() { SetErrorMode(former_); }
-    NoMediumQuestions(const NoMediumQuestions&) = delete;
-    NoMediumQuestions& operator=(const NoMediumQuestions&) = delete;
-
-  private:
-    UINT former_;
-};
+// Longer paths are understood only in the form in which the system takes them as they are.
+std::wstring Extended(const std::wstring& path) {
+    if (path.size() < MAX_PATH || path.starts_with(LR"(\\?\)")) return path;
+    std::wstring full(GetFullPathNameW(path.c_str(), 0, nullptr, nullptr), L'\0');
+    full.resize(GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return full.starts_with(LR"(\\)") ? LR"(\\?\UNC)" + full.substr(1) : LR"(\\?\)" + full;
+}
 
 }  // namespace
 
@@ -77,11 +72,9 @@ Win32Code Win32Files::Close(FileHandle file) {
 }
 
 Win32Code Win32Files::CheckPathExists(const std::wstring& path) {
-    const NoMediumQuestions quiet;
-    SetLastError(code::Success);
-    if (PathFileExistsW(path.c_str()) != FALSE) return code::Success;
-    const Win32Code error = GetLastError();
-    return error == code::Success ? code::FileNotFound : error;
+    const NoErrorBoxes quiet;  // nor a question for a medium
+    const bool exists = GetFileAttributesW(Extended(path).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return exists ? code::Success : GetLastError();
 }
 
 }  // namespace platform::win32

@@ -113,7 +113,7 @@ Win32Code Win32Registry::Query(KeyHandle key, const std::wstring& name, ValueTyp
 
 Win32Code Win32Registry::Set(KeyHandle key, const std::wstring& name, ValueType type,
                              std::span<const std::byte> data) {
-    const bool storedAsGiven = !IsText(type) || data.empty() || EndsWithNul(data);
+    const bool storedAsGiven = !IsText(type) || EndsWithNul(data);
     return Answer(storedAsGiven ? SetBytes(key, name, type, data) : SetUnterminated(key, name, type, data));
 }
 

@@ -9,6 +9,9 @@
 #include <ctime>
 #include <limits>
 
+#include "tests/support/TestFiles.h"
+#include "tests/support/win32/ImportHook.h"
+
 namespace {
 
 using platform::win32::Win32InstanceLock;
@@ -50,6 +53,36 @@ TEST(Win32CodePageTest, EveryByteOfASimplePageSurvives) {
     EXPECT_EQ(codePage.ToAnsi(L"a\x4E2D"), "a?");
 }
 
+// A name with them must not become another one that somebody has.
+TEST(Win32CodePageTest, LookAlikesAreNotTaken) {
+    CPINFO page{};
+    if (GetCPInfo(CP_ACP, &page) == FALSE || page.MaxCharSize != 1)
+        GTEST_SKIP() << "several bytes a character";
+    const platform::win32::Win32CodePage codePage;
+    EXPECT_EQ(codePage.ToAnsi(L"\xFF21"), "?");    // a wide A
+    EXPECT_EQ(codePage.ToAnsi(L"\x0100n"), "?n");  // an A with a stroke
+}
+
+DWORD convertedWith = 0;
+
+int WINAPI NoteFlags(UINT, DWORD flags, const wchar_t*, int length, char*, int, const char*, BOOL*) {
+    convertedWith = flags;
+    return length;
+}
+UINT WINAPI Utf8() {
+    return CP_UTF8;
+}
+
+// Which refuses the flag.
+TEST(Win32CodePageTest, APageWithEveryCharacterNeedsNoneToBeRefused) {
+    const tests::ImportHook convert("WideCharToMultiByte", NoteFlags);
+    platform::win32::Win32CodePage().ToAnsi(L"a");
+    EXPECT_EQ(convertedWith, DWORD{WC_NO_BEST_FIT_CHARS});
+    const tests::ImportHook page("GetACP", Utf8);
+    platform::win32::Win32CodePage().ToAnsi(L"a");
+    EXPECT_EQ(convertedWith, 0U);
+}
+
 // The command that wanted it ends with a word to the user, and not the program.
 TEST(Win32CodePageTest, TextsBeyondWhatTheSystemConvertsAreLackOfMemory) {
     const platform::win32::Win32CodePage codePage;
@@ -57,6 +90,48 @@ TEST(Win32CodePageTest, TextsBeyondWhatTheSystemConvertsAreLackOfMemory) {
     const wchar_t unit = L'x';
     EXPECT_THROW(codePage.ToWide(std::string_view(&byte, size_t{1} << 31)), std::bad_alloc);
     EXPECT_THROW(codePage.ToAnsi(std::wstring_view(&unit, size_t{1} << 31)), std::bad_alloc);
+}
+
+std::wstring askedFor;
+
+// As it is where long paths have not been switched on for the whole machine.
+DWORD WINAPI AttributesOfShortPaths(const wchar_t* path) {
+    askedFor = path;
+    if (askedFor.size() < MAX_PATH || askedFor.starts_with(LR"(\\?\)")) return FILE_ATTRIBUTE_DIRECTORY;
+    SetLastError(ERROR_PATH_NOT_FOUND);
+    return INVALID_FILE_ATTRIBUTES;
+}
+
+TEST(Win32FilesTest, PathsOfAnyLengthAndSharesExistWhenTheyDo) {
+    const tests::ImportHook attributes("GetFileAttributesW", AttributesOfShortPaths);
+    platform::win32::Win32Files files;
+    const std::wstring deep = L"\\" + std::wstring(150, L'a') + L"\\" + std::wstring(150, L'b');
+    const std::vector<std::pair<std::wstring, std::wstring>> asked{
+        {LR"(\\server\share)", LR"(\\server\share)"},
+        {L"C:\\In", L"C:\\In"},
+        {L"C:" + deep, LR"(\\?\C:)" + deep},
+        {L"C:" + deep + LR"(\..\c\)", LR"(\\?\C:)" + deep.substr(0, 151) + LR"(\c\)"},
+        {LR"(\\server\share)" + deep, LR"(\\?\UNC\server\share)" + deep},
+        {LR"(\\?\C:)" + deep, LR"(\\?\C:)" + deep},
+    };
+    for (const auto& [path, seen] : asked) {
+        EXPECT_EQ(files.CheckPathExists(path), code::Success) << testing::PrintToString(path);
+        EXPECT_EQ(askedFor, seen);
+    }
+}
+
+TEST(Win32FilesTest, ALongPathThatIsMissingIsMissing) {
+    const auto folder = tests::MakeTestFiles();
+    platform::win32::Win32Files files;
+    const std::wstring longFolder = folder->Folder() + L"\\" + std::wstring(120, L'a');
+    const std::wstring deep = longFolder + L"\\" + std::wstring(120, L'b');
+    EXPECT_EQ(files.CheckPathExists(deep), code::PathNotFound);
+    ASSERT_TRUE(CreateDirectoryW(longFolder.c_str(), nullptr));
+    EXPECT_EQ(files.CheckPathExists(deep), code::FileNotFound);
+    ASSERT_TRUE(CreateDirectoryW((LR"(\\?\)" + deep).c_str(), nullptr));
+    EXPECT_EQ(files.CheckPathExists(deep), code::Success);
+    EXPECT_TRUE(RemoveDirectoryW((LR"(\\?\)" + deep).c_str()));
+    EXPECT_TRUE(RemoveDirectoryW(longFolder.c_str()));
 }
 
 TEST(Win32SystemMessagesTest, TheSystemKnowsItsCodes) {
