@@ -32,6 +32,12 @@ Initialized Initialize(const config::Services& services, ui::Dialog& parent,
     return result;
 }
 
+// Where there is no library, there is no error stack either.
+std::wstring DetailOf(const platform::Machine& machine, const Initialized& failed) {
+    return failed.library == nullptr ? machine.CryptoLibrary.WhatIsMissing()
+                                     : errors::ErrorStackText(machine, nullptr);
+}
+
 std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& parent,
                                   const ContextSettings& settings) {
     const Initialized result = Initialize(services, parent, settings);
@@ -40,7 +46,7 @@ std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& 
     ShowLibraryFailure(services, &parent,
                        {.code = result.code,
                         .operation = L"Cryptocontext initialization",
-                        .detail = errors::ErrorStackText(services.Machine, nullptr)});
+                        .detail = DetailOf(services.Machine, result)});
     return std::nullopt;
 }
 

@@ -86,6 +86,8 @@ class CryptoLibrary {
     virtual ~CryptoLibrary() = default;
     // None: error tells why. 126: there is no library; 127: it lacks a function; or the system's own code.
     virtual const kseal::Exports* Exports(Win32Code& error) = 0;
+    // After Exports had none: one line that names what is missing or cannot be loaded.
+    virtual std::wstring WhatIsMissing() const = 0;
 };
 
 // References only: whoever makes the parts keeps them alive.

@@ -19,6 +19,7 @@ class MemoryCryptoLibrary final : public CryptoLibrary {
         error = error_;
         return error == code::Success ? &exports_ : nullptr;
     }
+    std::wstring WhatIsMissing() const override { return L"There is no library."; }
 
   private:
     kseal::Exports exports_;

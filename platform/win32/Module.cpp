@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "platform/win32/NoErrorBoxes.h"
+
 namespace platform::win32 {
 
 void UnloadModule::operator()(void* module) const {
@@ -16,7 +18,6 @@ std::wstring ProgramFolder() {
         path.resize(path.size() * 2);
         length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
     }
-    path.resize(length);
     const size_t end = path.rfind(L'\\');
     return end == std::wstring::npos ? std::wstring() : path.substr(0, end);
 }
@@ -29,7 +30,12 @@ std::wstring SystemFolder() {
     return path;
 }
 
+void LoadFromSystemOnly() {
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_USER_DIRS);
+}
+
 Module LoadCode(const std::wstring& path, Win32Code& error) {
+    const NoErrorBoxes quiet;
     Module module(LoadLibraryExW(path.c_str(), nullptr,
                                  LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32));
     error = module ? code::Success : GetLastError();

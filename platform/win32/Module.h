@@ -22,6 +22,10 @@ using Module = std::unique_ptr<void, UnloadModule>;
 std::wstring ProgramFolder();
 std::wstring SystemFolder();
 
+// From here on, what is loaded by a bare name comes from the system's folder, or from one that has been added
+// to it. Cannot be undone.
+void LoadFromSystemOnly();
+
 // Loads code; what it needs in turn comes from its own folder or the system's. Null: error tells why.
 Module LoadCode(const std::wstring& path, Win32Code& error);
 // Loads only resources and message tables. Null when it cannot be loaded.

@@ -17,15 +17,18 @@ class Win32CryptoLibrary final : public CryptoLibrary {
     explicit Win32CryptoLibrary(std::vector<std::wstring> folders) : folders_(std::move(folders)) {}
 
     const kseal::Exports* Exports(Win32Code& error) override;
+    std::wstring WhatIsMissing() const override { return missing_; }
 
   private:
-    Module Load(Win32Code& error) const;
+    Win32Code Find();
+    Win32Code Load(const std::wstring& folder, const std::wstring& path);
 
     const std::vector<std::wstring> folders_;
     // None until it was found; while it is missing, every use looks for it again. It is never unloaded,
     // because threads that it may have started would lose their code.
     void* library_ = nullptr;
     kseal::Exports exports_;
+    std::wstring missing_;
 };
 
 }  // namespace platform::win32

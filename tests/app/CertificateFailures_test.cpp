@@ -32,8 +32,9 @@ TEST_F(CertificateFailures, WithoutTheLibraryThereIsNoPicker) {
     SeedEncryptingRule();
     world_->CryptoLibrary().Remove(126);
     WithTheRule([this] {
-        ExpectFailureBox(L"Cryptocontext initialization.\r\nError 0x7E - Module not found.\r\n\r\n",
-                         &user_.Top());
+        ExpectFailureBox(
+            L"Cryptocontext initialization.\r\nError 0x7E - Module not found.\r\n\r\nThere is no library.",
+            &user_.Top());
         PickerStaysAway();
         world_->CryptoLibrary().Install(demo::StandInLibrary::Exports());
         OpenPicker([this] { user_.Click(ui::IdCancel); });
@@ -65,7 +66,8 @@ TEST_F(CertificateFailures, SignerListsStayAsTheyWereWithoutAContext) {
             user_.Choose(1042, 6);
             OpenSignerLists([this] {
                 ExpectFailureBox(
-                    L"Cryptocontext initialization.\r\nError 0x7F - Procedure not found.\r\n\r\n",
+                    L"Cryptocontext initialization.\r\nError 0x7F - Procedure not found.\r\n\r\nThere is no "
+                    L"library.",
                     &user_.Top());
                 user_.Click(signersid::Add);
                 EXPECT_EQ(user_.RowCount(signersid::List), 0U);

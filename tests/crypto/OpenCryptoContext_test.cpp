@@ -162,7 +162,7 @@ TEST_F(OpenCryptoContextTest, AMissingLibraryIsAFailureToInitialise) {
         world_->CryptoLibrary().Remove(code);
         Open([&] {
             ExpectFailureBox(L"Cryptocontext initialization.\r\nError 0x" + text::Hexadecimal(code) +
-                                 L" - Told by the system.\r\n\r\n",
+                                 L" - Told by the system.\r\n\r\nThere is no library.",
                              &opener_);
         });
         EXPECT_FALSE(isOpen_);

@@ -76,6 +76,7 @@ class FaultyLibrary final : public platform::CryptoLibrary {
     explicit FaultyLibrary(Faults& faults);
     ~FaultyLibrary() override;
     const platform::kseal::Exports* Exports(platform::Win32Code& error) override;
+    std::wstring WhatIsMissing() const override { return L"There is no library."; }
 
   private:
     Faults& faults_;

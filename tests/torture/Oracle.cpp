@@ -249,8 +249,9 @@ void Oracle::OfLibrary(const Call& call) {
     if (call.op == Op::Initialize && call.answer == 0) ++told_.pickers;
     if (call.answer == 0) return;
     if (IsOpening(call)) {
+        const wchar_t* const detail = call.op == Op::FindLibrary ? L"There is no library." : L"";
         told_.reports.push_back(
-            {.text = Described(L"Cryptocontext initialization", call.answer) + L"\r\n\r\n"});
+            {.text = Described(L"Cryptocontext initialization", call.answer) + L"\r\n\r\n" + detail});
     } else if (call.op == Op::FindCert) {
         OfSearch(call);
     } else if (call.op == Op::Control) {

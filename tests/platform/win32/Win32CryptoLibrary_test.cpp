@@ -11,6 +11,7 @@
 #include "errors/LibraryErrors.h"
 #include "platform/win32/Win32Files.h"
 #include "tests/support/TestFiles.h"
+#include "tests/support/win32/ImportHook.h"
 
 namespace {
 
@@ -42,6 +43,17 @@ class Win32CryptoLibraryTest : public testing::Test {
         return error;
     }
 
+    // Whether a library beside it would be loaded by its bare name.
+    bool LoadsCompanions() const {
+        const std::wstring companion = Folder() + L"\\companion.dll";
+        EXPECT_TRUE(CopyFileW((platform::win32::SystemFolder() + L"\\version.dll").c_str(), companion.c_str(),
+                              FALSE));
+        const HMODULE loaded = LoadLibraryExW(L"companion.dll", nullptr, LOAD_LIBRARY_SEARCH_USER_DIRS);
+        if (loaded != nullptr) FreeLibrary(loaded);
+        DeleteFileW(companion.c_str());
+        return loaded != nullptr;
+    }
+
     const std::unique_ptr<tests::TestFiles> files_ = tests::MakeTestFiles();
 };
 
@@ -59,8 +71,11 @@ TEST_F(Win32CryptoLibraryTest, AFileThatIsNoProgramIsNamedBeforeOneThatIsMissing
     MakeFile("certainly no program");
     Win32CryptoLibrary first({Folder(), StandInFolder() + L"\\nowhere"});
     EXPECT_EQ(ErrorOf(first), 193U);
+    EXPECT_EQ(first.WhatIsMissing(), LibraryPath() + L" cannot be loaded.");
     Win32CryptoLibrary second({StandInFolder() + L"\\nowhere", Folder()});
     EXPECT_EQ(ErrorOf(second), 193U);
+    EXPECT_EQ(second.WhatIsMissing(), LibraryPath() + L" cannot be loaded.");
+    EXPECT_FALSE(LoadsCompanions());
 }
 
 TEST_F(Win32CryptoLibraryTest, ALibraryWithoutTheFunctionsIsNoneAndIsNotKept) {
@@ -68,13 +83,62 @@ TEST_F(Win32CryptoLibraryTest, ALibraryWithoutTheFunctionsIsNoneAndIsNotKept) {
     ASSERT_TRUE(CopyFileW(other.c_str(), LibraryPath().c_str(), FALSE));
     Win32CryptoLibrary library({Folder()});
     EXPECT_EQ(ErrorOf(library), 127U);
+    EXPECT_EQ(library.WhatIsMissing(), LibraryPath() + L" has no function KSEAL_Initialize.");
+    EXPECT_FALSE(LoadsCompanions());
     EXPECT_TRUE(DeleteFileW(LibraryPath().c_str()));
     EXPECT_EQ(ErrorOf(library), 126U);
+    EXPECT_EQ(library.WhatIsMissing(), L"morcel1.dll was not found in " + Folder() + L".");
 }
 
 TEST_F(Win32CryptoLibraryTest, NoFolderMeansNoLibrary) {
     Win32CryptoLibrary library({L"", L""});
     EXPECT_EQ(ErrorOf(library), 126U);
+    EXPECT_EQ(library.WhatIsMissing(), L"morcel1.dll was not found.");
+}
+
+TEST_F(Win32CryptoLibraryTest, EveryFolderThatHasNoneIsNamed) {
+    Win32CryptoLibrary library({L"C:\\Program", L"C:\\System"});
+    EXPECT_EQ(ErrorOf(library), 126U);
+    EXPECT_EQ(library.WhatIsMissing(), L"morcel1.dll was not found in C:\\Program or in C:\\System.");
+}
+
+// Before it has been found, what lies beside it may have been put there by anybody.
+TEST_F(Win32CryptoLibraryTest, OnceFoundItMayLoadLibrariesFromBesideItself) {
+    ASSERT_TRUE(CopyFileW((StandInFolder() + L"\\morcel1.dll").c_str(), LibraryPath().c_str(), FALSE));
+    EXPECT_FALSE(LoadsCompanions());
+    Win32CryptoLibrary library({Folder()});
+    ASSERT_EQ(ErrorOf(library), 0U);
+    EXPECT_TRUE(LoadsCompanions());
+    FreeLibrary(GetModuleHandleW(LibraryPath().c_str()));  // or the file could not be taken away
+}
+
+DWORD errorModeWhileLoading = 0;
+DWORD searchedFolders = 0;
+
+HMODULE WINAPI NoteErrorMode(const wchar_t*, HANDLE, DWORD) {
+    errorModeWhileLoading = GetThreadErrorMode();
+    SetLastError(ERROR_BAD_EXE_FORMAT);
+    return nullptr;
+}
+BOOL WINAPI NoteFolders(DWORD folders) {
+    searchedFolders = folders;
+    return TRUE;
+}
+
+TEST_F(Win32CryptoLibraryTest, TheSystemShowsNoBoxOfItsOwnWhileItLoads) {
+    MakeFile("certainly no program");
+    const tests::ImportHook load("LoadLibraryExW", NoteErrorMode);
+    Win32CryptoLibrary library({Folder()});
+    const DWORD before = GetThreadErrorMode();
+    EXPECT_EQ(ErrorOf(library), 193U);
+    EXPECT_EQ(errorModeWhileLoading, DWORD{SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX});
+    EXPECT_EQ(GetThreadErrorMode(), before);
+}
+
+TEST(ModulesTest, BareNamesAreLookedForInTheSystemAndInAddedFolders) {
+    const tests::ImportHook setFolders("SetDefaultDllDirectories", NoteFolders);
+    platform::win32::LoadFromSystemOnly();
+    EXPECT_EQ(searchedFolders, DWORD{LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_USER_DIRS});
 }
 
 // The DLL itself: found, opened, searched, released, closed.
