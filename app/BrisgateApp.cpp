@@ -37,7 +37,12 @@ CBrisgateApp::CBrisgateApp(const platform::Machine& machine, ui::Screen& screen)
     : machine_(machine),
       screen_(screen),
       memoryBox_(screen) {
-    screen_.SetMemoryTeller([this](const ui::Dialog& dialog) { memoryBox_.CommandEnded(dialog); });
+    screen_.SetFailureHandler([this](const ui::Dialog& dialog, const ui::ScreenError* failure) {
+        if (failure == nullptr) return memoryBox_.CommandEnded(dialog);
+        errors::ErrorReporter(machine_, screen_)
+            .ErrorReport({.owner = &dialog},
+                         {.code = failure->Code(), .operation = failure->Operation(), .argument = {}});
+    });
 }
 
 void CBrisgateApp::InitInstance() {

@@ -11,7 +11,7 @@ namespace app {
 class CBrisgateApp {
   public:
     CBrisgateApp(const platform::Machine& machine, ui::Screen& screen);
-    ~CBrisgateApp() { screen_.SetMemoryTeller({}); }
+    ~CBrisgateApp() { screen_.SetFailureHandler({}); }
     CBrisgateApp(const CBrisgateApp&) = delete;
     CBrisgateApp& operator=(const CBrisgateApp&) = delete;
 

@@ -169,19 +169,27 @@ bool CAddRule::GiveUpCertificates() {
 }
 
 void CAddRule::PickFolder(std::wstring& path) {
-    const auto folder = Screen().PickFolder(this);
+    Read();  // the picker starts where the field says
+    const auto folder = Screen().PickFolder(this, path);
     if (!folder) return;
     Read();
     path = *folder;
     Push();
 }
 
+bool CAddRule::Exists(const std::wstring& path) const {
+    const ui::WaitCursor wait(Screen());  // a server that is gone takes its time
+    return services_.Machine.Files.CheckPathExists(path) == platform::code::Success;
+}
+
 void CAddRule::PickExecutable() {
-    const auto file = Screen().PickFile(this, {.kind = ui::FilePickerKind::Open,
-                                               .filterName = L"All files (*.*)",
-                                               .filterPattern = L"*.*",
-                                               .defaultExtension = L"*.*",
-                                               .initialPath = {}});
+    ui::FilePicker picker{.kind = ui::FilePickerKind::Open,
+                          .filterName = L"All files (*.*)",
+                          .filterPattern = L"*.*",
+                          .defaultExtension = L"*.*",
+                          .initialPath = {}};
+    if (Exists(form_.ActionPath)) picker.initialPath = form_.ActionPath;
+    const auto file = Screen().PickFile(this, picker);
     if (!file) return;
     form_.ActionPath = *file;
     Push();

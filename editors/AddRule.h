@@ -54,6 +54,7 @@ class CAddRule : public ui::Dialog {
     void ChooseStoreProfile();
     bool GiveUpCertificates();
     void PickFolder(std::wstring& path);
+    bool Exists(const std::wstring& path) const;
     void PickExecutable();
     void DoAction();
     void ChooseRecipients();

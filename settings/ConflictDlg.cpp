@@ -31,7 +31,7 @@ void CConflictDlg::CorrectSize() {
 }
 
 void CConflictDlg::PickFolder() {
-    const auto folder = Screen().PickFolder(this);
+    const auto folder = Screen().PickFolder(this, path_.Text());
     if (!folder) return;
     static_cast<void>(CheckExists(*folder));
     path_.SetText(*folder);  // also one that has just gone, so that it can be put right

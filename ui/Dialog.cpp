@@ -121,7 +121,9 @@ bool Dialog::Survives(const std::exception_ptr& failure) const {
     try {
         std::rethrow_exception(failure);
     } catch (const std::bad_alloc&) {
-        return screen_.TellOfShortMemory(*this);
+        return screen_.ReportFailure(*this, nullptr);
+    } catch (const ScreenError& error) {
+        return screen_.ReportFailure(*this, &error);
     } catch (...) {
         return false;
     }

@@ -4,18 +4,23 @@
 
 namespace ui {
 
-// While the user is being told, further failures are the same one to him: one box is enough.
-bool Screen::TellOfShortMemory(const Dialog& dialog) {
-    if (!memoryTeller_) return false;
-    if (std::exchange(isTelling_, true)) return true;
-    bool told = true;
+ScreenError::ScreenError(uint32_t code, std::wstring operation)
+    : std::runtime_error(std::string(operation.begin(), operation.end()) + ", error " + std::to_string(code)),
+      code_(code),
+      operation_(std::move(operation)) {}
+
+// While one failure is being reported, further ones are the same to the user: one box is enough.
+bool Screen::ReportFailure(const Dialog& dialog, const ScreenError* failure) {
+    if (!failureHandler_) return false;
+    if (std::exchange(isReporting_, true)) return true;
+    bool reported = true;
     try {
-        memoryTeller_(dialog);
+        failureHandler_(dialog, failure);
     } catch (const std::bad_alloc&) {
-        told = false;
+        reported = false;
     }
-    isTelling_ = false;
-    return told;
+    isReporting_ = false;
+    return reported;
 }
 
 }  // namespace ui

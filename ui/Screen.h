@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -54,12 +55,27 @@ struct FilePicker {
     std::wstring initialFolder{};              // where to start without an initial path; may be empty
 };
 
+// A window or a dialog of the system that does not come up.
+class ScreenError : public std::runtime_error {
+  public:
+    // code: of the system. operation: what was being done.
+    ScreenError(uint32_t code, std::wstring operation);
+
+    uint32_t Code() const { return code_; }
+    const std::wstring& Operation() const { return operation_; }
+
+  private:
+    uint32_t code_;
+    std::wstring operation_;
+};
+
 class Screen {
   public:
     virtual ~Screen() = default;
 
     // Opens the dialog's window, lets the user work with it and returns the result that ended it. An
-    // exception of a handler ends the dialog and leaves here.
+    // exception of a handler ends the dialog and leaves here. This and the next throw ScreenError when there
+    // can be no window.
     virtual int RunModal(Dialog& dialog) = 0;
     // Opens the window, paints it and returns; Window::End closes it.
     virtual void OpenModeless(Dialog& dialog) = 0;
@@ -67,8 +83,9 @@ class Screen {
     // owner: none, or a dialog; one that is not open counts as none. Returns the button pressed.
     virtual int ShowMessageBox(const Dialog* owner, const std::wstring& text, const std::wstring& caption,
                                uint32_t flags) = 0;
-    // The full path chosen, or nothing when the user gave up.
-    virtual std::optional<std::wstring> PickFolder(const Dialog* owner) = 0;
+    // The full path chosen, or nothing when the user gave up. The folder picker starts in the folder given,
+    // where there is one. Both throw ScreenError when they cannot open.
+    virtual std::optional<std::wstring> PickFolder(const Dialog* owner, const std::wstring& folder) = 0;
     virtual std::optional<std::wstring> PickFile(const Dialog* owner, const FilePicker& picker) = 0;
 
     // Calls come in pairs and may be nested. While the user is asked something meanwhile, in a box or a modal
@@ -77,16 +94,17 @@ class Screen {
     virtual void ShowWaitCursor(bool shown) = 0;
     virtual const platform::ScreenMetrics& Metrics() const = 0;
 
-    // What tells the user that a command has ended because memory ran out, and in which dialog. It should not
-    // need any. Without it such a command ends its dialog, as one does that throws anything else.
-    using MemoryTeller = std::function<void(const Dialog& dialog)>;
-    void SetMemoryTeller(MemoryTeller teller) { memoryTeller_ = std::move(teller); }
-    // False: the user could not be told.
-    bool TellOfShortMemory(const Dialog& dialog);
+    // Reports to the user that a command has ended because memory ran out or a window did not come up (null:
+    // memory ran out), and in which dialog. It should need no memory for the former. Without it such a
+    // command ends its dialog, as one does that throws anything else.
+    using FailureHandler = std::function<void(const Dialog& dialog, const ScreenError* failure)>;
+    void SetFailureHandler(FailureHandler handler) { failureHandler_ = std::move(handler); }
+    // False: nothing could be reported.
+    bool ReportFailure(const Dialog& dialog, const ScreenError* failure);
 
   private:
-    MemoryTeller memoryTeller_;
-    bool isTelling_ = false;
+    FailureHandler failureHandler_;
+    bool isReporting_ = false;
 };
 
 // Shows the wait cursor for as long as it lives, and keeps what the user does meanwhile from having an

@@ -2,13 +2,16 @@
 #include <windows.h>
 
 #include "app/BrisgateApp.h"
+#include "platform/win32/Module.h"
 #include "platform/win32/Win32Machine.h"
+#include "ui/win32/ComponentApartment.h"
 #include "ui/win32/SystemFunctions.h"
 #include "ui/win32/Win32Screen.h"
 
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* /*commandLine*/, int /*show*/) {
-    // From here on nothing is loaded from the current folder or the search path.
-    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32);
+    // First of all: the library may ask for another kind of apartment, in which no file dialog would open.
+    const ui::win32::ComponentApartment apartment;
+    platform::win32::LoadFromSystemOnly();
     // The library may block for minutes, which is no reason to offer the user to end the program.
     DisableProcessWindowsGhosting();
     ui::win32::RegisterControlClasses();

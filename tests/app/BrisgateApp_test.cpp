@@ -43,6 +43,20 @@ TEST_F(StartTest, HoldsTheLockWhileTheMainDialogIsOpen) {
     EXPECT_FALSE(lock_.Held());
 }
 
+// The picker, say, of a system that lacks a part of itself: the command ends, the program goes on.
+TEST_F(StartTest, ADialogOfTheSystemThatDoesNotComeUpIsReported) {
+    Seed(minimalLibrary);
+    user_.Expect<app::CBrisgateDlg>([this](app::CBrisgateDlg& dialog) {
+        user_.ExpectBoxBeginning(L"Opening the folder dialog.\r\nError 0x80040154 - ", Ok | ErrorIcon,
+                                 ui::IdOk);
+        const ui::ScreenError error(0x80040154, L"Opening the folder dialog");
+        EXPECT_TRUE(world_->Screen().ReportFailure(dialog, &error));
+        EXPECT_FALSE(dialog.HasEnded());
+        user_.PressCloseBox();
+    });
+    Start();
+}
+
 TEST_F(StartTest, ASecondCopySaysSoAndTouchesNoRegistry) {
     Seed(minimalLibrary);
     world_->Registry().ForgetCalls();

@@ -40,8 +40,8 @@ class PickerNotes final : public ui::Screen {
         owners.push_back(owner);
         return real_.ShowMessageBox(owner, text, caption, flags);
     }
-    std::optional<std::wstring> PickFolder(const ui::Dialog* owner) override {
-        return real_.PickFolder(owner);
+    std::optional<std::wstring> PickFolder(const ui::Dialog* owner, const std::wstring& folder) override {
+        return real_.PickFolder(owner, folder);
     }
     std::optional<std::wstring> PickFile(const ui::Dialog* owner, const ui::FilePicker& picker) override {
         owners.push_back(owner);

@@ -110,8 +110,8 @@ class WatchedScreen final : public ui::Screen {
         boxes.push_back({text, caption, flags});
         return ui::IdOk;
     }
-    std::optional<std::wstring> PickFolder(const ui::Dialog* owner) override {
-        return real_.PickFolder(owner);
+    std::optional<std::wstring> PickFolder(const ui::Dialog* owner, const std::wstring& folder) override {
+        return real_.PickFolder(owner, folder);
     }
     std::optional<std::wstring> PickFile(const ui::Dialog* owner, const ui::FilePicker& picker) override {
         journal_.emplace_back("picker");

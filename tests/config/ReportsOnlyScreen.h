@@ -33,7 +33,10 @@ class ReportsOnlyScreen final : public ui::Screen {
         return ui::IdCancel;
     }
     void OpenModeless(ui::Dialog& /*dialog*/) override { ADD_FAILURE() << "a dialog opened"; }
-    std::optional<std::wstring> PickFolder(const ui::Dialog* /*owner*/) override { return std::nullopt; }
+    std::optional<std::wstring> PickFolder(const ui::Dialog* /*owner*/,
+                                           const std::wstring& /*folder*/) override {
+        return std::nullopt;
+    }
     std::optional<std::wstring> PickFile(const ui::Dialog* /*owner*/,
                                          const ui::FilePicker& /*picker*/) override {
         return std::nullopt;

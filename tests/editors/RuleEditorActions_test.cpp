@@ -36,7 +36,24 @@ TEST_F(RuleEditorActions, MovingPicksASecondFolder) {
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"C:\\typed");
         user_.ExpectFolderPicker(L"C:\\windows");
         user_.Click(ruleid::ActionButton);
+        EXPECT_EQ(user_.LastPickedFrom(), L"C:\\typed");
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"C:\\windows");
+        Leave();
+    });
+}
+
+TEST_F(RuleEditorActions, TheExecutablesPickerStartsAtTheOneThatIsThere) {
+    Edit(PlainRule(L"EXEC"), [this](ui::Dialog&) {
+        const auto proposed = [this](const std::wstring& typed) {
+            user_.Type(ruleid::ActionField, typed);
+            user_.ExpectFilePicker(ui::FilePickerKind::Open, std::nullopt);
+            user_.Click(ruleid::ActionButton);
+            return user_.LastFilePicker().initialPath;
+        };
+        EXPECT_EQ(proposed(L"C:\\windows\\notepad.exe"), L"");
+        files_.AddFile(L"C:\\windows\\notepad.exe", "");
+        EXPECT_EQ(proposed(L"C:\\windows\\notepad.exe"), L"C:\\windows\\notepad.exe");
+        EXPECT_EQ(proposed(L"C:\\windows\\notepad.exe /quiet"), L"");
         Leave();
     });
 }

@@ -212,6 +212,7 @@ TEST_F(ConflictDlgTest, ThePickedFolderGoesIntoTheField) {
         EXPECT_EQ(user_.Text(logid::Path), L"C:\\Logs");
         user_.ExpectFolderPicker(L"C:\\windows");
         user_.Click(logid::Pick);
+        EXPECT_EQ(user_.LastPickedFrom(), L"C:\\Logs");
         EXPECT_EQ(user_.Text(logid::Path), L"C:\\windows");
         EXPECT_EQ(user_.Text(logid::Size), L"777");
         user_.Click(ui::IdOk);

@@ -212,7 +212,8 @@ int Robot::BoxOpened(const ui::Dialog* owner, const std::wstring& text, const st
     return answer.value_or(RefusalOf(flags));
 }
 
-std::optional<std::wstring> Robot::FolderPickerOpened(const ui::Dialog* owner) {
+std::optional<std::wstring> Robot::FolderPickerOpened(const ui::Dialog* owner, const std::wstring& folder) {
+    lastPickedFrom_ = folder;
     CheckOwner(owner, "a folder picker");
     const std::optional<Expectation> expected = Next("a folder picker");
     if (!expected) return std::nullopt;

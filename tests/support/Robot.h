@@ -98,10 +98,11 @@ class Robot {
     void DialogOpened(ui::Dialog& dialog, const std::function<void()>& closeByForce);
     int BoxOpened(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
                   uint32_t flags);
-    std::optional<std::wstring> FolderPickerOpened(const ui::Dialog* owner);
+    std::optional<std::wstring> FolderPickerOpened(const ui::Dialog* owner, const std::wstring& folder);
     std::optional<std::wstring> FilePickerOpened(const ui::Dialog* owner, const ui::FilePicker& picker);
     // As the program asked for it last.
     const ui::FilePicker& LastFilePicker() const { return lastFilePicker_; }
+    const std::wstring& LastPickedFrom() const { return lastPickedFrom_; }  // where a folder picker started
 
   protected:
     // After each gesture: the windows must show what the controls' state says.
@@ -128,6 +129,7 @@ class Robot {
     std::vector<std::deque<Expectation>> queues_;
     std::vector<ui::Dialog*> open_;
     ui::FilePicker lastFilePicker_;
+    std::wstring lastPickedFrom_;
 };
 
 }  // namespace tests

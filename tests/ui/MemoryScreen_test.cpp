@@ -173,7 +173,7 @@ TEST_F(MemoryScreenTest, WithoutAUserNothingOpens) {
     MemoryScreen empty(metrics);
     SampleDialog unseen(empty);
     EXPECT_THROW(unseen.DoModal(), std::logic_error);
-    EXPECT_THROW(empty.PickFolder(nullptr), std::logic_error);
+    EXPECT_THROW(empty.PickFolder(nullptr, L""), std::logic_error);
 }
 
 TEST_F(MemoryScreenTest, WindowsInFrontTakeTheFocusAndGiveItBack) {
@@ -189,7 +189,7 @@ TEST_F(MemoryScreenTest, WindowsInFrontTakeTheFocusAndGiveItBack) {
     Run([&] {
         EXPECT_EQ(ui::IdYes, screen.ShowMessageBox(&dialog, L"text", L"caption", ui::box::YesNo));
         EXPECT_EQ(&dialog.second, dialog.Focus());
-        EXPECT_EQ(L"C:\\In", screen.PickFolder(&dialog));
+        EXPECT_EQ(L"C:\\In", screen.PickFolder(&dialog, L""));
         EXPECT_EQ(std::nullopt,
                   screen.PickFile(&dialog, {ui::FilePickerKind::Save, L"All", L"*.*", L"prx", L"a.prx"}));
         EXPECT_EQ(L"a.prx", screen.LastFilePicker().initialPath);

@@ -140,9 +140,9 @@ TEST_F(WindowGalleryTest, PickersAreAnswered) {
     ui::Screen& screen = world_->Screen();
     Run([this, &screen] {
         user_.ExpectFolderPicker(L"C:\\windows");
-        EXPECT_EQ(L"C:\\windows", screen.PickFolder(&gallery_));
+        EXPECT_EQ(L"C:\\windows", screen.PickFolder(&gallery_, L""));
         user_.ExpectFolderPicker(std::nullopt);
-        EXPECT_EQ(std::nullopt, screen.PickFolder(&gallery_));
+        EXPECT_EQ(std::nullopt, screen.PickFolder(&gallery_, L""));
         user_.ExpectFilePicker(ui::FilePickerKind::Open, L"C:\\windows\\notepad.exe");
         EXPECT_EQ(
             L"C:\\windows\\notepad.exe",
@@ -179,8 +179,9 @@ class WithoutMemory : public WindowGalleryTest {
   protected:
     void SetUp() override {
         ui::Screen& screen = world_->Screen();
-        screen.SetMemoryTeller([&screen](const ui::Dialog& dialog) {
-            screen.ShowMessageBox(&dialog, L"No memory", L"Gallery", ui::box::Ok | ui::box::ErrorIcon);
+        screen.SetFailureHandler([&screen](const ui::Dialog& dialog, const ui::ScreenError* failure) {
+            screen.ShowMessageBox(&dialog, failure == nullptr ? L"No memory" : failure->Operation(),
+                                  L"Gallery", ui::box::Ok | ui::box::ErrorIcon);
         });
     }
     void ExpectTold() {
@@ -219,6 +220,17 @@ TEST_F(WithoutMemory, ADialogThatCannotOpenEndsTheCommandBelow) {
     });
 }
 
+TEST_F(WithoutMemory, AWindowThatDoesNotComeUpEndsTheCommandToo) {
+    gallery_.onHear = [](const std::wstring& what) {
+        if (what == L"apply") throw ui::ScreenError(8, L"Opening a window");
+    };
+    Run([this] {
+        user_.ExpectBox(L"Opening a window", ui::box::Ok | ui::box::ErrorIcon, ui::IdOk, L"Gallery");
+        user_.Click(Apply);
+        EXPECT_FALSE(gallery_.HasEnded());
+    });
+}
+
 TEST_F(WithoutMemory, OtherFailuresEndTheDialogAllTheSame) {
     gallery_.onHear = [](const std::wstring& what) {
         if (what == L"apply") throw std::out_of_range("apply");
@@ -227,7 +239,8 @@ TEST_F(WithoutMemory, OtherFailuresEndTheDialogAllTheSame) {
 }
 
 TEST_F(WithoutMemory, WhoCannotEvenBeToldIsSentBack) {
-    world_->Screen().SetMemoryTeller([](const ui::Dialog&) { throw std::bad_alloc(); });
+    world_->Screen().SetFailureHandler(
+        [](const ui::Dialog&, const ui::ScreenError*) { throw std::bad_alloc(); });
     gallery_.onHear = [](const std::wstring& what) {
         if (what == L"apply") throw std::bad_alloc();
     };

@@ -108,7 +108,8 @@ int MemoryScreen::ShowMessageBox(const Dialog* owner, const std::wstring& text, 
     return RequireUser().BoxOpened(text, caption, flags);
 }
 
-std::optional<std::wstring> MemoryScreen::PickFolder(const Dialog* owner) {
+std::optional<std::wstring> MemoryScreen::PickFolder(const Dialog* owner, const std::wstring& folder) {
+    lastFolder_ = folder;
     const Interruption picker(*this, owner);
     return RequireUser().FolderPickerOpened();
 }

@@ -40,7 +40,7 @@ class MemoryScreen final : public Screen {
     void OpenModeless(Dialog& dialog) override;
     int ShowMessageBox(const Dialog* owner, const std::wstring& text, const std::wstring& caption,
                        uint32_t flags) override;
-    std::optional<std::wstring> PickFolder(const Dialog* owner) override;
+    std::optional<std::wstring> PickFolder(const Dialog* owner, const std::wstring& folder) override;
     std::optional<std::wstring> PickFile(const Dialog* owner, const FilePicker& picker) override;
     void ShowWaitCursor(bool shown) override;
     const platform::ScreenMetrics& Metrics() const override { return metrics_; }
@@ -62,6 +62,8 @@ class MemoryScreen final : public Screen {
     // Of the message box or picker opened last; none when that dialog was not open.
     const Dialog* LastOwner() const { return lastOwner_; }
     const FilePicker& LastFilePicker() const { return lastFilePicker_; }
+    // Where the folder picker opened last was to start.
+    const std::wstring& LastFolder() const { return lastFolder_; }
 
   private:
     class OpenWindow;
@@ -79,6 +81,7 @@ class MemoryScreen final : public Screen {
     std::vector<std::function<void(Dialog&)>> ahead_;
     const Dialog* lastOwner_ = nullptr;
     FilePicker lastFilePicker_;
+    std::wstring lastFolder_;
     std::vector<MemoryWindow*> windows_;  // in the order of opening
     MemoryWindow* active_ = nullptr;      // the one in front, unless a box or picker is
     std::vector<std::unique_ptr<MemoryWindow>> modeless_;

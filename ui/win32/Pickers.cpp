@@ -3,6 +3,7 @@
 #include <cderr.h>
 #include <commdlg.h>
 #include <objbase.h>
+#include <shlobj.h>
 #include <shobjidl.h>
 
 #include <algorithm>
@@ -10,21 +11,6 @@
 
 namespace ui::win32 {
 namespace {
-
-// The system's dialogs are made of components that need this for as long as they are open.
-class ComponentScope {
-  public:
-    ComponentScope()
-        : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED | COINIT_DISABLE_OLE1DDE))) {}
-    ~ComponentScope() {
-        if (entered_) CoUninitialize();
-    }
-    ComponentScope(const ComponentScope&) = delete;
-    ComponentScope& operator=(const ComponentScope&) = delete;
-
-  private:
-    const bool entered_;
-};
 
 struct Releaser {
     void operator()(IUnknown* component) const { component->Release(); }
@@ -36,17 +22,30 @@ struct TaskMemoryDeleter {
     void operator()(wchar_t* text) const { CoTaskMemFree(text); }
 };
 
+void Require(HRESULT result) {
+    if (FAILED(result)) throw ScreenError(static_cast<uint32_t>(result), L"Opening the folder dialog");
+}
+
 Component<IFileDialog> MakeFileDialog() {
     void* made = nullptr;
-    CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER, IID_IFileDialog, &made);
+    Require(CoCreateInstance(CLSID_FileOpenDialog, nullptr, CLSCTX_INPROC_SERVER, IID_IFileDialog, &made));
     return Component<IFileDialog>(static_cast<IFileDialog*>(made));
 }
 
-std::optional<std::wstring> PathOf(IShellItem& item) {
+void StartIn(IFileDialog& dialog, const std::wstring& folder) {
+    void* found = nullptr;
+    if (folder.empty() ||
+        FAILED(SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_IShellItem, &found)))
+        return;
+    const Component<IShellItem> item(static_cast<IShellItem*>(found));
+    dialog.SetFolder(item.get());
+}
+
+std::wstring PathOf(IShellItem& item) {
     wchar_t* name = nullptr;
-    if (FAILED(item.GetDisplayName(SIGDN_FILESYSPATH, &name))) return std::nullopt;
+    Require(item.GetDisplayName(SIGDN_FILESYSPATH, &name));
     const std::unique_ptr<wchar_t, TaskMemoryDeleter> path(name);
-    return std::wstring(path.get());
+    return path.get();
 }
 
 // A pattern is no extension that the system could append.
@@ -66,21 +65,21 @@ std::wstring FilterOf(const FilePicker& picker) {
 
 }  // namespace
 
-std::optional<std::wstring> PickFolder(HWND owner) {
-    const ComponentScope scope;
+std::optional<std::wstring> PickFolder(HWND owner, const std::wstring& folder) {
     const Component<IFileDialog> dialog = MakeFileDialog();
-    if (dialog == nullptr) return std::nullopt;
     dialog->SetOptions(FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM | FOS_PATHMUSTEXIST | FOS_NOCHANGEDIR);
-    if (dialog->Show(owner) != S_OK) return std::nullopt;
+    StartIn(*dialog, folder);
+    const HRESULT shown = dialog->Show(owner);
+    if (shown == HRESULT_FROM_WIN32(ERROR_CANCELLED)) return std::nullopt;
+    Require(shown);
     IShellItem* chosen = nullptr;
-    if (FAILED(dialog->GetResult(&chosen))) return std::nullopt;
+    Require(dialog->GetResult(&chosen));
     const Component<IShellItem> item(chosen);
     return PathOf(*item);
 }
 
 std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker) {
     constexpr size_t LongestPath = 32768;
-    const ComponentScope scope;
     const std::wstring filter = FilterOf(picker);
     std::wstring path(LongestPath, L'\0');
     const size_t known = std::min(picker.initialPath.size(), LongestPath - 1);
@@ -104,8 +103,12 @@ std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker) {
         request.lpstrFile = path.data();
         chosen = show(&request);
     }
-    if (chosen == FALSE) return std::nullopt;
-    return std::wstring(path.c_str());
+    if (chosen != FALSE) return std::wstring(path.c_str());
+    // The dialog has codes of its own, which the system has no texts for.
+    if (const DWORD error = CommDlgExtendedError(); error != 0)
+        throw ScreenError(static_cast<uint32_t>(E_FAIL),
+                          L"Opening the file dialog (its error " + std::to_wstring(error) + L")");
+    return std::nullopt;
 }
 
 }  // namespace ui::win32

@@ -10,7 +10,9 @@
 
 namespace ui::win32 {
 
-std::optional<std::wstring> PickFolder(HWND owner);
+// Both throw ScreenError when the dialog cannot open. The thread has to be a single-threaded apartment.
+// folder: where to start, if it exists; may be empty.
+std::optional<std::wstring> PickFolder(HWND owner, const std::wstring& folder);
 std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker);
 
 }  // namespace ui::win32

@@ -131,9 +131,9 @@ int Win32Screen::ShowMessageBox(const Dialog* owner, const std::wstring& text, c
                        window == nullptr ? flags | MB_TASKMODAL : flags);
 }
 
-std::optional<std::wstring> Win32Screen::PickFolder(const Dialog* owner) {
+std::optional<std::wstring> Win32Screen::PickFolder(const Dialog* owner, const std::wstring& folder) {
     const Asking asking(*waiting_);
-    return ui::win32::PickFolder(HandleOf(WindowOf(owner)));
+    return ui::win32::PickFolder(HandleOf(WindowOf(owner)), folder);
 }
 
 std::optional<std::wstring> Win32Screen::PickFile(const Dialog* owner, const FilePicker& picker) {

@@ -22,7 +22,7 @@ class Win32Screen : public ui::Screen {
     void OpenModeless(Dialog& dialog) override;
     int ShowMessageBox(const Dialog* owner, const std::wstring& text, const std::wstring& caption,
                        uint32_t flags) override;
-    std::optional<std::wstring> PickFolder(const Dialog* owner) override;
+    std::optional<std::wstring> PickFolder(const Dialog* owner, const std::wstring& folder) override;
     std::optional<std::wstring> PickFile(const Dialog* owner, const FilePicker& picker) override;
     void ShowWaitCursor(bool shown) override;
     const platform::ScreenMetrics& Metrics() const override { return metrics_; }

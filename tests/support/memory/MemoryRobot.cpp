@@ -313,7 +313,7 @@ int MemoryRobot::BoxOpened(const std::wstring& text, const std::wstring& caption
 }
 
 std::optional<std::wstring> MemoryRobot::FolderPickerOpened() {
-    return Robot::FolderPickerOpened(screen_.LastOwner());
+    return Robot::FolderPickerOpened(screen_.LastOwner(), screen_.LastFolder());
 }
 
 std::optional<std::wstring> MemoryRobot::FilePickerOpened(ui::FilePickerKind /*kind*/) {

@@ -27,9 +27,9 @@ int RecordingScreen::ShowMessageBox(const ui::Dialog* owner, const std::wstring&
     return real_.ShowMessageBox(owner, text, caption, flags);
 }
 
-std::optional<std::wstring> RecordingScreen::PickFolder(const ui::Dialog* owner) {
-    const Waiting waiting(*this, owner, {.kind = Kind::FolderPicker});
-    return real_.PickFolder(owner);
+std::optional<std::wstring> RecordingScreen::PickFolder(const ui::Dialog* owner, const std::wstring& folder) {
+    const Waiting waiting(*this, owner, {.kind = Kind::FolderPicker, .text = folder});
+    return real_.PickFolder(owner, folder);
 }
 
 std::optional<std::wstring> RecordingScreen::PickFile(const ui::Dialog* owner, const ui::FilePicker& picker) {

@@ -14,7 +14,7 @@ namespace tests {
 struct SystemDialogRequest {
     enum class Kind { Box, FolderPicker, FilePicker };
     Kind kind = Kind::Box;
-    std::wstring text{};
+    std::wstring text{};  // of a box; where a folder picker starts
     std::wstring caption{};
     uint32_t flags = 0;
     bool met = false;                   // its window has opened
@@ -33,7 +33,7 @@ class RecordingScreen final : public ui::Screen {
     void OpenModeless(ui::Dialog& dialog) override { real_.OpenModeless(dialog); }
     int ShowMessageBox(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
                        uint32_t flags) override;
-    std::optional<std::wstring> PickFolder(const ui::Dialog* owner) override;
+    std::optional<std::wstring> PickFolder(const ui::Dialog* owner, const std::wstring& folder) override;
     std::optional<std::wstring> PickFile(const ui::Dialog* owner, const ui::FilePicker& picker) override;
     void ShowWaitCursor(bool shown) override { real_.ShowWaitCursor(shown); }
     const platform::ScreenMetrics& Metrics() const override { return real_.Metrics(); }

@@ -71,7 +71,7 @@ void Win32Robot::SystemDialogOpened(HWND window) {
             PressButton(window, BoxOpened(request->owner, request->text, request->caption, request->flags));
             break;
         case SystemDialogRequest::Kind::FolderPicker:
-            AnswerPicker(window, FolderPickerOpened(request->owner));
+            AnswerPicker(window, FolderPickerOpened(request->owner, request->text));
             break;
         case SystemDialogRequest::Kind::FilePicker:
             lastPicker_ = LookAtPicker(window);

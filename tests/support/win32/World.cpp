@@ -1,9 +1,14 @@
 #include "tests/support/World.h"
 
+#include <gtest/gtest.h>
+
+#include <optional>
+
 #include "platform/win32/Win32Machine.h"
 #include "tests/support/TestRegistry.h"
 #include "tests/support/win32/RecordingScreen.h"
 #include "tests/support/win32/Win32Robot.h"
+#include "ui/win32/ComponentApartment.h"
 #include "ui/win32/SystemFunctions.h"
 #include "ui/win32/Win32Screen.h"
 
@@ -34,6 +39,17 @@ class RealWorld final : public World {
     RecordingScreen screen_{realScreen_};
     Win32Robot robot_{screen_};
 };
+
+// As in the program, before anything that could ask for another one.
+class Apartment : public testing::Environment {
+  public:
+    void SetUp() override { apartment_.emplace(); }
+    void TearDown() override { apartment_.reset(); }
+
+  private:
+    std::optional<ui::win32::ComponentApartment> apartment_;
+};
+const testing::Environment* const apartment = testing::AddGlobalTestEnvironment(new Apartment);
 
 }  // namespace
 

@@ -1,8 +1,10 @@
 // What the system's file dialogs show, and what they ask before they hand a path back.
 #include "ui/win32/Pickers.h"
 
+#include <cderr.h>
 #include <commdlg.h>
 #include <gtest/gtest.h>
+#include <objbase.h>
 
 #include <filesystem>
 #include <fstream>
@@ -126,6 +128,62 @@ TEST(FilePickerRequest, HasTheExtensionAndTheChecksForBothKinds) {
         ui::win32::PickFile(nullptr, {kind, L"All", L"*.*", L"*.*", L""});
         EXPECT_EQ(askedFor.extension, L"");
     }
+}
+
+HRESULT WINAPI ClassIsMissing(REFCLSID, IUnknown*, DWORD, REFIID, void**) {
+    return REGDB_E_CLASSNOTREG;
+}
+DWORD WINAPI TooSmallABuffer() {
+    return FNERR_BUFFERTOOSMALL;
+}
+
+TEST(Pickers, ThatDoNotComeUpSayWhy) {
+    {
+        const ImportHook create("CoCreateInstance", ClassIsMissing);
+        try {
+            ui::win32::PickFolder(nullptr, L"");
+            ADD_FAILURE() << "no failure";
+        } catch (const ui::ScreenError& error) {
+            EXPECT_EQ(error.Code(), 0x80040154U);
+            EXPECT_EQ(error.Operation(), L"Opening the folder dialog");
+        }
+    }
+    const ImportHook open("GetOpenFileNameW", NoteAndGiveUp);
+    EXPECT_EQ(ui::win32::PickFile(nullptr, {ui::FilePickerKind::Open, L"All", L"*.*", L"", L""}),
+              std::nullopt);
+    const ImportHook error("CommDlgExtendedError", TooSmallABuffer);
+    try {
+        ui::win32::PickFile(nullptr, {ui::FilePickerKind::Open, L"All", L"*.*", L"", L""});
+        ADD_FAILURE() << "no failure";
+    } catch (const ui::ScreenError& failure) {
+        EXPECT_EQ(failure.Code(), 0x80004005U);
+        EXPECT_EQ(failure.Operation(), L"Opening the file dialog (its error 12291)");
+    }
+}
+
+// Libraries do that, and a thread for which it succeeds gets no file dialog of the system any more.
+TEST(Pickers, OpenAfterALibraryHasAskedForAnotherApartment) {
+    const HRESULT asked = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
+    EXPECT_EQ(asked, RPC_E_CHANGED_MODE);
+    if (SUCCEEDED(asked)) CoUninitialize();
+    const OpenedWindows opened([](HWND window) { AnswerPicker(window, std::nullopt); });
+    EXPECT_EQ(ui::win32::PickFolder(nullptr, L""), std::nullopt);
+}
+
+TEST_F(FilePickerTest, AFolderPickerStartsInTheFolderThatIsThere) {
+    const auto startsIn = [](const std::wstring& folder) {
+        std::vector<std::wstring> listed;
+        const OpenedWindows opened([&listed](HWND window) {
+            listed = LookAtPicker(window).files;
+            AnswerPicker(window, std::nullopt);
+        });
+        ui::win32::PickFolder(nullptr, folder);
+        return listed;
+    };
+    std::filesystem::create_directory(files_->Folder() + L"\\found only here");
+    EXPECT_EQ(startsIn(files_->Folder()), std::vector<std::wstring>{L"found only here"});
+    EXPECT_NE(startsIn(missing_), std::vector<std::wstring>{L"found only here"});
+    EXPECT_NE(startsIn(L""), std::vector<std::wstring>{L"found only here"});
 }
 
 TEST_F(FilePickerTest, TheFiltersAreOfferedInTheirOrderAndHoldBackTheOtherFiles) {
