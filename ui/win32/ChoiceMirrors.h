@@ -12,9 +12,9 @@ class ComboMirror : public ControlMirror {
     void ShowAll() override;
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
-    int DropHeight() const override;
 
   protected:
+    int DropHeight() const override;
     ComboMirror(ChoiceControl& combo, HWND window);
 
   private:

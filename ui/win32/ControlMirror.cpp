@@ -32,6 +32,12 @@ void ControlMirror::Show(Aspect aspect) {
     }
 }
 
+Rect ControlMirror::BoundsWithDrop() const {
+    Rect bounds = control_.Bounds();
+    bounds.height += DropHeight();
+    return bounds;
+}
+
 // A control that cannot be used must not hold the keyboard: nothing that the user presses would arrive
 // anywhere.
 void ControlMirror::MoveFocusAway() const {

@@ -45,10 +45,12 @@ class ControlMirror {
     // Notifications that ask what to draw. They are answered at any time. No answer: it was not a question.
     virtual std::optional<LRESULT> Answer(NMHDR& /*question*/) const { return std::nullopt; }
 
-    // How far a window reaches below its bounds: a combo box with its list.
-    virtual int DropHeight() const { return 0; }
+    // The control's bounds, and what the window needs below them: a combo box its list.
+    Rect BoundsWithDrop() const;
 
   protected:
+    virtual int DropHeight() const { return 0; }
+
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return SendMessageW(window_, message, wParam, lParam);
     }

@@ -1,9 +1,9 @@
 #include "ui/win32/DialogWindow.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
+#include "ui/Screen.h"
 #include "ui/win32/DialogTemplate.h"
 #include "ui/win32/DroppedFiles.h"
 #include "ui/win32/MirrorFactory.h"
@@ -11,6 +11,11 @@
 #include "ui/win32/SystemFunctions.h"
 
 namespace ui::win32 {
+namespace {
+
+constexpr UINT MoveFlags = SWP_NOZORDER | SWP_NOACTIVATE;
+
+}  // namespace
 
 // While one lives, what the controls notify of is the echo of what the program itself is changing.
 class DialogWindow::Writing {
@@ -40,8 +45,7 @@ int DialogWindow::RunModal(HWND owner) {
     const DWORD error = GetLastError();
     taskModality_.reset();
     if (exception_) std::rethrow_exception(std::exchange(exception_, nullptr));
-    if (!ended_)
-        throw std::system_error(static_cast<int>(error), std::system_category(), "DialogBoxIndirectParam");
+    if (!ended_) throw ScreenError(error, L"Opening a window");
     return static_cast<int>(result);
 }
 
@@ -53,8 +57,7 @@ void DialogWindow::OpenModeless(HWND owner) {
     const DWORD error = GetLastError();
     if (exception_) std::rethrow_exception(std::exchange(exception_, nullptr));
     if (ended_) return;
-    if (window == nullptr)
-        throw std::system_error(static_cast<int>(error), std::system_category(), "CreateDialogIndirectParam");
+    if (window == nullptr) throw ScreenError(error, L"Opening a window");
     unattended_ = true;
     ShowWindow(window, SW_SHOW);
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW | RDW_ALLCHILDREN);
@@ -193,16 +196,27 @@ void DialogWindow::ShowFocus() const {
 
 void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
     const Writing writing(*this);
-    HDWP moves = BeginDeferWindowPos(static_cast<int>(mirrors_.size()));
-    for (const auto& mirror : mirrors_) {
-        const Rect& to = mirror->Mirrored().Bounds();
-        if (moves != nullptr)
-            moves = DeferWindowPos(moves, mirror->Window(), nullptr, to.x, to.y, to.width,
-                                   to.height + mirror->DropHeight(), SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-    if (moves != nullptr) EndDeferWindowPos(moves);
+    if (!MoveAtOnce()) MoveOneByOne();
     for (const auto& mirror : mirrors_) tooltips_.Follow(mirror->Window());
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+// False: the system had no room to collect the moves.
+bool DialogWindow::MoveAtOnce() const {
+    HDWP moves = BeginDeferWindowPos(static_cast<int>(mirrors_.size()));
+    for (const auto& mirror : mirrors_) {
+        if (moves == nullptr) return false;
+        const Rect to = mirror->BoundsWithDrop();
+        moves = DeferWindowPos(moves, mirror->Window(), nullptr, to.x, to.y, to.width, to.height, MoveFlags);
+    }
+    return moves != nullptr && EndDeferWindowPos(moves) != FALSE;
+}
+
+void DialogWindow::MoveOneByOne() const {
+    for (const auto& mirror : mirrors_) {
+        const Rect to = mirror->BoundsWithDrop();
+        SetWindowPos(mirror->Window(), nullptr, to.x, to.y, to.width, to.height, MoveFlags);
+    }
 }
 
 void DialogWindow::End(int result) {

@@ -34,7 +34,7 @@ class DialogWindow : public ui::Window {
     DialogWindow& operator=(const DialogWindow&) = delete;
 
     // Without an owner, no other window of the thread takes input meanwhile. Throws what a handler threw, and
-    // std::system_error when there can be no window.
+    // ScreenError when there can be no window.
     int RunModal(HWND owner);
     void OpenModeless(HWND owner);
 
@@ -83,6 +83,8 @@ class DialogWindow : public ui::Window {
     void LetSessionEnd();
     void ShowRescaled();
 
+    bool MoveAtOnce() const;
+    void MoveOneByOne() const;
     void ShowMenuBar();
     void ShowIcon();
     void ShowFocus() const;

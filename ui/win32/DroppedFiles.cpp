@@ -16,9 +16,10 @@ std::wstring DroppedFiles::FirstPath() const {
 }
 
 void AcceptDrops(HWND window) {
-    constexpr UINT CopyGlobalData = 0x0049;  // carries the dropped files from one process to another
-    ChangeWindowMessageFilterEx(window, WM_DROPFILES, MSGFLT_ALLOW, nullptr);
-    ChangeWindowMessageFilterEx(window, CopyGlobalData, MSGFLT_ALLOW, nullptr);
+    constexpr UINT CopyGlobalData = 0x0049;
+    // The drop itself, and what carries the files from a program without an administrator's rights.
+    for (const UINT message : {UINT{WM_DROPFILES}, UINT{WM_COPYDATA}, CopyGlobalData})
+        ChangeWindowMessageFilterEx(window, message, MSGFLT_ALLOW, nullptr);
     DragAcceptFiles(window, TRUE);
 }
 

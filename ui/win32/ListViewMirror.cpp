@@ -141,16 +141,17 @@ void ListViewMirror::ShowSelection() const {
 // Some systems visit every row of the list when told to change all: that pays only where most rows are
 // selected.
 void ListViewMirror::SelectNone() const {
-    constexpr int AllRows = -1;
-    const auto next = [this](int row, LPARAM kind) {
-        return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), kind));
-    };
-    if (const int focused = next(AllRows, LVNI_FOCUSED); focused >= 0) SetState(focused, 0, LVIS_FOCUSED);
+    if (const int focused = Next(AllRows, LVNI_FOCUSED); focused >= 0) SetState(focused, 0, LVIS_FOCUSED);
     const auto selected = static_cast<size_t>(Send(LVM_GETSELECTEDCOUNT));
     if (selected > list_.RowCount() / 2) return SetState(AllRows, 0, LVIS_SELECTED);
     if (selected == 0) return;
-    for (int row = next(AllRows, LVNI_SELECTED); row >= 0; row = next(row, LVNI_SELECTED))
+    for (int row = Next(AllRows, LVNI_SELECTED); row >= 0; row = Next(row, LVNI_SELECTED))
         SetState(row, 0, LVIS_SELECTED);
+}
+
+// The first row after this one that is of the kind (LVNI_...); -1: none.
+int ListViewMirror::Next(int row, LPARAM kind) const {
+    return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), kind));
 }
 
 void ListViewMirror::SetState(int row, UINT state, UINT mask) const {

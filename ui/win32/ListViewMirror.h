@@ -31,6 +31,7 @@ class ListViewMirror : public ControlMirror {
 
   private:
     enum class Press { Click, DoubleClick, RightClick };
+    static constexpr int AllRows = -1;  // also: before the first
 
     void ShowExtendedStyle();
     void ShowHeaderPictures(uint32_t dpi);
@@ -40,6 +41,7 @@ class ListViewMirror : public ControlMirror {
     void ShowSelection() const;
     void SelectNone() const;
     void SetState(int row, UINT state, UINT mask) const;
+    int Next(int row, LPARAM kind) const;
     void ShowChecks() const;
 
     void FillCell(LVITEMW& item) const;
@@ -51,6 +53,7 @@ class ListViewMirror : public ControlMirror {
     void RangeChanged(const NMLVODSTATECHANGE& change);
     void Pressed(const NMITEMACTIVATE& place, Press press);
     void KeyPressed(int virtualKey);
+    void FollowSelection();
     void ColumnResized(const NMHEADERW& change);
 
     ListView& list_;

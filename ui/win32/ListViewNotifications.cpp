@@ -141,7 +141,8 @@ void ListViewMirror::Pressed(const NMITEMACTIVATE& place, Press press) {
     }
     // The system leaves it to the owner of the data to turn a check mark over; the second click of a quick
     // pair on a check box is one more turn, not a double click.
-    const bool onBox = hit.row && list_.Style().checkBoxes && test.flags == LVHT_ONITEMSTATEICON;
+    const bool onBox =
+        hit.row && list_.Style().checkBoxes && (test.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
     if (onBox && press != Press::RightClick) {
         SetFocus(Window());
         list_.UserToggledCheck(*hit.row);
@@ -153,9 +154,22 @@ void ListViewMirror::Pressed(const NMITEMACTIVATE& place, Press press) {
 }
 
 void ListViewMirror::KeyPressed(int virtualKey) {
+    if (virtualKey == VK_SPACE || virtualKey == VK_DELETE) FollowSelection();
     const std::optional<size_t> row = list_.FocusedRow();
     if (virtualKey == VK_SPACE && list_.Style().checkBoxes && row) list_.UserToggledCheck(*row);
     list_.UserPressedKey(virtualKey);
+}
+
+// What the user is about to change has to be what he sees: where notifications were missed, the window is
+// right.
+void ListViewMirror::FollowSelection() {
+    const int focused = Next(AllRows, LVNI_FOCUSED);
+    const std::optional<size_t> row = focused < 0 ? std::nullopt : std::optional<size_t>(focused);
+    if (list_.FocusedRow() != row) list_.UserFocusedRow(row);
+    if (static_cast<size_t>(Send(LVM_GETSELECTEDCOUNT)) == list_.SelectedRows().size()) return;
+    list_.UserSelected(0, list_.RowCount() - 1, false);
+    for (int selected = Next(AllRows, LVNI_SELECTED); selected >= 0; selected = Next(selected, LVNI_SELECTED))
+        list_.UserSelected(static_cast<size_t>(selected), static_cast<size_t>(selected), true);
 }
 
 void ListViewMirror::ColumnResized(const NMHEADERW& change) {

@@ -46,7 +46,7 @@ std::optional<POINT> PlaceOfCheckBox(HWND list, size_t row) {
     const LONG y = (label.top + label.bottom) / 2;
     for (LONG x = 0; x < label.left; ++x) {
         // A little inside of where the box begins.
-        if (HitTest(list, {x, y}).flags == LVHT_ONITEMSTATEICON) return POINT{x + 4, y};
+        if ((HitTest(list, {x, y}).flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON) return POINT{x + 4, y};
     }
     return std::nullopt;
 }

@@ -1,0 +1,165 @@
+// What the system may do, and one of the systems that the tests run on does not: the windows have to be right
+// all the same.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <functional>
+#include <optional>
+#include <set>
+
+#include "tests/support/win32/ImportHook.h"
+#include "tests/support/win32/Win32Robot.h"
+#include "tests/ui/Gallery.h"
+
+namespace tests {
+namespace {
+
+// Stands before a window's own procedure while one lives.
+class Subclass {
+  public:
+    // The handler returns nothing for what the window is to answer itself.
+    using Handler = std::function<std::optional<LRESULT>(UINT message, WPARAM wParam, LPARAM lParam)>;
+
+    Subclass(HWND window, Handler handler) : window_(window), handler_(std::move(handler)) {
+        SetWindowSubclass(window_, Procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
+    ~Subclass() { RemoveWindowSubclass(window_, Procedure, 1); }
+    Subclass(const Subclass&) = delete;
+    Subclass& operator=(const Subclass&) = delete;
+
+  private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                      DWORD_PTR self) {
+        const auto answer = reinterpret_cast<Subclass*>(self)->handler_(message, wParam, lParam);
+        return answer ? *answer : DefSubclassProc(window, message, wParam, lParam);
+    }
+
+    const HWND window_;
+    const Handler handler_;
+};
+
+class SystemHabits : public GalleryTest {
+  protected:
+    HWND Window(int id) { return GetDlgItem(WindowOf(gallery_), id); }
+    static void SetState(HWND list, int row, UINT state, UINT mask) {
+        LVITEMW item{};
+        item.state = state;
+        item.stateMask = mask;
+        SendMessageW(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    }
+};
+
+// Since Vista there are more flags than a place can have.
+TEST_F(SystemHabits, APlaceInAListMaySayMoreThanThePlace) {
+    Run([this] {
+        const Subclass list(Window(gallery::Rows),
+                            [this](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
+                                if (message != LVM_SUBITEMHITTEST) return std::nullopt;
+                                const LRESULT row =
+                                    DefSubclassProc(Window(gallery::Rows), message, wParam, lParam);
+                                constexpr UINT InAnItem = 0x80000000;  // LVHT_EX_ONCONTENTS
+                                reinterpret_cast<LVHITTESTINFO*>(lParam)->flags |= InAnItem;
+                                return row;
+                            });
+        user_.ClickCheckBox(gallery::Rows, 3);
+        EXPECT_TRUE(gallery_.rows.IsChecked(3));
+        user_.ClickRow(gallery::Rows, 4);
+        EXPECT_FALSE(gallery_.rows.IsChecked(4));
+    });
+}
+
+// A list that forgot to mention a change is asked before a key acts on what is selected.
+TEST_F(SystemHabits, SpaceAndDeleteActOnWhatTheListShows) {
+    for (const Key key : {Key::Space, Key::Delete}) {
+        Run([this, key] {
+            gallery_.rows.SelectOnly(1);
+            gallery_.rows.SetFocus();
+            {
+                const Subclass deaf(
+                    WindowOf(gallery_), [](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+                        return message == WM_NOTIFY ? std::optional<LRESULT>(0) : std::nullopt;
+                    });
+                const HWND list = Window(gallery::Rows);
+                SetState(list, 6, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+                SetState(list, 8, LVIS_SELECTED, LVIS_SELECTED);
+            }
+            EXPECT_EQ(gallery_.rows.SelectedRows(), std::vector<size_t>{1});
+            std::vector<size_t> seen;
+            gallery_.onHear = [&](const std::wstring& what) {
+                if (what.starts_with(L"key ")) seen = gallery_.rows.SelectedRows();
+            };
+            user_.Press(key);
+            EXPECT_EQ(seen, (std::vector<size_t>{1, 6, 8}));
+            EXPECT_EQ(gallery_.rows.FocusedRow(), size_t{6});
+            EXPECT_EQ(gallery_.rows.IsChecked(6), key == Key::Space);
+            EXPECT_FALSE(gallery_.rows.IsChecked(1));
+            gallery_.rows.SetChecks(std::vector<bool>(20));
+        });
+    }
+}
+
+TEST_F(SystemHabits, ADialogWithoutASmallestSizeLeavesItToTheSystem) {
+    Run([this] {
+        const auto smallest = [this] {
+            MINMAXINFO info{};
+            info.ptMinTrackSize = {136, 39};
+            SendMessageW(WindowOf(gallery_), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&info));
+            return std::pair(info.ptMinTrackSize.x, info.ptMinTrackSize.y);
+        };
+        EXPECT_EQ(smallest(), std::pair(136L, 39L));
+        gallery_.smallest = {200, 0};
+        EXPECT_EQ(smallest(), std::pair(200L, 39L));
+        gallery_.smallest = {0, 100};
+        EXPECT_EQ(smallest(), std::pair(136L, 100L));
+    });
+}
+
+HDWP WINAPI NoRoom(HDWP, HWND, HWND, int, int, int, int, UINT) {
+    return nullptr;
+}
+HDWP WINAPI NoRoomAtAll(int) {
+    return nullptr;
+}
+BOOL WINAPI RoomLost(HDWP) {
+    return FALSE;
+}
+
+// Whether short of room at the beginning, in the middle or at the end.
+TEST_F(SystemHabits, ControlsMoveWhereTheSystemCannotCollectTheMoves) {
+    Run([this] {
+        const auto grows = [this] {
+            const int before = gallery_.ok.Bounds().x;
+            user_.Resize({10, 10});  // looks at every window's place
+            EXPECT_EQ(gallery_.ok.Bounds().x, before + 10);
+        };
+        {
+            const ImportHook begin("BeginDeferWindowPos", NoRoomAtAll);
+            grows();
+        }
+        {
+            const ImportHook defer("DeferWindowPos", NoRoom);
+            grows();
+        }
+        const ImportHook end("EndDeferWindowPos", RoomLost);
+        grows();
+    });
+}
+
+std::set<UINT> letThrough;
+
+BOOL WINAPI NoteMessage(HWND, UINT message, DWORD action, CHANGEFILTERSTRUCT*) {
+    if (action == MSGFLT_ALLOW) letThrough.insert(message);
+    return TRUE;
+}
+
+// Dragged from the desktop, whose program has fewer rights than ours.
+TEST_F(SystemHabits, ADropFromAProgramWithFewerRightsIsLetThrough) {
+    const ImportHook filter("ChangeWindowMessageFilterEx", NoteMessage);
+    Run([] {});
+    EXPECT_EQ(letThrough, (std::set<UINT>{WM_DROPFILES, WM_COPYDATA, 0x0049}));
+}
+
+}  // namespace
+}  // namespace tests
