@@ -42,10 +42,7 @@ CBrisgateDlg::CBrisgateDlg(const config::Services& services, editors::Certificat
     profiles_.OnSelect([this](size_t) { OpenProfile(); });
     profiles_.OnDoubleClick([this](const ui::ListHit&) { EditProfile(); });
     rules_.OnFocusLost([this] { TakeCheckBoxes(); });
-    rules_.OnDoubleClick([this](const ui::ListHit&) {
-        TakeNewTicks();
-        EditRule();
-    });
+    rules_.OnDoubleClick([this](const ui::ListHit&) { EditRule(); });
     rules_.OnKeyDown([this](int virtualKey) {
         if (virtualKey != ui::key::Delete) return;
         TakeNewTicks();

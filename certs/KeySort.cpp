@@ -16,7 +16,7 @@ uint64_t Packed(std::wstring_view text) {
 }
 
 struct KeyedRow {
-    uint64_t next;  // the units that are compared next
+    uint64_t next = 0;  // the units that are compared next
     std::wstring_view key;
     uint32_t row;
 
@@ -38,7 +38,7 @@ class KeySorter {
     KeySorter(std::span<const std::wstring_view> keys, bool descending) : descending_(descending) {
         rows_.reserve(keys.size());
         for (const std::wstring_view key : keys)
-            rows_.push_back({0, key, static_cast<uint32_t>(rows_.size())});
+            rows_.push_back({.key = key, .row = static_cast<uint32_t>(rows_.size())});
         waiting_.push_back({0, keys.size(), 0});
     }
 
@@ -84,7 +84,7 @@ class KeySorter {
 
     // Puts those that still agree on the waiting list.
     void Split(const Group& group, size_t agreed) {
-        for (size_t first = group.first; first < group.end;) {
+        for (size_t first = group.first; first != group.end;) {
             size_t end = first + 1;
             while (end < group.end && rows_[end].next == rows_[first].next) ++end;
             const Group equal{first, end, agreed};

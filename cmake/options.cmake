@@ -31,6 +31,8 @@ if(BRISGATE_SANITIZE)
     target_compile_options(brisgate_sanitizers INTERFACE -fsanitize=address,undefined -fno-sanitize=null,alignment
                            -fno-sanitize-recover=all -fno-omit-frame-pointer -g1 -O1 -Wno-maybe-uninitialized)
     target_link_options(brisgate_options INTERFACE -fsanitize=address,undefined)
+    # An element that is not there ends the tests even where it lies inside of what a container has reserved.
+    target_compile_definitions(brisgate_options INTERFACE _GLIBCXX_ASSERTIONS)
 endif()
 
 if(WIN32)

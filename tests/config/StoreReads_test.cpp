@@ -129,6 +129,20 @@ TEST_F(StoreReads, TheLongestStringHas519Characters) {
     EXPECT_EQ(text_, std::wstring(519, L'x'));
 }
 
+TEST_F(StoreReads, BytesOfAnyNumber) {
+    const std::vector<std::pair<const char*, config::Bytes>> cases{
+        {"hex(3): 01 00 02", {std::byte{1}, std::byte{0}, std::byte{2}}},
+        {"hex(3): 07", {std::byte{7}}},
+        {"hex(3):", {}},
+    };
+    for (const auto& [stored, bytes] : cases) {
+        SeedValues(std::string("v = ") + stored + "\n");
+        config::Bytes read{std::byte{9}};
+        EXPECT_EQ(Store().ReadBinary(L"v", read, {}), ReadOutcome::Value) << stored;
+        EXPECT_EQ(read, bytes) << stored;
+    }
+}
+
 TEST_F(StoreReads, LongerStringsAreReportedAndLeaveTheTarget) {
     for (const size_t length : {520U, 600U, 100'000U}) {
         SeedValues("v = \"" + std::string(length, 'x') + "\"\n");

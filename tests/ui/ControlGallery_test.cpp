@@ -98,6 +98,19 @@ TEST_F(ControlGalleryTest, AHandlerMayCorrectWhatIsTyped) {
     });
 }
 
+TEST_F(ControlGalleryTest, ACorrectionLeavesZerosInFrontOfTheRightNumber) {
+    Run([this] {
+        user_.Type(Digits, L"007");
+        gallery_.digits.SetNumber(7);
+        EXPECT_EQ(L"007", user_.Text(Digits));
+        gallery_.digits.SetNumber(8);
+        EXPECT_EQ(L"8", user_.Text(Digits));
+        user_.Type(Digits, L"18");
+        gallery_.digits.SetNumber(8);
+        EXPECT_EQ(L"8", user_.Text(Digits));
+    });
+}
+
 TEST_F(ControlGalleryTest, BackspaceDeletes) {
     Run([this] {
         user_.Type(Name, L"abc\bd");

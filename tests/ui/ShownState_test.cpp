@@ -74,6 +74,16 @@ TEST_F(ShownStateTest, NoticesColumns) {
     expectStale([this] { gallery_.rows.SetColumns({{L"", 91}, {L"Other", 100}}); });
 }
 
+// Which no list turns over by itself.
+TEST_F(ShownStateTest, NoticesTheBoxesOfRows) {
+    ExpectStale("checks", gallery_.rows, ui::Aspect::Rows, [this] { gallery_.FillRows(3); });
+    const auto expectStale = [this](const std::function<void()>& change) {
+        ExpectStale("checks", gallery_.rows, ui::Aspect::RowChecks, change);
+    };
+    expectStale([this] { gallery_.rows.UserToggledCheck(2); });
+    expectStale([this] { gallery_.rows.Reorder(std::vector<uint32_t>{2, 0, 1}); });
+}
+
 TEST_F(ShownStateTest, NoticesWhatTheDialogHas) {
     ExpectStale("caption", ui::DialogAspect::Caption, [this] { gallery_.SetCaption(L"Other"); });
     ExpectStale("icon", ui::DialogAspect::Icon, [this] { gallery_.SetIcon(ui::Icon::App); });

@@ -16,7 +16,7 @@ constexpr std::array ofControls{
     std::pair{Aspect::Enabled, "enabled"},   std::pair{Aspect::Visible, "visible"},
     std::pair{Aspect::Tooltip, "tooltip"},   std::pair{Aspect::Icon, "icon"},
     std::pair{Aspect::ReadOnly, "readonly"}, std::pair{Aspect::Items, "items"},
-    std::pair{Aspect::Columns, "columns"}};
+    std::pair{Aspect::Columns, "columns"},   std::pair{Aspect::RowChecks, "checks"}};
 constexpr std::array ofDialogs{
     std::pair{DialogAspect::Caption, "caption"}, std::pair{DialogAspect::Icon, "icon"},
     std::pair{DialogAspect::MenuBar, "menu bar"}, std::pair{DialogAspect::SystemMenu, "system menu"}};
@@ -42,6 +42,12 @@ std::wstring InWords(const std::vector<Column>& columns) {
         words += column.header + L' ' + std::to_wstring(column.width) + L' ' +
                  std::to_wstring(static_cast<int>(column.arrow)) + L'\n';
     return words;
+}
+
+std::wstring ChecksIn(const ListView& list) {
+    std::wstring checks;
+    for (size_t row = 0; row < list.RowCount(); ++row) checks += list.IsChecked(row) ? L'x' : L'-';
+    return checks;
 }
 
 std::optional<std::wstring> TextIn(const Control& control) {
@@ -87,6 +93,8 @@ std::optional<std::wstring> PartOf(const Control& control, Aspect aspect) {
             return ItemsIn(control);
         case Aspect::Columns:
             return list == nullptr ? std::nullopt : std::optional(InWords(list->Columns()));
+        case Aspect::RowChecks:
+            return list == nullptr ? std::nullopt : std::optional(ChecksIn(*list));
         default:
             return std::nullopt;
     }
@@ -119,6 +127,7 @@ void ShownState::ShowAll(const Dialog& dialog) {
 }
 
 void ShownState::Show(const Control& control, Aspect aspect) {
+    if (aspect == Aspect::Rows) return Show(control, Aspect::RowChecks);  // new rows come with their boxes
     if (auto part = PartOf(control, aspect)) controls_[{&control, aspect}] = std::move(*part);
 }
 
