@@ -41,6 +41,9 @@ if(WIN32)
     target_compile_options(brisgate_options INTERFACE -fstack-protector-strong -fcf-protection)
     target_link_options(brisgate_options INTERFACE -static -fstack-protector-strong -Wl,--gc-sections
                         -Wl,--dynamicbase -Wl,--nxcompat -Wl,--high-entropy-va)
+    # Windows 10 is the oldest system that starts it, and no newer one measures its windows as those of an older program.
+    target_link_options(brisgate_options INTERFACE -Wl,--major-os-version=10 -Wl,--minor-os-version=0
+                        -Wl,--major-subsystem-version=10 -Wl,--minor-subsystem-version=0)
     # The same sources give the same program, wherever and whenever it is built.
     target_compile_options(brisgate_options INTERFACE "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
     target_link_options(brisgate_options INTERFACE -Wl,--no-insert-timestamp)

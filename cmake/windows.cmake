@@ -31,6 +31,9 @@ target_link_libraries(brisgate PRIVATE win32)
 if(NOT MSVC)
     target_link_options(brisgate PRIVATE -municode -s
                         LINKER:--defsym,_ZN9__gnu_cxx27__verbose_terminate_handlerEv=abort)
+else()
+    # The manifest is among the resources: the linker must not add one of its own.
+    target_link_options(brisgate PRIVATE /MANIFEST:NO /SUBSYSTEM:WINDOWS,10.0)
 endif()
 target_include_directories(brisgate PRIVATE resources ${CMAKE_BINARY_DIR}/resources)
 set_target_properties(brisgate PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})

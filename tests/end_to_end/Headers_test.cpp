@@ -90,6 +90,15 @@ TEST_F(HeadersTest, IsA64BitProgramWithAWindow) {
     EXPECT_EQ(headers_.OptionalHeader.Subsystem, IMAGE_SUBSYSTEM_WINDOWS_GUI);
 }
 
+// Windows 10 and Server 2016 are the first of these numbers. What says less is run, but measured like an old
+// program.
+TEST_F(HeadersTest, IsMadeForWindows10AndLater) {
+    EXPECT_EQ(headers_.OptionalHeader.MajorOperatingSystemVersion, 10);
+    EXPECT_EQ(headers_.OptionalHeader.MinorOperatingSystemVersion, 0);
+    EXPECT_EQ(headers_.OptionalHeader.MajorSubsystemVersion, 10);
+    EXPECT_EQ(headers_.OptionalHeader.MinorSubsystemVersion, 0);
+}
+
 TEST_F(HeadersTest, IsLoadedAtARandomPlaceAndRunsNoData) {
     constexpr WORD wanted = IMAGE_DLLCHARACTERISTICS_DYNAMIC_BASE | IMAGE_DLLCHARACTERISTICS_HIGH_ENTROPY_VA |
                             IMAGE_DLLCHARACTERISTICS_NX_COMPAT;

@@ -17,9 +17,30 @@ struct Unloads {
     void operator()(HMODULE module) const { FreeLibrary(module); }
 };
 
+using Module = std::unique_ptr<std::remove_pointer_t<HMODULE>, Unloads>;
+
+Module Opened() {
+    return Module(LoadLibraryExW(program, nullptr, LOAD_LIBRARY_AS_DATAFILE));
+}
+
+// How many the file holds, under whatever number and in whatever language.
+int CountManifests() {
+    int count = 0;
+    const Module module = Opened();
+    const auto eachLanguage = [](HMODULE, LPCWSTR, LPCWSTR, WORD, LONG_PTR found) -> BOOL {
+        ++*reinterpret_cast<int*>(found);
+        return TRUE;
+    };
+    static ENUMRESLANGPROCW const visit = eachLanguage;
+    const auto eachName = [](HMODULE file, LPCWSTR type, LPWSTR name, LONG_PTR found) -> BOOL {
+        return EnumResourceLanguagesW(file, type, name, visit, found);
+    };
+    EnumResourceNamesW(module.get(), MAKEINTRESOURCEW(24), eachName, reinterpret_cast<LONG_PTR>(&count));
+    return count;
+}
+
 std::string Manifest() {
-    const std::unique_ptr<std::remove_pointer_t<HMODULE>, Unloads> module(
-        LoadLibraryExW(program, nullptr, LOAD_LIBRARY_AS_DATAFILE));
+    const Module module = Opened();
     const HRSRC place = FindResourceW(module.get(), MAKEINTRESOURCEW(1), MAKEINTRESOURCEW(24));
     if (place == nullptr) return {};
     const HGLOBAL loaded = LoadResource(module.get(), place);
@@ -47,10 +68,15 @@ class VersionTest : public ::testing::Test {
 TEST(ManifestTest, AsksForTheRightsThatTheAccountHasAndScalesWithEachMonitor) {
     const std::string manifest = Manifest();
     for (const std::string_view part :
-         {R"(level="highestAvailable" uiAccess="false")", ">PerMonitorV2</dpiAwareness>",
-          R"(name="Talveron.Brisgate" version="1.0.453.0")",
+         {R"(level="highestAvailable" uiAccess="false")", ">PerMonitorV2, system</dpiAwareness>",
+          ">true</longPathAware>", R"(name="Talveron.Brisgate" version="1.0.453.0")",
           R"(name="Microsoft.Windows.Common-Controls" version="6.0.0.0")"})
         EXPECT_NE(manifest.find(part), std::string::npos) << part;
+}
+
+// Linkers add one of their own where they are not kept from it, and the system takes the first.
+TEST(ManifestTest, IsTheOnlyOne) {
+    EXPECT_EQ(CountManifests(), 1);
 }
 
 TEST_F(VersionTest, NumbersAreThoseOfTheProgram) {
@@ -69,6 +95,7 @@ TEST_F(VersionTest, TextsAreThoseOfTheProgram) {
     EXPECT_EQ(Text(L"FileDescription"), L"ZEMA AC QLD Service - configuration");
     EXPECT_EQ(Text(L"FileVersion"), L"1.0.453.0");
     EXPECT_EQ(Text(L"InternalName"), L"brisgate");
+    EXPECT_EQ(Text(L"LegalCopyright"), L"Copyright (C) 2026 Talveron LLC");
     EXPECT_EQ(Text(L"OriginalFilename"), L"brisgate.exe");
     EXPECT_EQ(Text(L"ProductName"), L"Client QLD");
     EXPECT_EQ(Text(L"ProductVersion"), L"1.0.453.0");
