@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -116,11 +117,15 @@ IconHandle EmptyPicture() {
 
 namespace {
 
-int LargestDrawn(int room) {
-    constexpr std::array Drawn{96, 64, 48, 32, 24, 20, 16};
-    for (const int size : Drawn)
+int Largest(std::span<const int> sizes, int room) {
+    for (const int size : sizes)
         if (size <= room) return size;
-    return Drawn.back();
+    return sizes.back();
+}
+
+int LargestDrawn(int room) {
+    constexpr std::array Drawn{96, 80, 64, 56, 48, 40, 32, 24, 20, 16};
+    return Largest(Drawn, room);
 }
 
 }  // namespace
@@ -129,8 +134,13 @@ int PictureSizeFor(Size control) {
     return LargestDrawn(std::min(control.width, control.height));
 }
 
-int ButtonPictureSizeFor(Size control) {
-    return LargestDrawn(std::min(control.width, control.height) * 4 / 5);
+int ButtonPictureSizeFor(Size control, uint32_t dpi) {
+    constexpr int NormalDpi = 96;
+    constexpr std::array AtNormalResolution{32, 24, 16};
+    const int scale = static_cast<int>(dpi);
+    const int room = std::min(control.width, control.height) * 4 / 5;
+    const int normal = Largest(AtNormalResolution, room * NormalDpi / scale);
+    return LargestDrawn(std::min(normal * scale / NormalDpi, room));
 }
 
 }  // namespace ui::win32

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <memory>
 #include <type_traits>
 
@@ -27,7 +28,8 @@ IconHandle EmptyPicture();
 
 // The largest size in which icons are drawn that fits into a control of this size.
 int PictureSizeFor(Size control);
-// The same for a button, with air around the picture that grows with the button.
-int ButtonPictureSizeFor(Size control);
+// The same for a button on a monitor of this resolution: what the button shows at the normal one, and the air
+// around it, grow with the resolution.
+int ButtonPictureSizeFor(Size control, uint32_t dpi);
 
 }  // namespace ui::win32

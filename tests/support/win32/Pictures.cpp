@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <string>
 #include <utility>
 
 #include "ui/win32/ControlMirror.h"
+#include "ui/win32/SystemFunctions.h"
 
 namespace tests {
 namespace {
@@ -133,6 +137,18 @@ Points PointsOf(HICON icon) {
     return canvas.Look();
 }
 
+std::set<int> DrawnSizes(Icon icon) {
+    std::ifstream file(std::filesystem::path(L"resources\\icons\\" + Files.at(icon) + L".ico"),
+                       std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    constexpr size_t header = 6;
+    constexpr size_t entry = 16;
+    std::set<int> sizes;
+    for (size_t i = 0; bytes.size() > header && i < static_cast<unsigned char>(bytes[4]); ++i)
+        sizes.insert(static_cast<unsigned char>(bytes.at(header + i * entry)));
+    return sizes;
+}
+
 ui::win32::IconHandle LoadDrawing(Icon icon, int size) {
     const std::wstring file = L"resources\\icons\\" + Files.at(icon) + L".ico";
     const HANDLE drawing = LoadImageW(nullptr, file.c_str(), IMAGE_ICON, size, size, LR_LOADFROMFILE);
@@ -158,7 +174,7 @@ bool PaintsDrawing(HWND window, ui::IconButton& button, Icon icon) {
     SetWindowTextW(window, text.c_str());
     button.SetIcon(before);
 
-    const int size = ui::win32::ButtonPictureSizeFor(bare.size);
+    const int size = ui::win32::ButtonPictureSizeFor(bare.size, ui::win32::DpiOf(window));
     const ui::win32::IconHandle drawing = LoadDrawing(icon, size);
     const ui::win32::IconHandle pale = ui::win32::FadedPicture(drawing.get());
     const Points expected = WithIconOver(bare, button.IsEnabled() ? drawing.get() : pale.get(), size);

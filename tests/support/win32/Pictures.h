@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <set>
 #include <vector>
 
 #include "ui/Controls.h"
@@ -25,6 +26,9 @@ const Points& DrawingOf(ui::Icon icon, int size);
 
 // The same as an icon.
 ui::win32::IconHandle LoadDrawing(ui::Icon icon, int size);
+
+// The sizes that the file holds; that of 256 pixels it calls 0.
+std::set<int> DrawnSizes(ui::Icon icon);
 
 // Whether the button paints itself with this drawing over its middle, in pale grey where it is disabled.
 bool PaintsDrawing(HWND window, ui::IconButton& button, ui::Icon icon);

@@ -111,7 +111,7 @@ class Checker : public ui::ControlVisitor {
     void CheckPicture(const ui::IconButton& button) const {
         const Points shown = PointsIn(SendMessageW(window_, BM_GETIMAGE, IMAGE_ICON, 0));
         if (button.IsEnabled() || button.Icon() == ui::Icon::None) {
-            const int size = ui::win32::ButtonPictureSizeFor(SizeOf(button));
+            const int size = ui::win32::ButtonPictureSizeFor(SizeOf(button), ui::win32::DpiOf(window_));
             EXPECT_TRUE(DrawingOf(button.Icon(), size) == shown) << "picture";
         } else {
             EXPECT_EQ((ui::Size{1, 1}), shown.size) << "picture";

@@ -1,6 +1,9 @@
 // The size in which an icon is drawn follows the control, and with it the resolution of the monitor.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <vector>
+
 #include "ui/win32/IconLoader.h"
 
 namespace ui::win32 {
@@ -9,22 +12,42 @@ namespace {
 TEST(PictureSize, APictureFillsItsControl) {
     EXPECT_EQ(PictureSizeFor({33, 32}), 32);
     EXPECT_EQ(PictureSizeFor({31, 32}), 24);
+    EXPECT_EQ(PictureSizeFor({41, 42}), 40);
+    EXPECT_EQ(PictureSizeFor({58, 59}), 56);
     EXPECT_EQ(PictureSizeFor({66, 65}), 64);
+    EXPECT_EQ(PictureSizeFor({83, 84}), 80);
     EXPECT_EQ(PictureSizeFor({500, 500}), 96);
     EXPECT_EQ(PictureSizeFor({5, 5}), 16);
 }
 
-// The buttons of the main window, of the rule editor and of the extensions at 96, 144 and 192 dots per inch.
+// The buttons of the main window, of the rule editor and of the extensions: each row is one resolution.
 TEST(PictureSize, AButtonKeepsTheSameShareOfAirAtEveryResolution) {
-    EXPECT_EQ(ButtonPictureSizeFor({48, 52}), 32);
-    EXPECT_EQ(ButtonPictureSizeFor({72, 78}), 48);
-    EXPECT_EQ(ButtonPictureSizeFor({96, 104}), 64);
-    EXPECT_EQ(ButtonPictureSizeFor({42, 32}), 24);
-    EXPECT_EQ(ButtonPictureSizeFor({63, 49}), 32);
-    EXPECT_EQ(ButtonPictureSizeFor({84, 62}), 48);
-    EXPECT_EQ(ButtonPictureSizeFor({22, 23}), 16);
-    EXPECT_EQ(ButtonPictureSizeFor({33, 34}), 24);
-    EXPECT_EQ(ButtonPictureSizeFor({44, 45}), 32);
+    struct Row {
+        uint32_t dpi;
+        Size large, middle, small;
+        std::vector<int> due;
+    };
+    for (const Row& row : {Row{96, {48, 52}, {42, 32}, {22, 23}, {32, 24, 16}},
+                           Row{120, {60, 65}, {52, 40}, {28, 28}, {40, 24, 20}},
+                           Row{144, {72, 78}, {63, 49}, {33, 34}, {48, 32, 24}},
+                           Row{168, {84, 91}, {73, 57}, {39, 40}, {56, 40, 24}},
+                           Row{192, {96, 104}, {84, 62}, {44, 45}, {64, 48, 32}},
+                           Row{240, {120, 130}, {105, 81}, {56, 57}, {80, 56, 40}},
+                           Row{288, {144, 156}, {126, 97}, {67, 68}, {96, 64, 48}}}) {
+        SCOPED_TRACE(row.dpi);
+        const std::vector<int> found{ButtonPictureSizeFor(row.large, row.dpi),
+                                     ButtonPictureSizeFor(row.middle, row.dpi),
+                                     ButtonPictureSizeFor(row.small, row.dpi)};
+        EXPECT_EQ(found, row.due);
+    }
+}
+
+// Fonts grow in steps: a button may come out higher or lower than its share.
+TEST(PictureSize, AButtonThatIsALittleTooLargeOrSmallChangesNoPicture) {
+    EXPECT_EQ(ButtonPictureSizeFor({64, 64}, 120), 40);
+    EXPECT_EQ(ButtonPictureSizeFor({56, 60}, 120), 40);
+    EXPECT_EQ(ButtonPictureSizeFor({26, 26}, 96), 16);
+    EXPECT_EQ(ButtonPictureSizeFor({10, 10}, 96), 16);
 }
 
 }  // namespace
