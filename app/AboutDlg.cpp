@@ -6,8 +6,8 @@ namespace app {
 
 std::wstring FullVersion() {
     const std::wstring titleAndVersion =
-        text::Format(L"ZEMA AC QLD Service - configuration%s Version 1.0", L" (x64)");
-    return text::Format(L"%s.0%s.%s", titleAndVersion, L"453", L"0");
+        text::Format(L"ZEMA AC QLD Service - configuration%s Version " BRISGATE_SERIES, L" (x64)");
+    return text::Format(L"%s.0%s.%s", titleAndVersion, L"" BRISGATE_BUILD, L"" BRISGATE_REVISION);
 }
 
 CAboutDlg::CAboutDlg(ui::Screen& screen, ui::Dialog* owner)

@@ -12,7 +12,7 @@ guide = root / "docs" / "guide"
 # Seen by nobody in this form, or nothing that has to be explained.
 UNSHOWN = {
     "Opened profile", "Number of CS profiles", "TSP server",  # for screen readers
-    "CS profile's num: %d", "New group.%s", "ZEMA AC QLD Service - configuration%s Version 1.0", "Resign to CS profile: %s",
+    "CS profile's num: %d", "New group.%s", "ZEMA AC QLD Service - configuration%s Version", "Resign to CS profile: %s",
     "Open profile", "Cryptocontext uninitialization",  # a hidden button, a silent report
     "Talveron LLC", "Client QLD", "All files (*.*)", "(* represents any symbol)",
 }

@@ -8,6 +8,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "version.h"
+
 namespace tests {
 namespace {
 
@@ -69,7 +71,7 @@ TEST(ManifestTest, AsksForTheRightsThatTheAccountHasAndScalesWithEachMonitor) {
     const std::string manifest = Manifest();
     for (const std::string_view part :
          {R"(level="highestAvailable" uiAccess="false")", ">PerMonitorV2, system</dpiAwareness>",
-          ">true</longPathAware>", R"(name="Talveron.Brisgate" version="1.0.453.0")",
+          ">true</longPathAware>", R"(name="Talveron.Brisgate" version=")" BRISGATE_VERSION R"(")",
           R"(name="Microsoft.Windows.Common-Controls" version="6.0.0.0")"})
         EXPECT_NE(manifest.find(part), std::string::npos) << part;
 }
@@ -84,8 +86,9 @@ TEST_F(VersionTest, NumbersAreThoseOfTheProgram) {
     UINT length = 0;
     ASSERT_TRUE(VerQueryValueW(block_.data(), L"\\", &found, &length));
     const auto* numbers = static_cast<const VS_FIXEDFILEINFO*>(found);
-    EXPECT_EQ(numbers->dwFileVersionMS, 0x0001'0000U);
-    EXPECT_EQ(numbers->dwFileVersionLS, 453U << 16);
+    constexpr DWORD parts[] = {BRISGATE_VERSION_NUMBERS};
+    EXPECT_EQ(numbers->dwFileVersionMS, parts[0] << 16 | parts[1]);
+    EXPECT_EQ(numbers->dwFileVersionLS, parts[2] << 16 | parts[3]);
     EXPECT_EQ(numbers->dwProductVersionMS, numbers->dwFileVersionMS);
     EXPECT_EQ(numbers->dwProductVersionLS, numbers->dwFileVersionLS);
 }
@@ -93,12 +96,12 @@ TEST_F(VersionTest, NumbersAreThoseOfTheProgram) {
 TEST_F(VersionTest, TextsAreThoseOfTheProgram) {
     EXPECT_EQ(Text(L"CompanyName"), L"Talveron LLC");
     EXPECT_EQ(Text(L"FileDescription"), L"ZEMA AC QLD Service - configuration");
-    EXPECT_EQ(Text(L"FileVersion"), L"1.0.453.0");
+    EXPECT_EQ(Text(L"FileVersion"), L"" BRISGATE_VERSION);
     EXPECT_EQ(Text(L"InternalName"), L"brisgate");
     EXPECT_EQ(Text(L"LegalCopyright"), L"Copyright (C) 2026 Talveron LLC");
     EXPECT_EQ(Text(L"OriginalFilename"), L"brisgate.exe");
     EXPECT_EQ(Text(L"ProductName"), L"Client QLD");
-    EXPECT_EQ(Text(L"ProductVersion"), L"1.0.453.0");
+    EXPECT_EQ(Text(L"ProductVersion"), L"" BRISGATE_VERSION);
 }
 
 }  // namespace
