@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Adds to an installer what wixl leaves out, and takes from it what differs from one run to the next.
 
-Usage: tools/finish_installer.py INSTALLER VERSION PACKAGE_CODE
+Usage: tools/finish_installer.py INSTALLER VERSION PACKAGE_CODE [PROPERTY=VALUE]...
 
 Without its version in the File table, a file counts as older than any versioned one: an upgrade would keep the program that
-is there, and then remove it together with the older product. The creation time of the installer is SOURCE_DATE_EPOCH.
+is there, and then remove it together with the older product. The creation time of the installer is SOURCE_DATE_EPOCH. A property
+without a value is left out.
 """
 
 import os
@@ -21,6 +22,8 @@ ACTIONS = (
     ("TakeRememberedFolder", "INSTALLDIR", "[REMEMBEREDFOLDER]", BEFORE_COSTING,
      "NOT INSTALLDIR AND REMEMBEREDFOLDER", ("InstallExecuteSequence", "InstallUISequence")),
     ("TellFolder", "ARPINSTALLLOCATION", "[INSTALLDIR]", AFTER_COSTING, "", ("InstallExecuteSequence",)),
+    ("TellGuide", "ARPHELPLINK", "file:///[INSTALLDIR]guide\\index.html", AFTER_COSTING + 1, "NOT ARPHELPLINK",
+     ("InstallExecuteSequence",)),
 )
 
 SUMMARY_FORMAT = bytes.fromhex("e0859ff2f94f6810ab9108002b27b3d9")
@@ -28,11 +31,14 @@ PACKAGE_CODE, CREATED, LAST_SAVED = 9, 12, 13
 SECONDS_FROM_1601_TO_1970 = 11_644_473_600
 
 
-def queries(version):
+def queries(version, properties):
     yield f"UPDATE `File` SET `Version` = '{version}', `Language` = '1033' WHERE `File` = 'Executable'"
     yield "DELETE FROM `MsiFileHash` WHERE `File_` = 'Executable'"  # only for files without a version
     secure = "INSTALLDIR;REMEMBEREDFOLDER;WIX_DOWNGRADE_DETECTED;WIX_UPGRADE_DETECTED"
     yield f"UPDATE `Property` SET `Value` = '{secure}' WHERE `Property` = 'SecureCustomProperties'"
+    for name, value in properties:
+        text = value.replace("'", "\u2019")  # the language of the queries knows no way to write the straight one
+        yield f"INSERT INTO `Property` (`Property`, `Value`) VALUES ('{name}', '{text}')"
     for name, target, value, number, condition, sequences in ACTIONS:
         yield ("INSERT INTO `CustomAction` (`Action`, `Type`, `Source`, `Target`) "
                f"VALUES ('{name}', {SET_PROPERTY}, '{target}', '{value}')")
@@ -71,10 +77,11 @@ def settle(content, package_code, seconds):
 
 
 def main():
-    if len(sys.argv) != 4:
+    if len(sys.argv) < 4:
         sys.exit(__doc__)
-    path, version, package_code = sys.argv[1:]
-    subprocess.run(["msibuild", path, "-q", *queries(version)], check=True)
+    path, version, package_code, *words = sys.argv[1:]
+    properties = [(name, value) for name, _, value in (word.partition("=") for word in words) if value]
+    subprocess.run(["msibuild", path, "-q", *queries(version, properties)], check=True)
     with open(path, "rb") as file:
         content = bytearray(file.read())
     settle(content, package_code, int(os.environ["SOURCE_DATE_EPOCH"]))

@@ -84,6 +84,7 @@ def check_remembered_folder(installer):
     expect([(row["Root"], row["Key"], row["Name"]) for row in searches], written, "where the folder is remembered")
     actions = {row["Action"]: (row["Source"], row["Target"], row["Type"]) for row in installer.rows("CustomAction")}
     expect(actions.get("TakeRememberedFolder"), ("INSTALLDIR", "[REMEMBEREDFOLDER]", "51"), "taking the folder over")
+    expect(actions.get("TellGuide"), ("ARPHELPLINK", "file:///[INSTALLDIR]guide\\index.html", "51"), "telling the guide")
     expect(actions.get("TellFolder"), ("ARPINSTALLLOCATION", "[INSTALLDIR]", "51"), "telling the folder")
 
 
