@@ -33,7 +33,7 @@ void ShowFatal(ui::Screen& screen, const std::wstring& reason) {
 
 }  // namespace
 
-CBrisgateApp::CBrisgateApp(const platform::Machine& machine, ui::Screen& screen)
+CBrisgateApp::CBrisgateApp(const platform::Machine& machine, ui::Screen& screen, platform::Guide& guide)
     : machine_(machine),
       screen_(screen),
       memoryBox_(screen) {
@@ -43,6 +43,17 @@ CBrisgateApp::CBrisgateApp(const platform::Machine& machine, ui::Screen& screen)
             .ErrorReport({.owner = &dialog},
                          {.code = failure->Code(), .operation = failure->Operation(), .argument = {}});
     });
+    screen_.SetGuideHandler([this, &guide](const ui::Dialog& dialog) {
+        if (guide.Show(dialog.Style().guidePage) != platform::code::Success)
+            errors::Warn(
+                screen_, &dialog,
+                L"The guide cannot be opened. It belongs into the folder \"guide\" beside the program.");
+    });
+}
+
+CBrisgateApp::~CBrisgateApp() {
+    screen_.SetFailureHandler({});
+    screen_.SetGuideHandler({});
 }
 
 void CBrisgateApp::InitInstance() {

@@ -10,8 +10,8 @@ namespace app {
 
 class CBrisgateApp {
   public:
-    CBrisgateApp(const platform::Machine& machine, ui::Screen& screen);
-    ~CBrisgateApp() { screen_.SetFailureHandler({}); }
+    CBrisgateApp(const platform::Machine& machine, ui::Screen& screen, platform::Guide& guide);
+    ~CBrisgateApp();
     CBrisgateApp(const CBrisgateApp&) = delete;
     CBrisgateApp& operator=(const CBrisgateApp&) = delete;
 

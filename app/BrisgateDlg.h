@@ -34,8 +34,10 @@ class CBrisgateDlg : public ui::Dialog {
     void OnCancel() override;  // exit without saving
     void OnMenuCommand(int command) override;
     void OnSystemCommand(int command) override;
+    void OnShortcut() override { TakeNewTicks(); }
     void OnResized() override;
 
+    void AddShortcuts();
     void InitWindow();
     bool Load();
     bool PutsOffUnfinishedSave(config::RedoRecord& unfinished);

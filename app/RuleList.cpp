@@ -14,6 +14,7 @@ RuleList::RuleList(ui::ListView& view, ui::Dialog& owner, const config::Services
       rules_(std::move(rules)) {
     view_.SetCells([this](size_t row, size_t column) { return Cell(row, column); });
     view_.OnRightClick([this](const ui::ListHit& hit) { ShowDetails(hit); });
+    view_.OnDetails([this](size_t row) { ShowDetails({row, view_.Columns().size() - 1}); });
 }
 
 void RuleList::CreateColumns() {

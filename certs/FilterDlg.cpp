@@ -8,7 +8,7 @@
 namespace certs {
 
 CFilterDlg::CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample)
-    : Dialog(screen, owner, {.size = {260, 100}}, L"Filter") {
+    : Dialog(screen, owner, {.size = {260, 100}, .guidePage = L"certificates"}, L"Filter") {
     sampleEdit_.SetText(sample);
 }
 

@@ -20,7 +20,7 @@ bool HasName(const std::vector<config::SignerListEntry>& lists, const std::wstri
 CPreEncryptDlg::CPreEncryptDlg(const config::Services& services, ui::Dialog* owner,
                                crypto::CertificateSearch& search, crypto::PickerSettings settings,
                                const std::vector<config::CertificateRef>& chosen)
-    : Dialog(services.Screen, owner, {.size = {400, 290}, .resizable = true}),
+    : Dialog(services.Screen, owner, {.size = {400, 290}, .guidePage = L"certificates", .resizable = true}),
       services_(services),
       search_(search),
       settings_(std::move(settings)),
@@ -59,11 +59,14 @@ void CPreEncryptDlg::Connect(List& list, const std::wstring& kind) {
         return row < list.rows.Count() ? std::wstring(list.rows.Text(row)) : std::wstring();
     });
     list.view.OnHeaderClick([this, &list](size_t) { FlipAndSort(list); });
-    list.view.OnDoubleClick([this, &list, kind](const ui::ListHit& hit) {
-        if (!hit.row) return;
-        Screen().ShowMessageBox(this, NameInLines(list.rows.Text(*hit.row)), kind,
+    const auto showName = [this, &list, kind](size_t row) {
+        Screen().ShowMessageBox(this, NameInLines(list.rows.Text(row)), kind,
                                 ui::box::Ok | ui::box::InformationIcon);
+    };
+    list.view.OnDoubleClick([showName](const ui::ListHit& hit) {
+        if (hit.row) showName(*hit.row);
     });
+    list.view.OnDetails(showName);
 }
 
 void CPreEncryptDlg::CreateColumns() {

@@ -15,7 +15,8 @@ namespace certs {
 SignerList::SignerList(const config::Services& services, ui::Dialog* owner, crypto::ContextOpener& opener,
                        config::ServiceProfile profile, int storeProfile,
                        std::vector<config::SignerListEntry> lists)
-    : Dialog(services.Screen, owner, {.size = {290, 162}, .resizable = true}, L"Signer lists"),
+    : Dialog(services.Screen, owner, {.size = {290, 162}, .guidePage = L"certificates", .resizable = true},
+             L"Signer lists"),
       services_(services),
       opener_(opener),
       profile_(std::move(profile)),
@@ -24,6 +25,10 @@ SignerList::SignerList(const config::Services& services, ui::Dialog* owner, cryp
     view_.SetName(Caption());
     view_.SetCells([this](size_t row, size_t column) { return Cell(row, column); });
     view_.OnDoubleClick([this](const ui::ListHit& hit) { ShowMembers(hit); });
+    view_.OnDetails([this](size_t row) { ShowMembers({row, 0}); });
+    AddShortcut({.key = ui::key::Insert}, &view_, add_);
+    AddShortcut({.key = ui::key::F2}, &view_, edit_);
+    AddShortcut({.key = ui::key::Delete}, &view_, delete_);
 }
 
 void SignerList::OnInitDialog() {

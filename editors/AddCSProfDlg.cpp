@@ -3,7 +3,7 @@
 namespace editors {
 
 CAddCSProfDlg::CAddCSProfDlg(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> profileNames)
-    : Dialog(screen, owner, {.size = {200, 50}}, L"Add CS profile") {
+    : Dialog(screen, owner, {.size = {200, 50}, .guidePage = L"profiles"}, L"Add CS profile") {
     profiles_.SetItems(std::move(profileNames));
     profiles_.Select(0);
 }

@@ -6,7 +6,7 @@ namespace editors {
 
 AddMask::AddMask(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> suggestions,
                  std::wstring mask)
-    : Dialog(screen, owner, {.size = {200, 50}}, L"Mask") {
+    : Dialog(screen, owner, {.size = {200, 50}, .guidePage = L"rules"}, L"Mask") {
     combo_.SetItems(std::move(suggestions));
     combo_.SetText(std::move(mask));
     combo_.SetName(Caption());

@@ -22,13 +22,15 @@ config::Flag TakenFlag(config::Flag before, const ui::CheckBox& box) {
 CAddProfile::CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
                          std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames,
                          EditorMemory& memory)
-    : Dialog(services.Screen, owner, {.size = {394, 270}}),
+    : Dialog(services.Screen, owner, {.size = {394, 270}, .guidePage = L"profiles"}),
       profile_(std::move(profile)),
       profileNames_(std::move(profileNames)),
       csProfileNames_(std::move(csProfileNames)),
       memory_(memory) {
     csProfiles_.SetName(L"CS profiles");
     tsp_.SetName(L"TSP server");
+    AddShortcut({.key = ui::key::Insert}, &csProfiles_, addCsProfile_);
+    AddShortcut({.key = ui::key::Delete}, &csProfiles_, deleteCsProfile_);
 }
 
 void CAddProfile::OnInitDialog() {

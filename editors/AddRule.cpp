@@ -32,7 +32,7 @@ void SelectIn(ui::ComboBox& list, int index) {
 CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const config::ServiceProfile& profile,
                    std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory,
                    CertificateActions* certificates)
-    : Dialog(services.Screen, owner, {.size = {394, 224}}),
+    : Dialog(services.Screen, owner, {.size = {394, 224}, .guidePage = L"rules"}),
       services_(services),
       profile_(profile),
       memory_(memory),
@@ -46,6 +46,8 @@ CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const co
     pathOut_.SetName(pickPathOut_.Tooltip());
     pathError_.SetName(pickPathError_.Tooltip());
     masks_.SetName(L"Masks");
+    AddShortcut({.key = ui::key::Insert}, &masks_, addMask_);
+    AddShortcut({.key = ui::key::F2}, &masks_, editMask_);
 }
 
 void CAddRule::OnInitDialog() {

@@ -23,6 +23,7 @@ MaskList::MaskList(ui::ListView& view, ui::Dialog& owner, ui::Screen& screen,
         if (virtualKey == ui::key::Delete) Delete();
     });
     view_.OnRightClick([this](const ui::ListHit& hit) { ShowWhole(hit); });
+    view_.OnDetails([this](size_t row) { ShowWhole({row, 0}); });
 }
 
 void MaskList::CreateColumn() {

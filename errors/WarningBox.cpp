@@ -21,7 +21,8 @@ ui::Icon IconOf(WarningBox::Kind kind) {
 
 WarningBox::WarningBox(ui::Screen& screen, ui::Dialog* owner, Kind kind, const std::wstring& text,
                        const std::wstring& title)
-    : Dialog(screen, owner, {.size = {320, 185}, .resizable = true}, title.empty() ? L"Warning:" : title),
+    : Dialog(screen, owner, {.size = {320, 185}, .guidePage = L"messages", .resizable = true},
+             title.empty() ? L"Warning:" : title),
       kind_(kind) {
     text_.SetText(text);
     text_.SetName(Caption());

@@ -90,6 +90,14 @@ class CryptoLibrary {
     virtual std::wstring WhatIsMissing() const = 0;
 };
 
+// The administrator's guide that lies beside the program.
+class Guide {
+  public:
+    virtual ~Guide() = default;
+    // Shows a page ("rules") in the user's browser, with the user's own rights. 2: there is no such page.
+    virtual Win32Code Show(const std::wstring& page) = 0;
+};
+
 // References only: whoever makes the parts keeps them alive.
 struct Machine {
     RegistryBackend& Registry;

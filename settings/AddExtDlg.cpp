@@ -13,7 +13,7 @@ constexpr wchar_t blanks[] = L" \t";
 }  // namespace
 
 CAddExtDlg::CAddExtDlg(ui::Screen& screen, ui::Dialog* owner)
-    : Dialog(screen, owner, {.size = {200, 50}}, L"Add additional extension:") {}
+    : Dialog(screen, owner, {.size = {200, 50}, .guidePage = L"settings"}, L"Add additional extension:") {}
 
 void CAddExtDlg::OnOK() {
     const std::wstring_view extension = text::Trim(edit_.Text(), blanks);

@@ -7,8 +7,11 @@
 namespace settings {
 
 CConfigPage::CConfigPage(ui::Screen& screen, ui::Dialog* owner, config::GlobalSettings settings)
-    : Dialog(screen, owner, {.size = {290, 204}}, L"Configurations"),
-      settings_(std::move(settings)) {}
+    : Dialog(screen, owner, {.size = {290, 204}, .guidePage = L"settings"}, L"Configurations"),
+      settings_(std::move(settings)) {
+    AddShortcut({.key = ui::key::Insert}, &additional_, add_);
+    AddShortcut({.key = ui::key::Delete}, &additional_, delete_);
+}
 
 void CConfigPage::OnInitDialog() {
     modified_ = false;

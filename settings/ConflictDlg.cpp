@@ -12,7 +12,7 @@ namespace code = platform::code;
 
 CConflictDlg::CConflictDlg(const config::Services& services, ui::Dialog* owner, std::wstring logPath,
                            int32_t logFilesize)
-    : Dialog(services.Screen, owner, {.size = {264, 75}}, L"Log path"),
+    : Dialog(services.Screen, owner, {.size = {264, 75}, .guidePage = L"settings"}, L"Log path"),
       services_(services),
       logPath_(std::move(logPath)),
       logFilesize_(logFilesize) {

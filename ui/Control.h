@@ -7,6 +7,7 @@
 #include <string>
 
 #include "ui/Geometry.h"
+#include "ui/Keys.h"
 
 namespace ui {
 
@@ -106,6 +107,7 @@ class Control {
     void OnFocusLost(Handler handler) { onFocusLost_ = std::move(handler); }
 
     // The user's hands; also called by the windows themselves.
+    virtual bool UserPressed(const KeyChord& /*chord*/) { return false; }  // false: it means nothing here
     void UserFocused();
     void UserLeft();
 

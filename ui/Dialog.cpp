@@ -109,6 +109,20 @@ bool Dialog::UserChoseSystemMenu(int command) {
     return ours;
 }
 
+bool Dialog::UserPressed(const KeyChord& chord) {
+    if (chord == KeyChord{.key = key::F1}) {
+        screen_.ShowGuide(*this);
+        return true;
+    }
+    const auto found = std::find_if(shortcuts_.begin(), shortcuts_.end(), [&](const Shortcut& shortcut) {
+        return shortcut.chord == chord && (shortcut.where == nullptr || shortcut.where == focus_);
+    });
+    if (found == shortcuts_.end()) return focus_ != nullptr && focus_->UserPressed(chord);
+    OnShortcut();
+    found->action();
+    return true;
+}
+
 void Dialog::UserFocused(Control& control) {
     focus_ = &control;
 }
@@ -131,6 +145,10 @@ bool Dialog::Survives(const std::exception_ptr& failure) const {
 
 void Dialog::EndDialog(int result) {
     if (window_ != nullptr) window_->End(result);
+}
+
+void Dialog::AddShortcut(const KeyChord& chord, const Control* where, Handler action) {
+    shortcuts_.push_back({chord, where, std::move(action)});
 }
 
 void Dialog::SetCaption(std::wstring caption) {

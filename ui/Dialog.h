@@ -19,7 +19,8 @@ namespace ui {
 class Window;
 
 struct DialogStyle {
-    Size size;  // of the client area, in dialog units
+    Size size;                            // of the client area, in dialog units
+    const wchar_t* guidePage = L"index";  // the chapter of the guide that explains it
     bool resizable = false;
     bool minimizeBox = false;
     bool systemMenu = true;  // with the close box
@@ -80,6 +81,8 @@ class Dialog {
     void UserPressedCancel();  // the Cancel button, Escape or the close box
     void UserChoseMenu(int command);
     bool UserChoseSystemMenu(int command);  // false: the system's own command, left to it
+    // A key that may be a shortcut, before the control with the focus gets it. False: it does.
+    bool UserPressed(const KeyChord& chord);
     void UserFocused(Control& control);
     void UserLeft(Control& control);
     // For the windows, when a handler of what the user does has thrown: the dialog stays open if only memory
@@ -98,6 +101,18 @@ class Dialog {
 
     void EndDialog(int result);
 
+    // A key does what the button does, while the button can be used. where: the control that has to have the
+    // focus; none: it acts in the whole dialog.
+    template <class PushButton>
+    void AddShortcut(const KeyChord& chord, const Control* where, PushButton& button) {
+        AddShortcut(chord, where, [&button] {
+            if (button.IsEnabled() && button.IsVisible()) button.UserClicked();
+        });
+    }
+    void AddShortcut(const KeyChord& chord, const Control* where, Handler action);
+    // A shortcut of the dialog is about to act; the focus stays where it is.
+    virtual void OnShortcut() {}
+
     void SetCaption(std::wstring caption);
     void SetIcon(ui::Icon icon);
     void SetMenuBar(std::vector<Menu> menus);
@@ -113,6 +128,13 @@ class Dialog {
 
   private:
     friend class Control;
+
+    struct Shortcut {
+        KeyChord chord;
+        const Control* where;
+        Handler action;
+    };
+
     void Register(Control& control) { controls_.push_back(&control); }
     void FollowGrowth();
 
@@ -124,6 +146,7 @@ class Dialog {
     std::vector<Menu> menuBar_;
     std::vector<MenuItem> systemMenuEntries_;
     std::vector<Control*> controls_;
+    std::vector<Shortcut> shortcuts_;
     Window* window_ = nullptr;
     Control* focus_ = nullptr;
     Size openingSize_;

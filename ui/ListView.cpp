@@ -89,6 +89,15 @@ void ListView::SelectOnly(size_t row) {
     Changed(Aspect::Selection);
 }
 
+void ListView::SelectAll() {
+    selection_.assign(rowCount_, true);
+    Changed(Aspect::Selection);
+}
+
+bool ListView::AreAllSelected() const {
+    return std::find(selection_.begin(), selection_.end(), false) == selection_.end();
+}
+
 void ListView::FocusRow(size_t row) {
     focusedRow_ = row;
     Changed(Aspect::Selection);
@@ -107,6 +116,30 @@ void ListView::UserSelected(size_t first, size_t last, bool selected) {
 void ListView::UserToggledCheck(size_t row) {
     checks_.at(row) = !checks_.at(row);
     Changed(Aspect::RowChecks);
+}
+
+// The row with the focus decides, all selected rows get the same.
+void ListView::TurnChecksOver() {
+    const bool checked = !checks_.at(*focusedRow_);
+    for (const size_t row : SelectedRows()) checks_[row] = checked;
+    checks_[*focusedRow_] = checked;
+    Changed(Aspect::RowChecks);
+}
+
+bool ListView::UserPressed(const KeyChord& chord) {
+    if (chord == KeyChord{.key = 'A', .control = true} && !style_.singleSelection) {
+        SelectAll();
+        return true;
+    }
+    if (chord == KeyChord{.key = key::Space} && style_.checkBoxes && focusedRow_) {
+        TurnChecksOver();
+        return true;
+    }
+    const bool asksForDetails =
+        chord == KeyChord{.key = key::Menu} || chord == KeyChord{.key = key::F10, .shift = true};
+    if (!asksForDetails || !onDetails_ || !focusedRow_) return false;
+    onDetails_(*focusedRow_);
+    return true;
 }
 
 void ListView::UserClicked(const ListHit& hit) {

@@ -37,11 +37,6 @@ struct ListHit {
     size_t column = 0;
 };
 
-// The keys that a list tells its dialog of, with the system's codes.
-namespace key {
-inline constexpr int Delete = 46;
-}
-
 class ListView : public Control {
   public:
     using Cell = std::function<std::wstring(size_t row, size_t column)>;
@@ -82,7 +77,9 @@ class ListView : public Control {
     bool IsSelected(size_t row) const { return selection_[row]; }
     std::optional<size_t> FirstSelected() const;
     std::vector<size_t> SelectedRows() const;  // ascending
-    void SelectOnly(size_t row);               // also gives it the list's own focus mark
+    bool AreAllSelected() const;
+    void SelectOnly(size_t row);  // also gives it the list's own focus mark
+    void SelectAll();
     std::optional<size_t> FocusedRow() const { return focusedRow_; }
 
     void FocusRow(size_t row);  // gives it the list's own focus mark; the selection stays as it is
@@ -97,12 +94,15 @@ class ListView : public Control {
     void OnDoubleClick(HitHandler handler) { onDoubleClick_ = std::move(handler); }
     void OnRightClick(HitHandler handler) { onRightClick_ = std::move(handler); }
     void OnKeyDown(std::function<void(int virtualKey)> handler) { onKeyDown_ = std::move(handler); }
+    // The menu key or Shift+F10: shows what a click shows that no key can stand for.
+    void OnDetails(std::function<void(size_t row)> handler) { onDetails_ = std::move(handler); }
     void OnHeaderClick(std::function<void(size_t column)> handler) { onHeaderClick_ = std::move(handler); }
 
     // The user's hands. A click first changes the selection (told through UserSelected), then is heard.
     void UserSelected(size_t first, size_t last, bool selected);  // rows first..last, both included
     void UserFocusedRow(std::optional<size_t> row) { focusedRow_ = row; }
     void UserToggledCheck(size_t row);
+    bool UserPressed(const KeyChord& chord) override;
     void UserClicked(const ListHit& hit);
     void UserDoubleClicked(const ListHit& hit);
     void UserRightClicked(const ListHit& hit);
@@ -111,6 +111,8 @@ class ListView : public Control {
     void UserResizedColumn(size_t column, int width) { columns_[column].width = width; }
 
   private:
+    void TurnChecksOver();
+
     const ListStyle style_;
     std::vector<Column> columns_;
     Cell cell_;
@@ -124,6 +126,7 @@ class ListView : public Control {
     HitHandler onDoubleClick_;
     HitHandler onRightClick_;
     std::function<void(int)> onKeyDown_;
+    std::function<void(size_t)> onDetails_;
     std::function<void(size_t)> onHeaderClick_;
 };
 

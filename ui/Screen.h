@@ -102,8 +102,16 @@ class Screen {
     // False: nothing could be reported.
     bool ReportFailure(const Dialog& dialog, const ScreenError* failure);
 
+    // Shows the page of the guide that explains the dialog. Without a handler nothing happens.
+    using GuideHandler = std::function<void(const Dialog& dialog)>;
+    void SetGuideHandler(GuideHandler handler) { guideHandler_ = std::move(handler); }
+    void ShowGuide(const Dialog& dialog) const {
+        if (guideHandler_) guideHandler_(dialog);
+    }
+
   private:
     FailureHandler failureHandler_;
+    GuideHandler guideHandler_;
     bool isReporting_ = false;
 };
 

@@ -17,6 +17,7 @@ int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* /*c
     ui::win32::RegisterControlClasses();
     platform::win32::Win32Machine machine;
     ui::win32::Win32Screen screen(machine.ScreenMetrics);
-    app::CBrisgateApp(machine.Machine, screen).InitInstance();
+    platform::win32::Win32Guide guide;
+    app::CBrisgateApp(machine.Machine, screen, guide).InitInstance();
     return 0;
 }

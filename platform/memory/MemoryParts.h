@@ -1,4 +1,4 @@
-// The small in-memory parts of a machine: clock, instance lock, screen metrics, memory.
+// The small in-memory parts of a machine: clock, instance lock, screen metrics, memory, guide.
 #pragma once
 
 #include <cstddef>
@@ -63,6 +63,23 @@ class MemoryMemory final : public Memory {
 
   private:
     size_t limit_ = std::numeric_limits<size_t>::max();
+};
+
+// Remembers what was shown.
+class MemoryGuide final : public Guide {
+  public:
+    // Every Show from now on answers this code; 0: none fails.
+    void Fail(Win32Code code) { fault_ = code; }
+    const std::wstring& Shown() const { return shown_; }
+
+    Win32Code Show(const std::wstring& page) override {
+        if (fault_ == code::Success) shown_ = page;
+        return fault_;
+    }
+
+  private:
+    std::wstring shown_;
+    Win32Code fault_ = code::Success;
 };
 
 }  // namespace platform::memory

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include <chrono>
 #include <new>
 
@@ -56,6 +58,21 @@ std::unique_ptr<std::byte[]> Win32Memory::Allocate(size_t bytes, Win32Code& erro
         error = code::NotEnoughMemory;
         return nullptr;
     }
+}
+
+// The browser must not get the rights of an administrator, which this program has: the desktop, which was
+// started without them, opens the page when a second copy of its program asks it to.
+Win32Code Win32Guide::Show(const std::wstring& page) {
+    const std::wstring path = ProgramFolder() + L"\\guide\\" + page + L".html";
+    if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) return code::FileNotFound;
+    std::wstring desktop(MAX_PATH, L'\0');
+    desktop.resize(GetWindowsDirectoryW(desktop.data(), MAX_PATH));
+    desktop += L"\\explorer.exe";
+    const std::wstring quoted = L'"' + path + L'"';
+    const HINSTANCE opened =
+        ShellExecuteW(nullptr, nullptr, desktop.c_str(), quoted.c_str(), nullptr, SW_SHOWNORMAL);
+    constexpr INT_PTR LastError = 32;
+    return reinterpret_cast<INT_PTR>(opened) > LastError ? code::Success : GetLastError();
 }
 
 }  // namespace platform::win32

@@ -1,4 +1,4 @@
-// The small parts of this machine: clock, screen metrics, memory.
+// The small parts of this machine: clock, screen metrics, memory, guide.
 #pragma once
 
 #include "platform/Machine.h"
@@ -19,6 +19,12 @@ class Win32ScreenMetrics final : public ScreenMetrics {
 class Win32Memory final : public Memory {
   public:
     std::unique_ptr<std::byte[]> Allocate(size_t bytes, Win32Code& error) override;
+};
+
+// As pages beside the program, in the folder "guide".
+class Win32Guide final : public Guide {
+  public:
+    Win32Code Show(const std::wstring& page) override;
 };
 
 }  // namespace platform::win32

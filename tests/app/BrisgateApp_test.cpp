@@ -4,6 +4,7 @@
 
 #include "app/AboutDlg.h"
 #include "app/BrisgateDlg.h"
+#include "editors/AddProfile.h"
 #include "errors/ProgramTitle.h"
 #include "platform/memory/MemoryMachine.h"
 #include "tests/support/Fixture.h"
@@ -27,10 +28,11 @@ class StartTest : public WorldTest {
         const platform::Machine machine{real.Registry,       real.Files,  real.CodePage,
                                         real.SystemMessages, real.Clock,  lock_,
                                         real.ScreenMetrics,  real.Memory, real.CryptoLibrary};
-        app::CBrisgateApp(machine, world_->Screen()).InitInstance();
+        app::CBrisgateApp(machine, world_->Screen(), guide_).InitInstance();
     }
 
     platform::memory::MemoryInstanceLock lock_;
+    platform::memory::MemoryGuide guide_;
 };
 
 TEST_F(StartTest, HoldsTheLockWhileTheMainDialogIsOpen) {
@@ -52,6 +54,30 @@ TEST_F(StartTest, ADialogOfTheSystemThatDoesNotComeUpIsReported) {
         const ui::ScreenError error(0x80040154, L"Opening the folder dialog");
         EXPECT_TRUE(world_->Screen().ReportFailure(dialog, &error));
         EXPECT_FALSE(dialog.HasEnded());
+        user_.PressCloseBox();
+    });
+    Start();
+}
+
+TEST_F(StartTest, F1ShowsThePageOfTheGuideThatExplainsTheForm) {
+    Seed(minimalLibrary);
+    user_.Expect<app::CBrisgateDlg>([this](app::CBrisgateDlg&) {
+        user_.Press(Key::F1);
+        EXPECT_EQ(guide_.Shown(), L"index");
+        user_.Expect<editors::CAddProfile>([this](editors::CAddProfile&) {
+            user_.Press(Key::F1);
+            EXPECT_EQ(guide_.Shown(), L"profiles");
+            user_.Press(Key::Escape);
+        });
+        user_.ChooseMenu(32808);
+        guide_.Fail(2);
+        for (int time = 0; time < 2; ++time) {
+            user_.ExpectBox(
+                L"The guide cannot be opened. It belongs into the folder \"guide\" beside the program.",
+                Ok | ExclamationIcon, ui::IdOk);
+            user_.Press(Key::F1);
+        }
+        EXPECT_EQ(guide_.Shown(), L"profiles");
         user_.PressCloseBox();
     });
     Start();

@@ -69,7 +69,8 @@ std::string CertificateJourney::Content(const std::wstring& path) {
 
 void CertificateJourney::RunProgram(const Script& script) {
     user_.Expect<app::CBrisgateDlg>([&script](app::CBrisgateDlg&) { script(); });
-    app::CBrisgateApp(program_, screen_).InitInstance();
+    platform::memory::MemoryGuide guide;
+    app::CBrisgateApp(program_, screen_, guide).InitInstance();
     EXPECT_EQ(library_.OpenContexts(), 0U);
 }
 

@@ -26,7 +26,8 @@ class WithoutMemoryTest : public MainWindowRulesTest {
         const platform::Machine machine{real.Registry,       real.Files,  real.CodePage,
                                         real.SystemMessages, real.Clock,  lock_,
                                         real.ScreenMetrics,  real.Memory, real.CryptoLibrary};
-        app::CBrisgateApp(machine, world_->Screen()).InitInstance();
+        platform::memory::MemoryGuide guide;
+        app::CBrisgateApp(machine, world_->Screen(), guide).InitInstance();
     }
     // There is no memory left when the registry has been asked for this.
     void RunOutAt(RegistryCall call, const std::wstring& targetEnd) {

@@ -192,6 +192,36 @@ TEST_F(SignerListTest, DeletesTheSelectedListsAfterAQuestion) {
     EXPECT_EQ(result, (Lists{lists_[0], lists_[1]}));
 }
 
+TEST_F(SignerListTest, KeysAddEditDeleteAndShowOne) {
+    Edit([this](SignerList&) {
+        const auto expectPicker = [this](const wchar_t* caption) {
+            ExpectPicker([this, caption](CPreEncryptDlg& picker) {
+                EXPECT_EQ(picker.Caption(), caption);
+                Leave();
+            });
+        };
+        user_.ClickRow(listid::List, 1);
+        expectPicker(L"Add list");
+        user_.Press(Key::Insert);
+        expectPicker(L"Edit list");
+        user_.Press(Key::F2);
+        ExpectQuestion(L"Delete 1 list(s)?", ui::IdNo);
+        user_.Press(Key::Delete);
+        std::wstring byMouse;
+        std::wstring byKey;
+        for (std::wstring* text : {&byMouse, &byKey}) {
+            user_.Expect<errors::WarningBox>([this, text](errors::WarningBox&) {
+                *text = user_.Text(1160);
+                user_.Press(Key::Escape);
+            });
+            text == &byMouse ? user_.DoubleClickRow(listid::List, 1) : user_.Press(Key::Menu);
+        }
+        EXPECT_NE(byKey, L"");
+        EXPECT_EQ(byKey, byMouse);
+        user_.Click(ui::IdCancel);
+    });
+}
+
 TEST_F(SignerListTest, ExitDiscardsEveryChange) {
     const Lists before = lists_;
     app::CertificateForms forms(forms_, opener_);

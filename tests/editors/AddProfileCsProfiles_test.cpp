@@ -128,6 +128,25 @@ TEST_F(AddProfileCsProfiles, AddingAttachesOneWithTheDefaultsAndShowsIt) {
     EXPECT_EQ(removed_, Texts{});
 }
 
+TEST_F(AddProfileCsProfiles, KeysAddAndDeleteInTheList) {
+    Edit(Alpha(), [this](ui::Dialog&) {
+        user_.Choose(List, 0);
+        user_.Expect<editors::CAddCSProfDlg>([this](editors::CAddCSProfDlg&) {
+            user_.Choose(Choice, taxChoice);
+            user_.Press(Key::Enter);
+        });
+        user_.Press(Key::Insert);
+        EXPECT_EQ(CsProfiles(), (Texts{L"Office", L"Bank", L"Tax"}));
+        user_.Click(List);
+        user_.ExpectBoxBeginning(L"Delete CS profile", boxes::Question, ui::IdNo);
+        user_.Press(Key::Delete);
+        user_.Click(Period);
+        user_.Press(Key::Insert);
+        user_.Press(Key::Delete);
+        user_.Click(ui::IdCancel);
+    });
+}
+
 TEST_F(AddProfileCsProfiles, TheChooserOffersTheStoreProfilesOfTheLibrary) {
     Edit(Alpha(), [this](ui::Dialog& editor) {
         user_.Expect<editors::CAddCSProfDlg>([&](editors::CAddCSProfDlg& chooser) {

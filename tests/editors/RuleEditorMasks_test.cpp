@@ -140,6 +140,24 @@ TEST_F(RuleEditorMasks, TheDeleteKeyDeletesTheSelectedOnes) {
     EXPECT_EQ(masks, (Texts{L"1", L"3"}));
 }
 
+TEST_F(RuleEditorMasks, KeysAddEditAndShowOne) {
+    const auto masks = EditMasks({L"1", L"2"}, [this] {
+        user_.Press(Key::Insert);  // the focus is not in the list yet
+        user_.ClickRow(ruleid::Masks, 1);
+        ExpectMaskDialog(L"2", L"two");
+        user_.Press(Key::F2);
+        user_.ClickRow(ruleid::Masks, 0);
+        ExpectMaskDialog(L"", L"3");
+        user_.Press(Key::Insert);
+        user_.ClickRow(ruleid::Masks, 1);
+        user_.ExpectBox(L"two", ui::box::Ok | ui::box::InformationIcon, ui::IdOk, L"Mask");
+        user_.Press(Key::Menu);
+        user_.Press(Key::A, Held::Control);
+        EXPECT_EQ(user_.Get<ui::ListView>(ruleid::Masks).SelectedRows().size(), 3U);
+    });
+    EXPECT_EQ(masks, (Texts{L"1", L"two", L"3"}));
+}
+
 TEST_F(RuleEditorMasks, CanAllBeDeletedByTheKeyboard) {
     EditMasks({L"1", L"2", L"3"}, [this] {
         user_.Click(ruleid::Masks);

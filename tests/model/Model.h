@@ -66,6 +66,12 @@ class Model {
     void RightClickRow(size_t row);
     void ClickBelowRows();
     void ToggleCheck(size_t row) { rows_.at(row).checked = !rows_.at(row).checked; }
+    void PressSpace(size_t focused) {
+        ToggleCheck(focused);
+        const bool checked = rows_.at(focused).checked;
+        for (Row& row : rows_)
+            if (row.selected) row.checked = checked;
+    }
     void TypeSearch(const std::wstring& text);
 
     // Commands on profiles. Each does what is left to do after questions and dialogs.

@@ -96,7 +96,7 @@ void Walk::PressSpace() {
     model_.MoveKeyboard(Place::Rules);
     user_.Click(id::Rules);
     user_.Press(Key::Space);
-    if (const auto row = model_.FocusedRow()) model_.ToggleCheck(*row);
+    if (const auto row = model_.FocusedRow()) model_.PressSpace(*row);
 }
 
 void Walk::RightClick() {

@@ -286,6 +286,24 @@ TEST_F(ConfigPageTest, DeletingAsksFirst) {
     EXPECT_EQ(result_, given_);
 }
 
+TEST_F(ConfigPageTest, KeysAddAndDeleteInTheList) {
+    Run([&](CConfigPage&) {
+        user_.Choose(extid::Additional, 1);
+        user_.ExpectBox(L"Delete additional extension 'edi'?", boxes::Question, ui::IdYes, Title);
+        user_.Press(Key::Delete);
+        user_.Click(extid::Additional);
+        user_.Expect<CAddExtDlg>([this](CAddExtDlg&) {
+            user_.Type(extid::Asked, L"new");
+            user_.Press(Key::Enter);
+        });
+        user_.Press(Key::Insert);
+        EXPECT_EQ(Additional(), (Texts{L"DOC", L"new", L"xml"}));
+        user_.Click(extid::Zip);
+        user_.Press(Key::Insert);
+        user_.Press(Key::Escape);
+    });
+}
+
 TEST_F(ConfigPageTest, DeletingNeedsASelection) {
     const auto expectRefusal = [&] {
         user_.ExpectBox(L"Select list item to delete.", boxes::Hint, ui::IdOk, Title);

@@ -212,6 +212,15 @@ int Robot::BoxOpened(const ui::Dialog* owner, const std::wstring& text, const st
     return answer.value_or(RefusalOf(flags));
 }
 
+int CodeOf(Key key) {
+    namespace k = ui::key;
+    constexpr std::array Codes{k::Tab,  k::Enter, k::Escape, k::Space,  k::Delete, k::Up,
+                               k::Down, k::Home,  k::End,    k::Insert, k::Menu,   k::F1,
+                               k::F2,   k::F10,   int{'A'},  int{'D'},  int{'F'},  int{'S'}};
+    static_assert(Codes.size() == static_cast<size_t>(Key::S) + 1);
+    return Codes.at(static_cast<size_t>(key));
+}
+
 std::optional<std::wstring> Robot::FolderPickerOpened(const ui::Dialog* owner, const std::wstring& folder) {
     lastPickedFrom_ = folder;
     CheckOwner(owner, "a folder picker");

@@ -15,8 +15,29 @@
 
 namespace tests {
 
-enum class Key { Tab, Enter, Escape, Space, Delete, Up, Down, Home, End };
-enum class Held { Nothing, Shift, Control };
+enum class Key {
+    Tab,
+    Enter,
+    Escape,
+    Space,
+    Delete,
+    Up,
+    Down,
+    Home,
+    End,
+    Insert,
+    Menu,
+    F1,
+    F2,
+    F10,
+    A,
+    D,
+    F,
+    S
+};
+enum class Held { Nothing, Shift, Control, Alt, AltGr };
+// The key's code, as the system has it.
+int CodeOf(Key key);
 
 class Robot {
   public:

@@ -21,7 +21,8 @@ World::World(std::string_view trees) {
 }
 
 void World::RunProgram() {
-    app::CBrisgateApp program(machine, screen);
+    platform::memory::MemoryGuide guide;
+    app::CBrisgateApp program(machine, screen, guide);
     const Product product;
     program.InitInstance();
 }

@@ -62,8 +62,7 @@ void Step(const Dialog& dialog, const Edit& edit, VirtualKey key) {
 }
 
 void PressInList(ListView& list, RowSelection& rows, VirtualKey key, Modifier modifier) {
-    const std::optional<size_t> row = list.FocusedRow();
-    if (key == VirtualKey::Space && list.Style().checkBoxes && row) list.UserToggledCheck(*row);
+    if (list.UserPressed({.key = static_cast<int>(key)})) return;
     list.UserPressedKey(static_cast<int>(key));
     const bool moves = key != VirtualKey::Space && key != VirtualKey::Delete;
     if (moves && list.HasFocus()) rows.Move(list, key, modifier);

@@ -9,16 +9,16 @@
 
 namespace ui::memory {
 
-// The keys of the keyboard that dialogs and lists care for, with the system's codes.
+// The keys that the dialog manager and the controls care for.
 enum class VirtualKey : int {
-    Tab = 9,
-    Enter = 13,
-    Escape = 27,
-    Space = 32,
-    End = 35,
-    Home = 36,
-    Up = 38,
-    Down = 40,
+    Tab = key::Tab,
+    Enter = key::Enter,
+    Escape = key::Escape,
+    Space = key::Space,
+    End = key::End,
+    Home = key::Home,
+    Up = key::Up,
+    Down = key::Down,
     Delete = key::Delete
 };
 

@@ -38,6 +38,8 @@ class ControlMirror {
     // What the user did, as the system notifies a dialog of it.
     virtual void OnCommand(int /*notification*/) {}
     virtual LRESULT OnNotify(const NMHDR& /*notification*/) { return 0; }
+    // A key has been pressed that may be a shortcut for what is done with the control's content.
+    virtual void BeforeShortcut() {}
     // Whether files may be dropped onto the window at some time.
     virtual bool TakesPaths() const { return false; }
     // A file or folder dropped onto the window, with its full path.

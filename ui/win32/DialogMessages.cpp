@@ -85,6 +85,21 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+bool DialogWindow::Press(const KeyChord& chord) noexcept {
+    if (!initialised_ || ended_) return false;
+    ++depth_;
+    bool pressed = true;
+    try {
+        ControlMirror* const focused = dialog_.Focus() == nullptr ? nullptr : MirrorOf(*dialog_.Focus());
+        if (focused != nullptr) focused->BeforeShortcut();
+        pressed = dialog_.UserPressed(chord);
+    } catch (...) {
+        Fail(std::current_exception());
+    }
+    --depth_;
+    return pressed;
+}
+
 INT_PTR DialogWindow::Reply(LRESULT result) const {
     SetWindowLongPtrW(window_, DWLP_MSGRESULT, result);
     return TRUE;

@@ -46,6 +46,8 @@ class DialogWindow : public ui::Window {
     bool IsModal() const { return modal_; }
     // The window is gone, and none of its messages is being worked on.
     bool IsOver() const { return window_ == nullptr && depth_ == 0; }
+    // A key pressed in the dialog, before its window gets it. True: it was a shortcut.
+    bool Press(const KeyChord& chord) noexcept;
     // A handler threw. Unless the dialog survives, that ends it, and the exception leaves RunModal.
     void Fail(std::exception_ptr exception);
 

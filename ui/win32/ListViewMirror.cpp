@@ -129,9 +129,13 @@ void ListViewMirror::ShowRows() const {
 
 void ListViewMirror::ShowSelection() const {
     const RedrawPause pause(Window());
-    SelectNone();
-    for (const size_t row : list_.SelectedRows())
-        SetState(static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
+    if (list_.AreAllSelected() && !list_.Style().singleSelection) {
+        SetState(AllRows, LVIS_SELECTED, LVIS_SELECTED);
+    } else {
+        SelectNone();
+        for (const size_t row : list_.SelectedRows())
+            SetState(static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
+    }
     const std::optional<size_t> focused = list_.FocusedRow();
     if (!focused) return;
     SetState(static_cast<int>(*focused), LVIS_FOCUSED, LVIS_FOCUSED);

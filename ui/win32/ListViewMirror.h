@@ -25,6 +25,7 @@ class ListViewMirror : public ControlMirror {
     void ShowRescaled(uint32_t dpi) override;
     LRESULT OnNotify(const NMHDR& notification) override;
     std::optional<LRESULT> Answer(NMHDR& question) const override;
+    void BeforeShortcut() override { FollowSelection(); }
 
     // Header windows notify their dialog through the list that they belong to.
     HWND Header() const;

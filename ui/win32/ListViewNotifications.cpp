@@ -154,9 +154,7 @@ void ListViewMirror::Pressed(const NMITEMACTIVATE& place, Press press) {
 }
 
 void ListViewMirror::KeyPressed(int virtualKey) {
-    if (virtualKey == VK_SPACE || virtualKey == VK_DELETE) FollowSelection();
-    const std::optional<size_t> row = list_.FocusedRow();
-    if (virtualKey == VK_SPACE && list_.Style().checkBoxes && row) list_.UserToggledCheck(*row);
+    if (virtualKey == VK_DELETE) FollowSelection();
     list_.UserPressedKey(virtualKey);
 }
 

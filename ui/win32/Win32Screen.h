@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ui/Screen.h"
+#include "ui/win32/ShortcutKeys.h"
 
 namespace ui::win32 {
 
@@ -37,6 +38,7 @@ class Win32Screen : public ui::Screen {
     void ThrowStray();
 
     const platform::ScreenMetrics& metrics_;
+    const ShortcutKeys shortcutKeys_;
     std::vector<DialogWindow*> modal_;  // the innermost last
     std::vector<std::unique_ptr<DialogWindow>> modeless_;
     std::unique_ptr<Waiting> waiting_;

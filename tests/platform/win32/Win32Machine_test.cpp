@@ -134,6 +134,42 @@ TEST(Win32FilesTest, ALongPathThatIsMissingIsMissing) {
     EXPECT_TRUE(RemoveDirectoryW(longFolder.c_str()));
 }
 
+std::wstring startedProgram;
+std::wstring startedWith;
+
+HINSTANCE WINAPI NoteStart(HWND, const wchar_t*, const wchar_t* program, const wchar_t* arguments,
+                           const wchar_t*, INT) {
+    startedProgram = program;
+    startedWith = arguments;
+    return reinterpret_cast<HINSTANCE>(INT_PTR{33});
+}
+HINSTANCE WINAPI FailToStart(HWND, const wchar_t*, const wchar_t*, const wchar_t*, const wchar_t*, INT) {
+    SetLastError(ERROR_ACCESS_DENIED);
+    return reinterpret_cast<HINSTANCE>(INT_PTR{5});
+}
+
+// Never by this process itself, whose rights the browser would get.
+TEST(Win32GuideTest, TheDesktopIsAskedToShowAPage) {
+    const std::wstring folder = platform::win32::ProgramFolder() + L"\\guide";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    const std::wstring page = folder + L"\\test page.html";
+    CloseHandle(CreateFileW(page.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    platform::win32::Win32Guide guide;
+    {
+        const tests::ImportHook start("ShellExecuteW", NoteStart);
+        EXPECT_EQ(guide.Show(L"missing"), code::FileNotFound);
+        EXPECT_EQ(startedProgram, L"");
+        EXPECT_EQ(guide.Show(L"test page"), code::Success);
+        EXPECT_TRUE(startedProgram.ends_with(L"\\explorer.exe")) << testing::PrintToString(startedProgram);
+        EXPECT_NE(GetFileAttributesW(startedProgram.c_str()), INVALID_FILE_ATTRIBUTES);
+        EXPECT_EQ(startedWith, L'"' + page + L'"');
+    }
+    const tests::ImportHook start("ShellExecuteW", FailToStart);
+    EXPECT_EQ(guide.Show(L"test page"), code::AccessDenied);
+    DeleteFileW(page.c_str());
+    RemoveDirectoryW(folder.c_str());
+}
+
 TEST(Win32SystemMessagesTest, TheSystemKnowsItsCodes) {
     const platform::win32::Win32SystemMessages messages;
     EXPECT_NE(messages.SystemText(code::FileNotFound), L"");

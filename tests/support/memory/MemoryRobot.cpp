@@ -29,16 +29,12 @@ Modifier ModifierFor(Held held) {
         case Held::Control:
             return Modifier::Control;
         case Held::Nothing:
+        case Held::Alt:
+        case Held::AltGr:
             break;
     }
     return Modifier::None;
 }
-
-// In the order of Key.
-constexpr std::array VirtualKeys{VirtualKey::Tab,   VirtualKey::Enter,  VirtualKey::Escape,
-                                 VirtualKey::Space, VirtualKey::Delete, VirtualKey::Up,
-                                 VirtualKey::Down,  VirtualKey::Home,   VirtualKey::End};
-static_assert(VirtualKeys.size() == static_cast<size_t>(Key::End) + 1);
 
 const ui::MenuItem* FindMenuItem(const ui::Dialog& dialog, int command) {
     for (const ui::Menu& menu : dialog.MenuBar())
@@ -227,7 +223,15 @@ void MemoryRobot::Step(int id, int steps) {
 
 void MemoryRobot::Press(Key key, Held held) {
     Act([this, key, held] {
-        ui::memory::PressKey(Top(), Rows(), VirtualKeys.at(static_cast<size_t>(key)), ModifierFor(held));
+        const bool altGr = held == Held::AltGr;
+        const ui::KeyChord chord{.key = CodeOf(key),
+                                 .control = held == Held::Control || altGr,
+                                 .alt = held == Held::Alt || altGr,
+                                 .shift = held == Held::Shift};
+        if (Top().UserPressed(chord)) return;
+        // With Alt, keys are the menu's and the system's.
+        if (key <= Key::End && held != Held::Alt && !altGr)
+            ui::memory::PressKey(Top(), Rows(), static_cast<VirtualKey>(CodeOf(key)), ModifierFor(held));
     });
 }
 

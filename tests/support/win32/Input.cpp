@@ -8,10 +8,7 @@
 namespace tests::input {
 namespace {
 
-constexpr std::array<WPARAM, 9> VirtualKeys{VK_TAB, VK_RETURN, VK_ESCAPE, VK_SPACE, VK_DELETE,
-                                            VK_UP,  VK_DOWN,   VK_HOME,   VK_END};
-
-// Holds Shift or Ctrl down.
+// Holds Shift, Ctrl, Alt or AltGr down.
 class HeldKey {
   public:
     explicit HeldKey(Held held) {
@@ -21,7 +18,9 @@ class HeldKey {
         for (const int key : {VK_SHIFT, VK_LSHIFT, VK_RSHIFT, VK_CONTROL, VK_LCONTROL, VK_RCONTROL, VK_MENU})
             pressed.at(static_cast<size_t>(key)) = 0;
         if (held == Held::Shift) pressed[VK_SHIFT] = pressed[VK_LSHIFT] = Down;
-        if (held == Held::Control) pressed[VK_CONTROL] = pressed[VK_LCONTROL] = Down;
+        const bool altGr = held == Held::AltGr;
+        if (held == Held::Control || altGr) pressed[VK_CONTROL] = pressed[VK_LCONTROL] = Down;
+        if (held == Held::Alt || altGr) pressed[VK_MENU] = Down;
         SetKeyboardState(pressed.data());
     }
     ~HeldKey() { SetKeyboardState(before_.data()); }
@@ -45,7 +44,9 @@ LPARAM KeyStroke(WPARAM key, bool up) {
     constexpr LPARAM UpBits = static_cast<LPARAM>(0xC0000000);
     const LPARAM scanCode = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC))
                             << 16;
-    return 1 | scanCode | (up ? UpBits : 0);
+    constexpr LPARAM AltBit = 0x20000000;
+    const bool alt = GetKeyState(VK_MENU) < 0 && GetKeyState(VK_CONTROL) >= 0;
+    return 1 | scanCode | (up ? UpBits : 0) | (alt ? AltBit : 0);
 }
 
 void Work(MSG& message) {
@@ -93,14 +94,15 @@ POINT CenterOf(HWND window) {
 
 void Press(HWND dialog, Key key, Held held) {
     const HeldKey modifier(held);
-    const WPARAM virtualKey = VirtualKeys.at(static_cast<size_t>(key));
+    const auto virtualKey = static_cast<WPARAM>(CodeOf(key));
+    const bool isSystemKey = held == Held::Alt || key == Key::F10;
     for (const bool up : {false, true}) {
         const HWND focus = GetFocus();
         const bool ours = focus != nullptr && (focus == dialog || IsChild(dialog, focus) != FALSE);
         if (up && !ours) return;  // the key went down in a window that is no more
         MSG message{};
         message.hwnd = ours ? focus : dialog;
-        message.message = up ? WM_KEYUP : WM_KEYDOWN;
+        message.message = isSystemKey ? (up ? WM_SYSKEYUP : WM_SYSKEYDOWN) : (up ? WM_KEYUP : WM_KEYDOWN);
         message.wParam = virtualKey;
         message.lParam = KeyStroke(virtualKey, up);
         Work(message);
