@@ -4,13 +4,6 @@
 #include "ui/Window.h"
 
 namespace ui {
-namespace {
-
-int Scaled(int pixels, uint32_t fromDpi, uint32_t toDpi) {
-    return static_cast<int>(static_cast<int64_t>(pixels) * toDpi / fromDpi);
-}
-
-}  // namespace
 
 Control::Control(Dialog& owner, int id, const Place& place, std::wstring text)
     : owner_(owner),
@@ -73,12 +66,6 @@ void Control::FollowGrowth(const Size& growth) {
                openingBounds_.y + growth.height * follow.moveY / 100,
                openingBounds_.width + growth.width * follow.growX / 100,
                openingBounds_.height + growth.height * follow.growY / 100};
-}
-
-void Control::Rescale(uint32_t fromDpi, uint32_t toDpi) {
-    openingBounds_ = {Scaled(openingBounds_.x, fromDpi, toDpi), Scaled(openingBounds_.y, fromDpi, toDpi),
-                      Scaled(openingBounds_.width, fromDpi, toDpi),
-                      Scaled(openingBounds_.height, fromDpi, toDpi)};
 }
 
 void Control::Changed(Aspect aspect) const {

@@ -3,6 +3,7 @@
 // through the User functions, which change the state first and then tell the dialog's handler.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -114,7 +115,8 @@ class Control {
     // The dialog's own business when it opens and is resized.
     void SetOpeningBounds(const Rect& bounds) { bounds_ = openingBounds_ = bounds; }
     void FollowGrowth(const Size& growth);
-    void Rescale(uint32_t fromDpi, uint32_t toDpi);
+    // The resolution has changed; the opening bounds are those for the new one already.
+    virtual void FollowDpi(uint32_t /*dpi*/) {}
 
   protected:
     Dialog& Owner() const { return owner_; }
@@ -132,7 +134,7 @@ class Control {
     bool enabled_ = true;
     bool visible_ = true;
     Rect bounds_;
-    Rect openingBounds_;  // at the size that the dialog opened with
+    Rect openingBounds_;  // at the size that the dialog opens with, at this resolution
     Handler onFocusLost_;
 };
 

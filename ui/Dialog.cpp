@@ -58,7 +58,8 @@ void Dialog::SetFocus(Control& control) {
 void Dialog::Opened(Window& window, Size clientSize, uint32_t dpi) {
     window_ = &window;
     openingSize_ = clientSize_ = clientSize;
-    dpi_ = dpi;
+    growthDpi_ = dpi_ = dpi;
+    growth_ = {};
     OnInitDialog();
 }
 
@@ -67,17 +68,30 @@ void Dialog::Closed() {
     focus_ = nullptr;
 }
 
+Size Dialog::ClientSizeAt(uint32_t dpi, Size openingSize) const {
+    return {openingSize.width + Scaled(growth_.width, dpi, growthDpi_),
+            openingSize.height + Scaled(growth_.height, dpi, growthDpi_)};
+}
+
 void Dialog::UserResized(SizeKind kind, Size clientSize) {
     if (kind != SizeKind::Restored) return;
+    if (clientSize != ClientSizeAt(dpi_, openingSize_)) {
+        growth_ = {clientSize.width - openingSize_.width, clientSize.height - openingSize_.height};
+        growthDpi_ = dpi_;
+    }
+    LimitedTo(clientSize);
+}
+
+void Dialog::LimitedTo(Size clientSize) {
     clientSize_ = clientSize;
     FollowGrowth();
 }
 
-void Dialog::UserChangedDpi(uint32_t dpi) {
-    for (Control* control : controls_) control->Rescale(dpi_, dpi);
-    openingSize_ = {openingSize_.width * static_cast<int>(dpi) / static_cast<int>(dpi_),
-                    openingSize_.height * static_cast<int>(dpi) / static_cast<int>(dpi_)};
+void Dialog::UserChangedDpi(uint32_t dpi, Size openingSize) {
     dpi_ = dpi;
+    openingSize_ = openingSize;
+    clientSize_ = ClientSizeAt(dpi, openingSize);
+    for (Control* control : controls_) control->FollowDpi(dpi);
     FollowGrowth();
 }
 

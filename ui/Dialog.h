@@ -59,6 +59,9 @@ class Dialog {
     // Of the client area, at the last size event of the restored kind.
     Size ClientSize() const { return clientSize_; }
     uint32_t Dpi() const { return dpi_; }
+    // Of the client area at another resolution, where the dialog would open with the given size: it is larger
+    // or smaller than that as whoever sized the window last has left it.
+    Size ClientSizeAt(uint32_t dpi, Size openingSize) const;
     // The outer rectangle of the window that is neither minimised nor maximised, in pixels of the screen.
     Rect NormalRect() const;
     // The smallest outer size to which the user can drag the window, in pixels; 0: the system's.
@@ -76,7 +79,12 @@ class Dialog {
     void Opened(Window& window, Size clientSize, uint32_t dpi);  // every control has its opening bounds
     void Closed();
     void UserResized(SizeKind kind, Size clientSize);
-    void UserChangedDpi(uint32_t dpi);
+    // The screen has no room for the client size that the dialog took: the window has this one. On other
+    // monitors what the user chose still counts.
+    void LimitedTo(Size clientSize);
+    // Every control has the bounds that it would open with at the new resolution, and the dialog the size.
+    // The window then takes the client size.
+    void UserChangedDpi(uint32_t dpi, Size openingSize);
     void UserPressedOk();      // the OK button, or Enter with no other button to press
     void UserPressedCancel();  // the Cancel button, Escape or the close box
     void UserChoseMenu(int command);
@@ -149,9 +157,13 @@ class Dialog {
     std::vector<Shortcut> shortcuts_;
     Window* window_ = nullptr;
     Control* focus_ = nullptr;
-    Size openingSize_;
+    Size openingSize_;  // at this resolution
     Size clientSize_;
     uint32_t dpi_ = 96;
+    // By how much whoever sized the window last made it larger, and at which resolution. Reckoned from there,
+    // the size is the same again when the window comes back to a monitor.
+    Size growth_;
+    uint32_t growthDpi_ = 96;
 };
 
 }  // namespace ui

@@ -1,7 +1,16 @@
 // Places and sizes. Dialogs are laid out in dialog units; what a window measures is in pixels of its monitor.
 #pragma once
 
+#include <cstdint>
+
 namespace ui {
+
+// Halves are rounded away from zero, as the system does where it scales.
+constexpr int Scaled(int number, int64_t numerator, int64_t denominator) {
+    const int64_t product = number * numerator;
+    const int64_t half = product < 0 ? -(denominator / 2) : denominator / 2;
+    return static_cast<int>((product + half) / denominator);
+}
 
 struct Size {
     int width = 0;

@@ -12,12 +12,32 @@ ListView::ListView(Dialog& owner, int id, const Place& place, const ListStyle& s
       style_(style) {}
 
 void ListView::SetColumns(std::vector<Column> columns) {
+    chosenWidths_.reserve(columns.size());
     columns_ = std::move(columns);
+    NoteWidths();
     Changed(Aspect::Columns);
 }
 
 void ListView::SetColumnWidths(const std::vector<int>& pixels) {
     for (size_t i = 0; i < columns_.size(); ++i) columns_[i].width = pixels.at(i);
+    NoteWidths();
+    Changed(Aspect::Columns);
+}
+
+void ListView::UserResizedColumn(size_t column, int width) {
+    columns_[column].width = width;
+    NoteWidths();
+}
+
+void ListView::NoteWidths() {
+    chosenDpi_ = Owner().Dpi();
+    chosenWidths_.clear();
+    for (const Column& column : columns_) chosenWidths_.push_back(column.width);
+}
+
+void ListView::FollowDpi(uint32_t dpi) {
+    for (size_t i = 0; i < columns_.size(); ++i)
+        columns_[i].width = Scaled(chosenWidths_[i], dpi, chosenDpi_);
     Changed(Aspect::Columns);
 }
 

@@ -50,6 +50,7 @@ class ListView : public Control {
     const std::vector<Column>& Columns() const { return columns_; }
     void SetColumns(std::vector<Column> columns);
     void SetColumnWidths(const std::vector<int>& pixels);
+    void FollowDpi(uint32_t dpi) override;
     void SetSortArrow(size_t column, SortArrow arrow);  // of this column; every other column loses its arrow
 
     // Pixels inside the border, without the vertical scroll bar when one is shown.
@@ -108,13 +109,17 @@ class ListView : public Control {
     void UserRightClicked(const ListHit& hit);
     void UserPressedKey(int virtualKey);
     void UserClickedHeader(size_t column);
-    void UserResizedColumn(size_t column, int width) { columns_[column].width = width; }
+    void UserResizedColumn(size_t column, int width);
 
   private:
     void TurnChecksOver();
+    void NoteWidths();
 
     const ListStyle style_;
     std::vector<Column> columns_;
+    // The widths as somebody last chose them, and at which resolution.
+    std::vector<int> chosenWidths_;
+    uint32_t chosenDpi_ = 96;
     Cell cell_;
     size_t rowCount_ = 0;
     std::vector<bool> checks_;

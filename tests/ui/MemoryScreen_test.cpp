@@ -115,7 +115,45 @@ TEST_F(MemoryScreenTest, ScalesWithTheMonitor) {
         screen.SetDpi(96);
         EXPECT_EQ(96U, dialog.Dpi());
         EXPECT_EQ((ui::Size{150, 130}), dialog.ClientSize());
-        EXPECT_EQ((ui::Rect{10, 32, 46, 14}), dialog.first.Bounds());
+        EXPECT_EQ((ui::Rect{11, 33, 47, 15}), dialog.first.Bounds());  // as if it had opened here
+    });
+}
+
+TEST_F(MemoryScreenTest, ComesBackFromAnotherMonitorAsTheUserMadeIt) {
+    Run([this] {
+        dialog.list.SetColumns({{L"One", 37}, {L"Two", 41}});
+        Window().UserDraggedCorner({37, 23});
+        const ui::Rect first = dialog.first.Bounds();
+        const ui::Rect second = dialog.second.Bounds();
+        EXPECT_EQ((ui::Size{187, 153}), dialog.ClientSize());
+        screen.SetDpi(192);
+        EXPECT_EQ((ui::Size{300 + 74, 260 + 46}), dialog.ClientSize());
+        EXPECT_EQ((ui::Rect{21, 65, 93 + 74, 29}), dialog.first.Bounds());
+        EXPECT_EQ(74, dialog.list.Columns()[0].width);
+        for (const uint32_t dpi : {120U, 72U, 168U, 96U}) screen.SetDpi(dpi);
+        EXPECT_EQ((ui::Size{187, 153}), dialog.ClientSize());
+        EXPECT_EQ(first, dialog.first.Bounds());
+        EXPECT_EQ(second, dialog.second.Bounds());
+        EXPECT_EQ(37, dialog.list.Columns()[0].width);
+        EXPECT_EQ(41, dialog.list.Columns()[1].width);
+    });
+}
+
+TEST_F(MemoryScreenTest, WhatTheUserDoesOnOneMonitorIsScaledForTheOthers) {
+    screen.SetDpi(144);
+    Run([this] {
+        dialog.list.SetColumns({{L"One", 37}, {L"Two", 41}});
+        screen.SetDpi(96);
+        Window().UserDraggedCorner({11, 13});
+        dialog.list.UserResizedColumn(1, 55);
+        screen.SetDpi(144);
+        // 150 x 130 at 96 dpi are 225 x 200 here: the font is 9 x 20.
+        EXPECT_EQ((ui::Size{225 + 17, 200 + 20}), dialog.ClientSize());
+        EXPECT_EQ(83, dialog.list.Columns()[1].width);  // 82.5
+        screen.SetDpi(96);
+        EXPECT_EQ((ui::Size{161, 143}), dialog.ClientSize());
+        EXPECT_EQ(55, dialog.list.Columns()[1].width);
+        EXPECT_EQ(25, dialog.list.Columns()[0].width);  // 24.7
     });
 }
 

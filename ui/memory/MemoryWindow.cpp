@@ -21,17 +21,6 @@ constexpr int ListBorder = 2;
 constexpr int ListHeaderHeight = 24;
 constexpr int ListRowHeight = 17;
 
-// Rounds halves away from zero, as the system does where it scales.
-int MulDiv(int number, int numerator, int denominator) {
-    const int64_t product = int64_t{number} * numerator;
-    const int64_t half = product < 0 ? -(denominator / 2) : denominator / 2;
-    return static_cast<int>((product + half) / denominator);
-}
-
-int FromDpi(int pixels, uint32_t fromDpi, uint32_t toDpi) {
-    return MulDiv(pixels, static_cast<int>(toDpi), static_cast<int>(fromDpi));
-}
-
 }  // namespace
 
 MemoryWindow::MemoryWindow(Dialog& dialog, const platform::ScreenMetrics& metrics, uint32_t dpi,
@@ -42,10 +31,7 @@ MemoryWindow::MemoryWindow(Dialog& dialog, const platform::ScreenMetrics& metric
       onEnd_(std::move(onEnd)) {}
 
 void MemoryWindow::Open() {
-    for (Control* control : dialog_.Controls()) control->SetOpeningBounds(ToPixels(control->Placement()));
-    const Size units = dialog_.Style().size;
-    const Rect pixels = ToPixels({0, 0, units.width, units.height});
-    client_ = {pixels.width, pixels.height};
+    client_ = LayOut();
     if (shown_) shown_->ShowAll(dialog_);
     dialog_.Opened(*this, client_, dpi_);
 }
@@ -105,10 +91,17 @@ void MemoryWindow::UserRestored() {
 }
 
 void MemoryWindow::UserMovedToMonitor(uint32_t dpi) {
-    const Size client{FromDpi(client_.width, dpi_, dpi), FromDpi(client_.height, dpi_, dpi)};
     dpi_ = dpi;
-    dialog_.UserChangedDpi(dpi);
-    TakeClientSize(client);
+    dialog_.UserChangedDpi(dpi, LayOut());
+    TakeClientSize(dialog_.ClientSize());
+}
+
+// Gives the controls their opening bounds, and returns the size that the dialog opens with.
+Size MemoryWindow::LayOut() {
+    for (Control* control : dialog_.Controls()) control->SetOpeningBounds(ToPixels(control->Placement()));
+    const Size units = dialog_.Style().size;
+    const Rect pixels = ToPixels({0, 0, units.width, units.height});
+    return {pixels.width, pixels.height};
 }
 
 bool MemoryWindow::UserEndsSession() {
@@ -163,7 +156,7 @@ void MemoryWindow::SetNormalRect(const Rect& rect) {
 }
 
 int MemoryWindow::Scaled(int pixels) const {
-    return FromDpi(pixels, UnscaledDpi, dpi_);
+    return ui::Scaled(pixels, dpi_, UnscaledDpi);
 }
 
 Size MemoryWindow::Frame() const {
@@ -190,8 +183,8 @@ void MemoryWindow::TakeClientSize(Size client) {
 Rect MemoryWindow::ToPixels(const Place& place) const {
     const int unitX = Scaled(FontWidth);
     const int unitY = Scaled(FontHeight);
-    return {MulDiv(place.x, unitX, 4), MulDiv(place.y, unitY, 8), MulDiv(place.width, unitX, 4),
-            MulDiv(place.height, unitY, 8)};
+    return {ui::Scaled(place.x, unitX, 4), ui::Scaled(place.y, unitY, 8), ui::Scaled(place.width, unitX, 4),
+            ui::Scaled(place.height, unitY, 8)};
 }
 
 }  // namespace ui::memory

@@ -68,6 +68,7 @@ class MemoryWindow final : public Window {
     void SetNormalRect(const Rect& rect) override;
 
   private:
+    Size LayOut();
     int Scaled(int pixels) const;
     Size Frame() const;
     Size ClientFor(Size outer) const;

@@ -80,6 +80,8 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_DPICHANGED:
             OnChangedDpi(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return Reply(0);
+        case WM_GETDPISCALEDSIZE:
+            return OnScaledSize(static_cast<uint32_t>(wParam), *reinterpret_cast<SIZE*>(lParam));
         default:
             return FALSE;
     }
@@ -142,31 +144,26 @@ void DialogWindow::OnDrop(const DroppedFiles& dropped) {
 }
 
 void DialogWindow::OnSize(WPARAM kind, Size client) {
-    if (!opened_) return;
+    if (!opened_ || fitting_) return;
     const SizeKind before = std::exchange(sizeKind_, kind == SIZE_MINIMIZED   ? SizeKind::Minimized
                                                      : kind == SIZE_MAXIMIZED ? SizeKind::Maximized
                                                                               : SizeKind::Restored);
+    if (nextDpi_ && sizeKind_ == SizeKind::Restored) {
+        TakeDpi(*std::exchange(nextDpi_, std::nullopt));
+        RECT outer{};
+        GetWindowRect(window_, &outer);
+        return FitTo({outer.left, outer.top});
+    }
     // The system says its size once more when a window is first shown.
     if (before == sizeKind_ && client == dialog_.ClientSize()) return;
     dialog_.UserResized(sizeKind_, client);
 }
 
 void DialogWindow::OnMinMaxInfo(MINMAXINFO& info) const {
-    if (!opened_) return;
+    if (!opened_ || fitting_) return;
     const Size smallest = dialog_.MinimumTrackSize();
     if (smallest.width > 0) info.ptMinTrackSize.x = smallest.width;
     if (smallest.height > 0) info.ptMinTrackSize.y = smallest.height;
-}
-
-void DialogWindow::OnChangedDpi(uint32_t dpi, const RECT& suggested) {
-    if (!opened_ || dpi == 0 || dpi == dialog_.Dpi()) return;
-    rescaling_.ShowFont(window_, dpi);
-    RescaleColumns(dialog_, dialog_.Dpi(), dpi);
-    dialog_.UserChangedDpi(dpi);
-    ShowRescaled();
-    SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 // A session that has to end at once cannot be held up.

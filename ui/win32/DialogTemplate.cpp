@@ -35,7 +35,6 @@ DialogTemplate::DialogTemplate(const Dialog& dialog) {
 void DialogTemplate::AddHeader(const Dialog& dialog, int items) {
     constexpr int ExtendedVersion = 1;
     constexpr int ExtendedSignature = 0xFFFF;
-    constexpr int FontPoints = 8;
     AddWord(ExtendedVersion);
     AddWord(ExtendedSignature);
     AddLong(0);  // help id
@@ -49,7 +48,7 @@ void DialogTemplate::AddHeader(const Dialog& dialog, int items) {
     AddWord(0);  // no menu
     AddWord(0);  // the system's own dialog class
     AddText({});
-    AddWord(FontPoints);
+    AddWord(DialogFontPoints);
     AddWord(FW_NORMAL);
     AddWord(DEFAULT_CHARSET << 8);  // low byte: not italic
     AddText(L"MS Shell Dlg");

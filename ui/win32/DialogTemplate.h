@@ -18,6 +18,8 @@ inline int NamePlateId(const Control& control) {
     return BeyondControls + control.Id();
 }
 
+inline constexpr int DialogFontPoints = 8;
+
 class DialogTemplate {
   public:
     explicit DialogTemplate(const Dialog& dialog);

@@ -17,18 +17,6 @@ constexpr UINT MoveFlags = SWP_NOZORDER | SWP_NOACTIVATE;
 
 }  // namespace
 
-// While one lives, what the controls notify of is the echo of what the program itself is changing.
-class DialogWindow::Writing {
-  public:
-    explicit Writing(DialogWindow& window) : window_(window) { ++window_.writing_; }
-    ~Writing() { --window_.writing_; }
-    Writing(const Writing&) = delete;
-    Writing& operator=(const Writing&) = delete;
-
-  private:
-    DialogWindow& window_;
-};
-
 DialogWindow::DialogWindow(Dialog& dialog, ExceptionTaker taker)
     : dialog_(dialog),
       taker_(std::move(taker)) {}
@@ -82,7 +70,7 @@ void DialogWindow::Fail(std::exception_ptr exception) {
 INT_PTR DialogWindow::OnInit() {
     const uint32_t dpi = DpiOf(window_);
     KeepSystemFromRescaling(window_);
-    rescaling_.Attach(window_, dpi);
+    rescaling_.Attach(window_);
     {
         const Writing writing(*this);
         MakeMirrors();
@@ -94,7 +82,7 @@ INT_PTR DialogWindow::OnInit() {
     if (ended_) return TRUE;
     initialised_ = true;
     for (const auto& mirror : mirrors_) mirror->Complete();
-    if (!placed_) CenterOnOwner(window_);
+    if (!place_) CenterOnOwner(window_);
     // The focus that the program chose holds only if the system is told that it need not choose any.
     return dialog_.Focus() == nullptr ? TRUE : FALSE;
 }
@@ -229,12 +217,6 @@ void DialogWindow::End(int result) {
     }
 }
 
-void DialogWindow::ShowRescaled() {
-    const Writing writing(*this);
-    for (const auto& mirror : mirrors_) mirror->ShowRescaled(dialog_.Dpi());
-    ShowIcon();
-}
-
 int DialogWindow::ClientWidth(const Control& control) const {
     const ControlMirror* const mirror = MirrorOf(control);
     RECT client{};
@@ -247,8 +229,10 @@ Rect DialogWindow::NormalRect() const {
 }
 
 void DialogWindow::SetNormalRect(const Rect& rect) {
-    placed_ = true;
+    place_ = rect;
     MoveNormalRect(window_, rect);
+    // A monitor with another resolution has made the window larger or smaller on the way.
+    if (NormalRect() != rect) MoveNormalRect(window_, rect);
 }
 
 }  // namespace ui::win32

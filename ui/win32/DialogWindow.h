@@ -61,7 +61,17 @@ class DialogWindow : public ui::Window {
     void SetNormalRect(const Rect& rect) override;
 
   private:
-    class Writing;
+    // While one lives, what the controls notify of is the echo of what the program itself is changing.
+    class Writing {
+      public:
+        explicit Writing(DialogWindow& window) : window_(window) { ++window_.writing_; }
+        ~Writing() { --window_.writing_; }
+        Writing(const Writing&) = delete;
+        Writing& operator=(const Writing&) = delete;
+
+      private:
+        DialogWindow& window_;
+    };
 
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
@@ -80,10 +90,14 @@ class DialogWindow : public ui::Window {
     void OnDrop(const DroppedFiles& dropped);
     void OnSize(WPARAM kind, Size client);
     void OnMinMaxInfo(MINMAXINFO& info) const;
+    INT_PTR OnScaledSize(uint32_t dpi, SIZE& size) const;
     void OnChangedDpi(uint32_t dpi, const RECT& suggested);
+    void TakeDpi(uint32_t dpi);
+    void LayOut(Size letter);
+    Size OpeningSize(Size letter) const;
+    void FitTo(POINT corner);
     bool MayEndSession(LPARAM how);
     void LetSessionEnd();
-    void ShowRescaled();
 
     bool MoveAtOnce() const;
     void MoveOneByOne() const;
@@ -113,7 +127,9 @@ class DialogWindow : public ui::Window {
     bool unattended_ = false;  // modeless and open: nobody waits for its end
     bool opened_ = false;      // the dialog is told of sizes and asked for their limits
     bool initialised_ = false;
-    bool placed_ = false;  // the program said where the window has to be
+    bool fitting_ = false;             // the window is getting the size that the dialog has already
+    std::optional<Rect> place_;        // where the program wants the window to be when it is first shown
+    std::optional<uint32_t> nextDpi_;  // to be taken when the window is no longer minimised
     bool ended_ = false;
     bool staysInSession_ = false;  // the system shows why
     std::exception_ptr exception_;

@@ -21,9 +21,13 @@ WINDOWPLACEMENT PlacementOf(HWND window) {
     return placement;
 }
 
-}  // namespace
+Size SizeOf(HWND window) {
+    RECT outer{};
+    GetWindowRect(window, &outer);
+    return {outer.right - outer.left, outer.bottom - outer.top};
+}
 
-void CenterOnOwner(HWND window) {
+void MoveOverOwner(HWND window) {
     const HWND owner = GetWindow(window, GW_OWNER);
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
@@ -32,13 +36,19 @@ void CenterOnOwner(HWND window) {
     RECT around = screen;
     if (owner != nullptr && IsWindowVisible(owner) != FALSE && IsIconic(owner) == FALSE)
         GetWindowRect(owner, &around);
-    RECT own{};
-    GetWindowRect(window, &own);
-    const LONG width = own.right - own.left;
-    const LONG height = own.bottom - own.top;
+    const auto [width, height] = SizeOf(window);
     const int x = Within(Middle(around.left, around.right, width), screen.left, screen.right, width);
     const int y = Within(Middle(around.top, around.bottom, height), screen.top, screen.bottom, height);
     SetWindowPos(window, nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+void CenterOnOwner(HWND window) {
+    const Size before = SizeOf(window);
+    MoveOverOwner(window);
+    // The monitor of the owner has another resolution, and the window the size that goes with it.
+    if (SizeOf(window) != before) MoveOverOwner(window);
 }
 
 void ResizeClient(HWND window, Size client) {

@@ -1,4 +1,5 @@
-// Follows a change of the monitor's resolution: fonts. Bounds and column widths are the dialog's own state.
+// What a dialog measures at other resolutions than the one that it opened with: its font, its dialog units
+// and its frame.
 #pragma once
 
 #include <windows.h>
@@ -7,29 +8,37 @@
 #include <memory>
 #include <type_traits>
 
-#include "ui/Dialog.h"
+#include "ui/Geometry.h"
 
 namespace ui::win32 {
 
 class Rescaling {
   public:
     // Remembers the font that the dialog opened with.
-    void Attach(HWND dialog, uint32_t dpi);
-    // Gives all controls the same font for another resolution.
+    void Attach(HWND dialog);
+    // Gives all controls the font that they would have if the dialog opened at this resolution.
     void ShowFont(HWND dialog, uint32_t dpi);
+
+    // Four dialog units across and eight down, in pixels: a letter of that font as the system reckons it. It
+    // does not grow evenly.
+    Size LetterAt(uint32_t dpi) const;
 
   private:
     struct FontDeleter {
         void operator()(HFONT font) const { DeleteObject(font); }
     };
     using FontHandle = std::unique_ptr<std::remove_pointer_t<HFONT>, FontDeleter>;
+    FontHandle FontFor(uint32_t dpi) const;
 
     LOGFONTW openingFont_{};
-    uint32_t openingDpi_ = 96;
     FontHandle font_;
 };
 
-// Widens or narrows the columns of the dialog's lists with the resolution.
-void RescaleColumns(const Dialog& dialog, uint32_t fromDpi, uint32_t toDpi);
+// What the dialog units are in pixels where a letter has this size.
+Rect ToPixels(const Place& units, Size letter);
+
+// Of the window around so much room for its controls, at a resolution. Captions, borders and menus do not
+// grow evenly, either.
+Size OuterSizeFor(HWND window, Size client, uint32_t dpi);
 
 }  // namespace ui::win32

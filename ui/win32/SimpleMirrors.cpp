@@ -123,8 +123,13 @@ void CheckBoxMirror::Show(Aspect aspect) {
 }
 
 void UpDownMirror::ShowAll() {
-    Send(UDM_SETBUDDY, reinterpret_cast<WPARAM>(GetDlgItem(GetParent(Window()), arrows_.Buddy().Id())));
+    TakeHold();
     Show(Aspect::Range);
+}
+
+// The arrows take their room from the right end of the edit.
+void UpDownMirror::TakeHold() {
+    Send(UDM_SETBUDDY, reinterpret_cast<WPARAM>(GetDlgItem(GetParent(Window()), arrows_.Buddy().Id())));
 }
 
 void UpDownMirror::Show(Aspect aspect) {

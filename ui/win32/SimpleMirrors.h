@@ -1,6 +1,10 @@
 // The windows of texts, pictures, edits, buttons, check boxes and up-down arrows.
 #pragma once
 
+#include <windows.h>
+
+#include <commctrl.h>
+
 #include "ui/Controls.h"
 #include "ui/win32/ControlMirror.h"
 #include "ui/win32/IconLoader.h"
@@ -100,6 +104,8 @@ class UpDownMirror : public ControlMirror {
     UpDownMirror(UpDown& arrows, HWND window) : ControlMirror(arrows, window), arrows_(arrows) {}
     void ShowAll() override;
     void Show(Aspect aspect) override;
+    void LetGo() override { Send(UDM_SETBUDDY); }
+    void TakeHold() override;
     void FollowEdits() override;
     LRESULT OnNotify(const NMHDR& notification) override;
 

@@ -20,6 +20,11 @@ class ImportHook {
     ImportHook(const ImportHook&) = delete;
     ImportHook& operator=(const ImportHook&) = delete;
 
+    template <class Function>
+    Function* Real() const {
+        return std::bit_cast<Function*>(real_);
+    }
+
   private:
     ImportHook(AnyFunction* slot, AnyFunction replacement) : slot_(slot), real_(*slot) { Set(replacement); }
 

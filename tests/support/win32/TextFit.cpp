@@ -6,7 +6,6 @@
 
 #include "ui/Controls.h"
 #include "ui/win32/ControlMirror.h"
-#include "ui/win32/SystemFunctions.h"
 
 namespace tests {
 namespace {
@@ -38,7 +37,7 @@ ui::Size TextSizeOf(HWND window, int width, UINT format) {
 
 class FitChecker : public ui::ControlVisitor {
   public:
-    explicit FitChecker(HWND window) : window_(window), room_(ClientOf(window)) {}
+    FitChecker(HWND window, uint32_t dpi) : window_(window), dpi_(dpi), room_(ClientOf(window)) {}
 
     void Visit(ui::Label&) override {
         Expect(TextSizeOf(window_, room_.width, DT_WORDBREAK | DT_EXPANDTABS));
@@ -58,7 +57,7 @@ class FitChecker : public ui::ControlVisitor {
   private:
     void ExpectLine(int beside) const {
         ui::Size needed = TextSizeOf(window_, 0, DT_SINGLELINE);
-        needed.width += MulDiv(beside, static_cast<int>(ui::win32::DpiOf(window_)), USER_DEFAULT_SCREEN_DPI);
+        needed.width += MulDiv(beside, static_cast<int>(dpi_), USER_DEFAULT_SCREEN_DPI);
         Expect(needed);
     }
     void Expect(const ui::Size& needed) const {
@@ -67,6 +66,7 @@ class FitChecker : public ui::ControlVisitor {
     }
 
     const HWND window_;
+    const uint32_t dpi_;
     const ui::Size room_;
 };
 
@@ -77,7 +77,7 @@ void CheckTextsFit(HWND dialog, const ui::Dialog& mirrored) {
         if (!control->IsVisible()) continue;
         SCOPED_TRACE(testing::PrintToString(mirrored.Caption()) + ", control " +
                      std::to_string(control->Id()) + ": " + testing::PrintToString(control->Text()));
-        FitChecker checker(GetDlgItem(dialog, control->Id()));
+        FitChecker checker(GetDlgItem(dialog, control->Id()), mirrored.Dpi());
         control->Accept(checker);
     }
 }
