@@ -1,5 +1,7 @@
 #include "ui/win32/ChoiceMirrors.h"
 
+#include <utility>
+
 #include "ui/win32/WheelGuard.h"
 
 namespace ui::win32 {
@@ -69,7 +71,12 @@ void EditableComboMirror::Show(Aspect aspect) {
 
 void EditableComboMirror::OnCommand(int notification) {
     if (notification == CBN_EDITCHANGE) combo_.UserTyped(TextOf(Window()));
+    if (notification == CBN_CLOSEUP || notification == CBN_KILLFOCUS) TakeShown();
     ComboMirror::OnCommand(notification);
+}
+
+void EditableComboMirror::TakeShown() {
+    if (std::wstring shown = TextOf(Window()); shown != combo_.Text()) combo_.UserTyped(std::move(shown));
 }
 
 void ListBoxMirror::Show(Aspect aspect) {

@@ -23,12 +23,16 @@ class ComboMirror : public ControlMirror {
     ChoiceControl& combo_;
 };
 
+// The system completes the text from the list when the list opens or the window is resized, and says nothing:
+// what the user then sees counts, and what the program resizes gets its text back.
 class EditableComboMirror : public ComboMirror {
   public:
     EditableComboMirror(EditableCombo& combo, HWND window) : ComboMirror(combo, window), combo_(combo) {}
     void ShowAll() override;
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
+    void Moved() override { ShowText(); }
+    void TakeShown() override;
 
   private:
     EditableCombo& combo_;

@@ -36,6 +36,10 @@ class ControlMirror {
     // for itself lets go of it before and takes hold of it again after.
     virtual void LetGo() {}
     virtual void TakeHold() {}
+    // The program has given the window other bounds.
+    virtual void Moved() {}
+    // The dialog is about to take what the control holds: that is what the user sees in it.
+    virtual void TakeShown() {}
     // The text of one of the dialog's edits changed, by whomever.
     virtual void FollowEdits() {}
 

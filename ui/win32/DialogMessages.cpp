@@ -115,6 +115,8 @@ void DialogWindow::OnCommand(int id, int notification, HWND control) {
 
 void DialogWindow::HearCommand(int id, int notification, HWND control) {
     ControlMirror* const mirror = MirrorOf(control);
+    if (id == IdOk && notification == BN_CLICKED)
+        for (const auto& shown : mirrors_) shown->TakeShown();
     if (mirror != nullptr) {
         mirror->OnCommand(notification);
     } else if (id == IdOk) {

@@ -185,7 +185,10 @@ void DialogWindow::ShowFocus() const {
 void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
     const Writing writing(*this);
     if (!MoveAtOnce()) MoveOneByOne();
-    for (const auto& mirror : mirrors_) tooltips_.Follow(mirror->Window());
+    for (const auto& mirror : mirrors_) {
+        mirror->Moved();
+        tooltips_.Follow(mirror->Window());
+    }
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
