@@ -42,6 +42,7 @@ CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const co
       maskList_(masks_, *this, services.Screen, form_.Masks, std::move(suggestedMasks)) {
     oldMask_.SetText(isNew_ ? L"*" : rule.Mask);
     operation_.SetName(L"Operation");
+    description_.SetName(L"Description");  // its label is broken in the middle of the word
     pathIn_.SetName(pickPathIn_.Tooltip());
     pathOut_.SetName(pickPathOut_.Tooltip());
     pathError_.SetName(pickPathError_.Tooltip());

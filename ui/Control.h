@@ -86,8 +86,8 @@ class Control {
     const std::wstring& Text() const { return text_; }
     void SetText(std::wstring text);
 
-    // What a screen reader calls a control that neither has a caption nor stands right behind a label
-    // (ui/Names.h).
+    // What a screen reader calls a control that has no caption, if that is not the text of the label right
+    // before it (ui/Names.h).
     const std::wstring& Name() const { return name_; }
     void SetName(std::wstring name);
 

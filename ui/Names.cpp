@@ -17,13 +17,16 @@ const Label* LabelBefore(const Dialog& dialog, const Control& control) {
 }  // namespace
 
 bool NeedsNamePlate(const Dialog& dialog, const Control& control) {
-    return control.TakesFocus() && !control.HasCaption() && LabelBefore(dialog, control) == nullptr;
+    if (!control.TakesFocus() || control.HasCaption()) return false;
+    const Label* const label = LabelBefore(dialog, control);
+    return label == nullptr || (!control.Name().empty() && control.Name() != label->Text());
 }
 
 std::wstring SpokenName(const Dialog& dialog, const Control& control) {
     if (control.HasCaption()) return control.Text().empty() ? control.Tooltip() : control.Text();
+    if (!control.Name().empty()) return control.Name();
     const Label* const label = LabelBefore(dialog, control);
-    return label == nullptr ? control.Name() : label->Text();
+    return label == nullptr ? std::wstring() : label->Text();
 }
 
 }  // namespace ui

@@ -1,5 +1,6 @@
 // What controls are called by a screen reader, which looks for a caption and then for the text right before
-// the control. Where there is none to be seen, the window puts an invisible one: a name plate.
+// the control. Where there is none to be seen, or it does not read well, the window puts an invisible one: a
+// name plate.
 #pragma once
 
 #include <string>
@@ -8,7 +9,8 @@
 
 namespace ui {
 
-// Whether the control of the dialog can get the focus and has neither a caption nor a label right before it.
+// Whether the control of the dialog can get the focus, has no caption, and no label right before it that says
+// its name.
 bool NeedsNamePlate(const Dialog& dialog, const Control& control);
 
 // Empty: the user hears nothing but the kind of the control.

@@ -44,6 +44,7 @@ class ListBoxMirror : public ControlMirror {
     void ShowAll() override { Show(Aspect::Items); }
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
+    void ShowName(const std::wstring& name) override { SetWindowTextW(Window(), name.c_str()); }
 
   private:
     void ShowItems() const;

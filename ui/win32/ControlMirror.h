@@ -38,6 +38,8 @@ class ControlMirror {
     virtual void TakeHold() {}
     // The program has given the window other bounds.
     virtual void Moved() {}
+    // What a screen reader calls the control, where the window can carry it.
+    virtual void ShowName(const std::wstring& /*name*/) {}
     // The dialog is about to take what the control holds: that is what the user sees in it.
     virtual void TakeShown() {}
     // The text of one of the dialog's edits changed, by whomever.

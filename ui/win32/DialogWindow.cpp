@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/Names.h"
 #include "ui/Screen.h"
 #include "ui/win32/DialogTemplate.h"
 #include "ui/win32/DroppedFiles.h"
@@ -103,6 +104,7 @@ void DialogWindow::ShowAll() {
         AcceptDrops(window_);
     for (const auto& mirror : mirrors_) {
         mirror->ShowAll();
+        mirror->ShowName(SpokenName(dialog_, mirror->Mirrored()));
         tooltips_.SetText(mirror->Window(), mirror->Mirrored().Tooltip());
     }
 }
@@ -117,7 +119,10 @@ void DialogWindow::Show(const Control& control, Aspect aspect) {
     if (mirror == nullptr) return;
     const Writing writing(*this);
     mirror->Show(aspect);
-    if (aspect == Aspect::Name) SetDlgItemTextW(window_, NamePlateId(control), control.Name().c_str());
+    if (aspect == Aspect::Name) {
+        mirror->ShowName(SpokenName(dialog_, control));
+        SetDlgItemTextW(window_, NamePlateId(control), control.Name().c_str());
+    }
     if (aspect == Aspect::Tooltip) tooltips_.SetText(mirror->Window(), control.Tooltip());
     if (aspect == Aspect::Enabled || aspect == Aspect::Visible) tooltips_.Follow(mirror->Window());
     if (control.HasFocus() && !(control.IsEnabled() && control.IsVisible())) FollowFocus();

@@ -45,7 +45,7 @@ void ListViewMirror::ShowAll() {
 void ListViewMirror::Show(Aspect aspect) {
     switch (aspect) {
         case Aspect::Text:
-            break;  // a list has none
+            break;  // what its window carries is its name
         case Aspect::Columns:
             ShowColumns();
             break;
@@ -167,6 +167,13 @@ void ListViewMirror::SetState(int row, UINT state, UINT mask) const {
 
 void ListViewMirror::ShowChecks() const {
     InvalidateRect(Window(), nullptr, FALSE);
+    if (const std::optional<size_t> row = list_.FocusedRow()) AnnounceCheck(*row);
+}
+
+// The window does not know that the picture which it draws is a state of the row: screen readers would not
+// hear of it.
+void ListViewMirror::AnnounceCheck(size_t row) const {
+    NotifyWinEvent(EVENT_OBJECT_STATECHANGE, Window(), OBJID_CLIENT, static_cast<LONG>(row) + 1);
 }
 
 }  // namespace ui::win32

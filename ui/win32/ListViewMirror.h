@@ -23,6 +23,7 @@ class ListViewMirror : public ControlMirror {
     void ShowAll() override;
     void Show(Aspect aspect) override;
     void ShowRescaled(uint32_t dpi) override;
+    void ShowName(const std::wstring& name) override { SetWindowTextW(Window(), name.c_str()); }
     LRESULT OnNotify(const NMHDR& notification) override;
     std::optional<LRESULT> Answer(NMHDR& question) const override;
     void BeforeShortcut() override { FollowSelection(); }
@@ -44,6 +45,7 @@ class ListViewMirror : public ControlMirror {
     void SetState(int row, UINT state, UINT mask) const;
     int Next(int row, LPARAM kind) const;
     void ShowChecks() const;
+    void AnnounceCheck(size_t row) const;
 
     void FillCell(LVITEMW& item) const;
     LRESULT FindRow(const NMLVFINDITEMW& wanted) const;
@@ -55,6 +57,7 @@ class ListViewMirror : public ControlMirror {
     void Pressed(const NMITEMACTIVATE& place, Press press);
     void KeyPressed(int virtualKey);
     void FollowSelection();
+    void ToggleCheck(size_t row);
     void ColumnResized(const NMHEADERW& change);
 
     ListView& list_;

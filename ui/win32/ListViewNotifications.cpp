@@ -145,7 +145,7 @@ void ListViewMirror::Pressed(const NMITEMACTIVATE& place, Press press) {
         hit.row && list_.Style().checkBoxes && (test.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
     if (onBox && press != Press::RightClick) {
         SetFocus(Window());
-        list_.UserToggledCheck(*hit.row);
+        ToggleCheck(*hit.row);
         press = Press::Click;
     }
     if (press == Press::Click) list_.UserClicked(hit);
@@ -168,6 +168,12 @@ void ListViewMirror::FollowSelection() {
     list_.UserSelected(0, list_.RowCount() - 1, false);
     for (int selected = Next(AllRows, LVNI_SELECTED); selected >= 0; selected = Next(selected, LVNI_SELECTED))
         list_.UserSelected(static_cast<size_t>(selected), static_cast<size_t>(selected), true);
+}
+
+// Where the row has the focus, showing its box announces it already.
+void ListViewMirror::ToggleCheck(size_t row) {
+    list_.UserToggledCheck(row);
+    if (list_.FocusedRow() != row) AnnounceCheck(row);
 }
 
 void ListViewMirror::ColumnResized(const NMHEADERW& change) {

@@ -161,6 +161,15 @@ void CheckNamePlate(HWND dialog, HWND window, const ui::Control& control) {
     EXPECT_FALSE(IsWindowVisible(plate));
 }
 
+// Some screen readers call a list what its window carries.
+void CheckListName(HWND window, const ui::Dialog& mirrored, const ui::Control& control) {
+    const bool isList = dynamic_cast<const ui::ListView*>(&control) != nullptr ||
+                        dynamic_cast<const ui::ListBox*>(&control) != nullptr;
+    if (isList) {
+        EXPECT_EQ(ui::SpokenName(mirrored, control), ui::win32::TextOf(window));
+    }
+}
+
 // A disabled control does not hear of the mouse, but the dialog does.
 void CheckTooltip(const TooltipWindow& tooltips, HWND dialog, HWND window, const ui::Control& control) {
     const std::wstring& text = control.Tooltip();
@@ -186,6 +195,7 @@ void CheckControl(HWND dialog, const ui::Dialog& mirrored, const TooltipWindow& 
     CheckFocus(dialog, window, control);
     CheckTooltip(tooltips, dialog, window, control);
     if (ui::NeedsNamePlate(mirrored, control)) CheckNamePlate(dialog, window, control);
+    CheckListName(window, mirrored, control);
     Checker checker(window);
     control.Accept(checker);
 }
