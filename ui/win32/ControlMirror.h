@@ -32,6 +32,8 @@ class ControlMirror {
     virtual void Complete() {}
     // The monitor's resolution changed, and the font and the bounds with it.
     virtual void ShowRescaled(uint32_t /*dpi*/) {}
+    // The system's colours changed, and the window has heard of it.
+    virtual void ShowColors() {}
     // All controls get the places that they open with, one after the other: what has moved another control
     // for itself lets go of it before and takes hold of it again after.
     virtual void LetGo() {}

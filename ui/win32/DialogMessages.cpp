@@ -77,6 +77,9 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             return Reply(0);
         case WM_QUERYENDSESSION:
             return Reply(MayEndSession(lParam));
+        case WM_SYSCOLORCHANGE:
+            OnChangedColors();
+            return FALSE;
         case WM_DPICHANGED:
             OnChangedDpi(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
             return Reply(0);
@@ -166,6 +169,17 @@ void DialogWindow::OnMinMaxInfo(MINMAXINFO& info) const {
     const Size smallest = dialog_.MinimumTrackSize();
     if (smallest.width > 0) info.ptMinTrackSize.x = smallest.width;
     if (smallest.height > 0) info.ptMinTrackSize.y = smallest.height;
+}
+
+// Controls hear of it from their dialog alone.
+void DialogWindow::OnChangedColors() {
+    const auto tell = [](HWND control, LPARAM) -> BOOL {
+        SendMessageW(control, WM_SYSCOLORCHANGE, 0, 0);
+        return TRUE;
+    };
+    EnumChildWindows(window_, tell, 0);
+    tooltips_.TellOfColors();
+    for (const auto& mirror : mirrors_) mirror->ShowColors();
 }
 
 // A session that has to end at once cannot be held up.

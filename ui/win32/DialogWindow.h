@@ -98,6 +98,7 @@ class DialogWindow : public ui::Window {
     void FitTo(POINT corner);
     bool MayEndSession(LPARAM how);
     void LetSessionEnd();
+    void OnChangedColors();
 
     bool MoveAtOnce() const;
     void MoveOneByOne() const;

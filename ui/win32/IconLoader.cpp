@@ -60,12 +60,33 @@ struct BitmapDeleter {
 };
 using BitmapHandle = std::unique_ptr<std::remove_pointer_t<HBITMAP>, BitmapDeleter>;
 
-// Grey of the same brightness, letting more of the ground through.
-uint32_t Fade(uint32_t pixel) {
-    const uint32_t alpha = pixel >> 24;
-    const uint32_t grey = ((pixel >> 16 & 0xFF) * 30 + (pixel >> 8 & 0xFF) * 59 + (pixel & 0xFF) * 11) / 100;
-    return (alpha * 2 / 5) << 24 | grey << 16 | grey << 8 | grey;
-}
+// Draws in the colour that the system has for texts of disabled controls: what is dark takes it, what is
+// light goes towards the ground, but never so far that it cannot be seen.
+class Fading {
+  public:
+    uint32_t operator()(uint32_t pixel) const {
+        constexpr uint32_t Whole = 100;
+        const uint32_t light = (Part(pixel >> 16) * 30 + Part(pixel >> 8) * 59 + Part(pixel) * 11) / 100;
+        const uint32_t ground = light * MostGround / 0xFF;
+        uint32_t faded = pixel & 0xFF000000;
+        for (const int shift : {0, 8, 16})
+            faded |= (Part(ground_ >> shift) * ground + Part(ink_ >> shift) * (Whole - ground)) / Whole
+                     << shift;
+        return faded;
+    }
+
+  private:
+    static constexpr uint32_t MostGround = 75;  // per cent
+    static uint32_t Part(uint32_t color) { return color & 0xFF; }
+    // The system's colours have red where pixels have blue.
+    static uint32_t SystemColor(int index) {
+        const COLORREF color = GetSysColor(index);
+        return RGB(GetBValue(color), GetGValue(color), GetRValue(color));
+    }
+
+    const uint32_t ink_ = SystemColor(COLOR_GRAYTEXT);
+    const uint32_t ground_ = SystemColor(COLOR_BTNFACE);
+};
 
 BitmapHandle Faded(HDC screen, HBITMAP picture) {
     BITMAP shape{};
@@ -79,7 +100,7 @@ BitmapHandle Faded(HDC screen, HBITMAP picture) {
     const auto rows = static_cast<UINT>(shape.bmHeight);
     std::vector<uint32_t> pixels(static_cast<size_t>(shape.bmWidth) * rows);
     if (GetDIBits(screen, picture, 0, rows, pixels.data(), &format, DIB_RGB_COLORS) == 0) return {};
-    std::transform(pixels.begin(), pixels.end(), pixels.begin(), Fade);
+    std::transform(pixels.begin(), pixels.end(), pixels.begin(), Fading());
     void* content = nullptr;
     BitmapHandle faded(CreateDIBSection(screen, &format, DIB_RGB_COLORS, &content, nullptr, 0));
     if (faded != nullptr) std::copy(pixels.begin(), pixels.end(), static_cast<uint32_t*>(content));

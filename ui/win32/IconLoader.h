@@ -20,7 +20,7 @@ using IconHandle = std::unique_ptr<std::remove_pointer_t<HICON>, IconDeleter>;
 // The icon in a square of so many pixels; none when the program carries no such picture.
 IconHandle LoadPicture(Icon icon, int pixels);
 
-// The same in pale grey, for what cannot be used.
+// The same in the system's colour of texts that cannot be used, as it is now.
 IconHandle FadedPicture(HICON icon);
 
 // One through which everything is seen: it keeps a button that draws its own picture from showing its text.

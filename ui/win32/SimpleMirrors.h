@@ -66,13 +66,15 @@ class PushButtonMirror : public ButtonMirror {
     Button& button_;
 };
 
-// A disabled one draws its own pale picture: the system would leave little more than an outline of it.
+// A disabled one draws its own pale picture: the system would leave little more than an outline of it, which
+// cannot be seen upon a dark ground.
 class IconButtonMirror : public ButtonMirror {
   public:
     IconButtonMirror(IconButton& button, HWND window) : ButtonMirror(button, window), button_(button) {}
     void Show(Aspect aspect) override;
     void Complete() override;
     void ShowRescaled(uint32_t /*dpi*/) override { Show(Aspect::Icon); }
+    void ShowColors() override { Show(Aspect::Icon); }
     std::optional<LRESULT> Answer(NMHDR& question) const override;
 
   private:

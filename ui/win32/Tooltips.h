@@ -16,6 +16,8 @@ class Tooltips {
     void SetText(HWND control, const std::wstring& text) const;
     // To be called when the control was moved, enabled, disabled, shown or hidden.
     void Follow(HWND control) const;
+    // To be called when the system's colours changed.
+    void TellOfColors() const { SendMessageW(window_, WM_SYSCOLORCHANGE, 0, 0); }
 
   private:
     HWND dialog_ = nullptr;

@@ -73,9 +73,11 @@ void CheckPlaces(const ui::Dialog& form, HWND ruler) {
     }
 }
 
-// BRISGATE_DPI: the resolution that the screen is expected to have.
+// BRISGATE_DPI: the resolution that the screen is expected to have; BRISGATE_FACE: the colour of its buttons.
 TEST_F(FormWindows, StandInTheirPlacesAndShowTheirTextsWhole) {
     const char* const resolution = std::getenv("BRISGATE_DPI");
+    const char* const face = std::getenv("BRISGATE_FACE");
+    EXPECT_TRUE(face == nullptr || GetSysColor(COLOR_BTNFACE) == std::strtoul(face, nullptr, 16));
     size_t resized = 0;
     Tour([&](const ui::Dialog& form, const std::wstring&) {
         EXPECT_TRUE(resolution == nullptr || std::to_string(form.Dpi()) == resolution) << form.Dpi();

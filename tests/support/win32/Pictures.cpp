@@ -56,8 +56,6 @@ const std::map<Icon, std::wstring> Files{
     {Icon::SortAscending, L"sort_ascending"},
 };
 
-constexpr uint32_t White = 0xFFFFFF;
-
 // A bitmap in memory that can be drawn on and read.
 class Canvas {
   public:
@@ -124,7 +122,7 @@ Points WithIconOver(const Points& painting, HICON icon, int size) {
 
 }  // namespace
 
-Points PointsOf(HICON icon) {
+Points PointsOf(HICON icon, uint32_t ground) {
     ICONINFO parts{};
     if (icon == nullptr || GetIconInfo(icon, &parts) == FALSE) return {};
     BITMAP mask{};
@@ -132,7 +130,7 @@ Points PointsOf(HICON icon) {
     DeleteObject(parts.hbmMask);
     DeleteObject(parts.hbmColor);
     const Canvas canvas({mask.bmWidth, mask.bmWidth});
-    std::fill(canvas.begin(), canvas.end(), White);
+    std::fill(canvas.begin(), canvas.end(), ground);
     canvas.Draw(icon, mask.bmWidth);
     return canvas.Look();
 }

@@ -19,8 +19,10 @@ struct Points {
     bool operator==(const Points&) const = default;
 };
 
-// The icon in its own size upon a white ground; nothing of no icon.
-Points PointsOf(HICON icon);
+inline constexpr uint32_t White = 0xFFFFFF;
+
+// The icon in its own size upon a ground; nothing of no icon.
+Points PointsOf(HICON icon, uint32_t ground = White);
 // The drawing in a square of so many pixels upon a white ground, from the file that holds it.
 const Points& DrawingOf(ui::Icon icon, int size);
 
@@ -30,7 +32,7 @@ ui::win32::IconHandle LoadDrawing(ui::Icon icon, int size);
 // The sizes that the file holds; that of 256 pixels it calls 0.
 std::set<int> DrawnSizes(ui::Icon icon);
 
-// Whether the button paints itself with this drawing over its middle, in pale grey where it is disabled.
+// Whether the button paints itself with this drawing over its middle, in its pale form where it is disabled.
 bool PaintsDrawing(HWND window, ui::IconButton& button, ui::Icon icon);
 
 // Every picture of the program.

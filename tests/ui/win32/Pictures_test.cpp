@@ -1,9 +1,6 @@
 // What icon buttons, picture controls and windows show, point by point, against the drawings.
 #include "tests/support/win32/Pictures.h"
 
-#include <algorithm>
-#include <cstdlib>
-
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/ui/Gallery.h"
 
@@ -40,25 +37,6 @@ TEST(Pictures, AreAllDifferent) {
             for (const ui::Icon other : AllPictures())
                 EXPECT_EQ(one == other, DrawingOf(one, size) == DrawingOf(other, size))
                     << static_cast<int>(one) << ' ' << static_cast<int>(other) << ' ' << size;
-}
-
-TEST(Pictures, PaleOnesAreGreyAndFainter) {
-    const ui::win32::IconHandle drawing = LoadDrawing(ui::Icon::ItemDelete, 32);
-    const Points full = PointsOf(drawing.get());
-    const Points pale = PointsOf(ui::win32::FadedPicture(drawing.get()).get());
-    ASSERT_EQ(full.size, pale.size);
-    const auto darkest = [](const Points& points) {
-        return *std::min_element(points.colors.begin(), points.colors.end(),
-                                 [](uint32_t a, uint32_t b) { return (a & 0xFF) < (b & 0xFF); });
-    };
-    for (const uint32_t color : pale.colors) {
-        const int red = static_cast<int>(color >> 16);
-        EXPECT_LE(std::abs(red - static_cast<int>(color >> 8 & 0xFF)), 1);
-        EXPECT_LE(std::abs(red - static_cast<int>(color & 0xFF)), 1);
-    }
-    EXPECT_LT(darkest(full) & 0xFF, 0x80U);
-    EXPECT_GT(darkest(pale) & 0xFF, 0x80U);
-    EXPECT_LT(darkest(pale) & 0xFF, 0xF0U);
 }
 
 }  // namespace
