@@ -42,7 +42,7 @@ class ControlMirror {
     virtual void Moved() {}
     // What a screen reader calls the control, where the window can carry it.
     virtual void ShowName(const std::wstring& /*name*/) {}
-    // The dialog is about to take what the control holds: that is what the user sees in it.
+    // What the user sees in the window, the control holds: the system may have changed it without a word.
     virtual void TakeShown() {}
     // The text of one of the dialog's edits changed, by whomever.
     virtual void FollowEdits() {}

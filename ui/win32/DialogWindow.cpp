@@ -182,9 +182,10 @@ void DialogWindow::ShowIcon() {
 
 void DialogWindow::ShowFocus() const {
     const Control* const focus = dialog_.Focus();
-    const ControlMirror* const mirror = focus == nullptr ? nullptr : MirrorOf(*focus);
-    if (mirror != nullptr)
-        SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(mirror->Window()), TRUE);
+    ControlMirror* const mirror = focus == nullptr ? nullptr : MirrorOf(*focus);
+    if (mirror == nullptr) return;
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(mirror->Window()), TRUE);
+    mirror->TakeShown();
 }
 
 void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {

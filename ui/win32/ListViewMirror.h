@@ -28,6 +28,8 @@ class ListViewMirror : public ControlMirror {
     std::optional<LRESULT> Answer(NMHDR& question) const override;
     void BeforeShortcut() override { FollowSelection(); }
 
+    void TakeShown() override;
+
     // Header windows notify their dialog through the list that they belong to.
     HWND Header() const;
 

@@ -124,6 +124,13 @@ void ListViewMirror::FocusChanged(const NMLISTVIEW& change) {
     }
 }
 
+// A list that gets the focus marks its first row where none is marked, also when it is the program that gives
+// it the focus.
+void ListViewMirror::TakeShown() {
+    const auto row = static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+    list_.UserFocusedRow(row < 0 ? std::nullopt : std::optional(static_cast<size_t>(row)));
+}
+
 void ListViewMirror::RangeChanged(const NMLVODSTATECHANGE& change) {
     if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) == 0 || change.iFrom < 0) return;
     list_.UserSelected(static_cast<size_t>(change.iFrom), static_cast<size_t>(change.iTo),

@@ -72,5 +72,17 @@ TEST_F(ScreenReaders, SpaceTurnsTheRowThatGotTheMarkWithTheFocus) {
     });
 }
 
+TEST_F(ScreenReaders, SpaceTurnsTheRowThatGotTheMarkWhenTheProgramGaveTheFocus) {
+    const WindowsHabits habits(96);
+    Run([this] {
+        user_.Click(gallery::Save);
+        gallery_.rows.SetFocus();
+        EXPECT_EQ(gallery_.rows.FocusedRow(), 0U);
+        user_.Press(Key::Space);
+        EXPECT_TRUE(gallery_.rows.IsChecked(0));
+        EXPECT_EQ(Changed(), (std::vector<ChangedRow>{{Rows(), OBJID_CLIENT, 1}}));
+    });
+}
+
 }  // namespace
 }  // namespace tests
