@@ -1,9 +1,11 @@
 #!/usr/bin/env python3
 """Checks the administrator's guide: it names every text of two words or more that the program shows, every operation
-code, and every value that the records keep in the registry; its links and pictures exist, and no picture is unused."""
+code, and every value that the records keep in the registry; its links and pictures exist, no picture is unused, and the
+drawings are those of their texts."""
 
 import pathlib
 import re
+import subprocess
 import sys
 
 root = pathlib.Path(__file__).resolve().parent.parent
@@ -45,6 +47,15 @@ def operation_codes():
     return re.findall(r'L"([A-Z0-9]{4})"', source)
 
 
+def undrawn_operations():
+    source = (root / "config" / "Operations.cpp").read_text(encoding="utf-8")
+    rows = "\n".join(path.read_text(encoding="utf-8") for path in sorted(guide.glob("drawings/*.txt")))
+    drawn = {name for cell in re.findall(r"-> ([^(\n]+?) *(?:\(|->|$)", rows, re.MULTILINE) for name in cell.split(" + ")}
+    for name in re.findall(r'\{L"[A-Z0-9]{4}", L"([^"]+)"\}', source):
+        if name not in drawn:
+            yield f"in no drawing: the operation {name}"
+
+
 def anchors(text: str):
     for heading in re.findall(r"^#+ (.+)$", text, re.MULTILINE):
         yield re.sub(r"[^\w\- ]", "", heading.lower()).replace(" ", "-")
@@ -61,9 +72,15 @@ def bad_links(pages: dict):
 
 
 def unused_pictures(whole: str):
-    for picture in sorted((guide / "pictures").glob("*.png")):
-        if f"pictures/{picture.name}" not in whole:
-            yield f"pictures/{picture.name} is not used"
+    for picture in sorted([*guide.glob("pictures/*.png"), *guide.glob("drawings/*.svg")]):
+        name = picture.relative_to(guide).as_posix()
+        if name not in whole:
+            yield f"{name} is not used"
+
+
+def stale_drawings():
+    drawn = subprocess.run([sys.executable, guide / "draw", "--check"], capture_output=True, text=True)
+    yield from drawn.stdout.splitlines() + drawn.stderr.splitlines()
 
 
 def main() -> int:
@@ -72,7 +89,8 @@ def main() -> int:
     found = sorted({f"{path}: not in the guide: {text}" for path, text in shown_texts() if text not in whole})
     found += [f"not in the guide: the value {name}" for name in kept_values() if f"`{name}" not in whole]
     found += [f"not in the guide: the operation {code}" for code in operation_codes() if f"| {code} |" not in whole]
-    found += list(bad_links(pages)) + list(unused_pictures(whole))
+    found += list(bad_links(pages)) + list(unused_pictures(whole)) + list(stale_drawings())
+    found += list(undrawn_operations())
     print(*found, sep="\n", end="\n" if found else "")
     return 1 if found else 0
 
