@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks the administrator's guide: it names every text of two words or more that the program shows, every operation
-code, and every value that the records keep in the registry; its links and pictures exist, no picture is unused, and the
-drawings are those of their texts."""
+code, and every value that the records keep in the registry; its links and pictures exist, no picture is unused, no text
+is taken for a tag, and the drawings are those of their texts."""
 
 import pathlib
 import re
@@ -78,6 +78,14 @@ def unused_pictures(whole: str):
             yield f"{name} is not used"
 
 
+def swallowed_texts(pages: dict):
+    """What a browser takes for a tag and does not show: outside of code spans, all but line breaks."""
+    for name, text in pages.items():
+        for tag in re.findall(r"<[^>]*>", re.sub(r"`[^`]*`", "", text)):
+            if tag != "<br>":
+                yield f"{name}: {tag} has to stand in a code span"
+
+
 def stale_drawings():
     drawn = subprocess.run([sys.executable, guide / "draw", "--check"], capture_output=True, text=True)
     yield from drawn.stdout.splitlines() + drawn.stderr.splitlines()
@@ -90,7 +98,7 @@ def main() -> int:
     found += [f"not in the guide: the value {name}" for name in kept_values() if f"`{name}" not in whole]
     found += [f"not in the guide: the operation {code}" for code in operation_codes() if f"| {code} |" not in whole]
     found += list(bad_links(pages)) + list(unused_pictures(whole)) + list(stale_drawings())
-    found += list(undrawn_operations())
+    found += list(undrawn_operations()) + list(swallowed_texts(pages))
     print(*found, sep="\n", end="\n" if found else "")
     return 1 if found else 0
 

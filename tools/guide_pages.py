@@ -72,11 +72,16 @@ def with_pages(text):
     return re.sub(r'href="([\w-]+\.md)(#[^"]*)?"', lambda found: f'href="{page_name(found[1])}{found[2] or ""}"', text)
 
 
+def with_breaks(text):
+    """Paths and keys within a sentence or a table may break after a name and its backslash; names themselves do not."""
+    return re.sub(r"(?<!<pre>)<code>([^<]*)</code>", lambda found: re.sub(r"(?<=\w)\\", r"\g<0><wbr>", found[0]), text)
+
+
 def converted(path):
     command = ["cmark-gfm", "--unsafe", "--extension", "table", "--to", "html", str(path)]
     text = subprocess.run(command, check=True, capture_output=True).stdout.decode("utf-8")
     tables = re.sub(r"<table>(.*?)</table>", r'<div class="table"><table>\1</table></div>', text, flags=re.DOTALL)
-    return with_pages(with_anchors(tables))
+    return with_breaks(with_pages(with_anchors(tables)))
 
 
 def neighbours(listed, place):
