@@ -152,7 +152,7 @@ TEST_F(HeadersTest, TellsNothingOfTheMachineThatBuiltIt) {
 }
 
 TEST_F(HeadersTest, IsSmall) {
-    EXPECT_LE(bytes_.size(), 900U * 1000U);
+    EXPECT_LE(bytes_.size(), 900U * 1024U);
 }
 
 }  // namespace

@@ -127,7 +127,7 @@ void ListViewMirror::FocusChanged(const NMLISTVIEW& change) {
 // A list that gets the focus marks its first row where none is marked, also when it is the program that gives
 // it the focus.
 void ListViewMirror::TakeShown() {
-    const auto row = static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
+    const int row = Next(AllRows, LVNI_FOCUSED);
     list_.UserFocusedRow(row < 0 ? std::nullopt : std::optional(static_cast<size_t>(row)));
 }
 
@@ -168,9 +168,7 @@ void ListViewMirror::KeyPressed(int virtualKey) {
 // What the user is about to change has to be what he sees: where notifications were missed, the window is
 // right.
 void ListViewMirror::FollowSelection() {
-    const int focused = Next(AllRows, LVNI_FOCUSED);
-    const std::optional<size_t> row = focused < 0 ? std::nullopt : std::optional<size_t>(focused);
-    if (list_.FocusedRow() != row) list_.UserFocusedRow(row);
+    TakeShown();
     if (static_cast<size_t>(Send(LVM_GETSELECTEDCOUNT)) == list_.SelectedRows().size()) return;
     list_.UserSelected(0, list_.RowCount() - 1, false);
     for (int selected = Next(AllRows, LVNI_SELECTED); selected >= 0; selected = Next(selected, LVNI_SELECTED))

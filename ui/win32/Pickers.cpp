@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <memory>
 
+#include "text/Numbers.h"
+
 namespace ui::win32 {
 namespace {
 
@@ -107,7 +109,7 @@ std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker) {
     // The dialog has codes of its own, which the system has no texts for.
     if (const DWORD error = CommDlgExtendedError(); error != 0)
         throw ScreenError(static_cast<uint32_t>(E_FAIL),
-                          L"Opening the file dialog (its error " + std::to_wstring(error) + L")");
+                          L"Opening the file dialog (its error " + text::Decimal(error) + L")");
     return std::nullopt;
 }
 
