@@ -91,6 +91,7 @@ void CBrisgateDlg::InitWindow() {
         named->SetText(named->Tooltip());
     profileLabel_.SetText(L"Profile: ");
     csProfileLabel_.SetText(L"CS profile: ");
+    search_.SetCue(L"Description");
     changed_ = false;
     ruleList_.CreateColumns();
     CreateProfileColumn();

@@ -43,9 +43,11 @@ CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const co
     oldMask_.SetText(isNew_ ? L"*" : rule.Mask);
     operation_.SetName(L"Operation");
     description_.SetName(L"Description");  // its label is broken in the middle of the word
-    pathIn_.SetName(pickPathIn_.Tooltip());
-    pathOut_.SetName(pickPathOut_.Tooltip());
-    pathError_.SetName(pickPathError_.Tooltip());
+    for (const auto& [field, button] :
+         {std::pair{&pathIn_, &pickPathIn_}, {&pathOut_, &pickPathOut_}, {&pathError_, &pickPathError_}}) {
+        field->SetName(button->Tooltip());
+        field->SetCue(button->Tooltip());
+    }
     masks_.SetName(L"Masks");
     AddShortcut({.key = ui::key::Insert}, &masks_, addMask_);
     AddShortcut({.key = ui::key::F2}, &masks_, editMask_);
@@ -114,6 +116,7 @@ void CAddRule::Reshape() {
     action_.Enable(look.isEnabled);
     actionField_.SetReadOnly(!look.takesPath);
     actionField_.SetName(std::wstring(look.fieldName));
+    actionField_.SetCue(look.takesPath ? actionField_.Name() : L"");
     pickPathOut_.Enable(shape.outputFolder);
     pathOut_.Enable(shape.outputFolder);
     storeProfileLabel_.SetText(shape.storeProfile ? L"CS profile: " : L"");

@@ -36,6 +36,7 @@ enum class Aspect {
     Visible,
     Bounds,
     Tooltip,
+    Cue,  // of edits
     Icon,
     ReadOnly,
     Check,        // of a check box

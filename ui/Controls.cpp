@@ -34,6 +34,12 @@ void Edit::SetReadOnly(bool readOnly) {
     Changed(Aspect::ReadOnly);
 }
 
+void Edit::SetCue(std::wstring cue) {
+    if (cue == cue_) return;
+    cue_ = std::move(cue);
+    Changed(Aspect::Cue);
+}
+
 int32_t Edit::Number() const {
     return text::LeadingNumber(Text());
 }

@@ -57,6 +57,9 @@ class Edit : public Control {
     const EditStyle& Style() const { return style_; }
     bool IsReadOnly() const { return readOnly_; }
     void SetReadOnly(bool readOnly);
+    // What stands in grey where the edit is empty, with and without the focus. Edits of many lines show none.
+    const std::wstring& Cue() const { return cue_; }
+    void SetCue(std::wstring cue);
     bool TakesDrops() const { return style_.takesPaths && !readOnly_ && IsEnabled() && IsVisible(); }
 
     // The number in a digits-only edit: 0 when it is empty, the largest int32_t when it is beyond that.
@@ -73,6 +76,7 @@ class Edit : public Control {
 
     const EditStyle style_;
     bool readOnly_;
+    std::wstring cue_;
     Handler onChange_;
 };
 

@@ -12,6 +12,21 @@
 namespace tests {
 namespace {
 
+std::string Quoted(const std::wstring& text) {
+    const std::string bytes = demo::ToUtf8(text).value();
+    std::string quoted = "\"";
+    for (const char unit : bytes) {
+        if (unit == '\r') {
+            quoted += "\\r";
+        } else if (unit == '\n') {
+            quoted += "\\n";
+        } else {
+            quoted += unit;
+        }
+    }
+    return quoted + "\"";
+}
+
 class KindNamer : public ui::ControlVisitor {
   public:
     void Visit(ui::Label&) override { kind_ = "label"; }
@@ -24,6 +39,7 @@ class KindNamer : public ui::ControlVisitor {
         AddIf(control.Style().multiLine, "lines");
         AddIf(control.Style().scrollBars, "scroll bars");
         AddIf(control.Style().takesPaths, "takes paths");
+        if (!control.Cue().empty()) traits_ += ", cue " + Quoted(control.Cue());
     }
     void Visit(ui::Button&) override { kind_ = "button"; }
     void Visit(ui::IconButton&) override { kind_ = "icon button"; }
@@ -50,21 +66,6 @@ class KindNamer : public ui::ControlVisitor {
     std::string kind_;
     std::string traits_;
 };
-
-std::string Quoted(const std::wstring& text) {
-    const std::string bytes = demo::ToUtf8(text).value();
-    std::string quoted = "\"";
-    for (const char unit : bytes) {
-        if (unit == '\r') {
-            quoted += "\\r";
-        } else if (unit == '\n') {
-            quoted += "\\n";
-        } else {
-            quoted += unit;
-        }
-    }
-    return quoted + "\"";
-}
 
 std::string FollowText(const ui::Follow& follow) {
     std::string text;

@@ -51,6 +51,7 @@ TEST_F(MainWindowTest, OpensTheFirstProfileAtStart) {
         EXPECT_EQ(user_.Row(id::Profiles, 1), Texts{L"Beta"});
         EXPECT_TRUE(user_.Get<ui::ListView>(id::Profiles).IsSelected(0));
         EXPECT_EQ(dialog.Focus(), &dialog.Find(id::Profiles));
+        EXPECT_EQ(user_.Get<ui::Edit>(id::Search).Cue(), L"Description");
         EXPECT_EQ(user_.Text(id::ProfileLabel), L"Profile: Alpha");
         EXPECT_EQ(user_.Text(id::CsProfileLabel), L"CS profile's num: 2");
         for (const int control : needsProfile) EXPECT_TRUE(dialog.Find(control).IsEnabled()) << control;

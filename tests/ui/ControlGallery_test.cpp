@@ -192,6 +192,7 @@ TEST_F(ControlGalleryTest, TheProgramMayDropAListDown) {
 TEST_F(ControlGalleryTest, TheProgramIsNeverHeard) {
     Run([this] {
         gallery_.name.SetText(L"n");
+        gallery_.name.SetCue(L"Whom?");
         gallery_.digits.SetNumber(7);
         gallery_.digits.SetReadOnly(true);
         gallery_.notes.SetText(L"one\r\ntwo");

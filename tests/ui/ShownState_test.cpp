@@ -60,6 +60,7 @@ TEST_F(ShownStateTest, NoticesWhatSomeControlsHave) {
                 [this] { gallery_.save.SetIcon(ui::Icon::RuleAdd); });
     ExpectStale("icon", gallery_.sign, ui::Aspect::Icon, [this] { gallery_.sign.SetIcon(ui::Icon::Error); });
     ExpectStale("readonly", gallery_.name, ui::Aspect::ReadOnly, [this] { gallery_.name.SetReadOnly(true); });
+    ExpectStale("cue", gallery_.name, ui::Aspect::Cue, [this] { gallery_.name.SetCue(L"Whom?"); });
     ExpectStale("items", gallery_.kinds, ui::Aspect::Items, [this] { gallery_.kinds.SetItems({L"One"}); });
     ExpectStale("items", gallery_.mask, ui::Aspect::Items, [this] { gallery_.mask.SetItems({L"*.xml"}); });
     ExpectStale("items", gallery_.names, ui::Aspect::Items, [this] { gallery_.names.Add(L"doc"); });

@@ -15,8 +15,9 @@ constexpr std::array ofControls{
     std::pair{Aspect::Text, "text"},         std::pair{Aspect::Name, "name"},
     std::pair{Aspect::Enabled, "enabled"},   std::pair{Aspect::Visible, "visible"},
     std::pair{Aspect::Tooltip, "tooltip"},   std::pair{Aspect::Icon, "icon"},
-    std::pair{Aspect::ReadOnly, "readonly"}, std::pair{Aspect::Items, "items"},
-    std::pair{Aspect::Columns, "columns"},   std::pair{Aspect::RowChecks, "checks"}};
+    std::pair{Aspect::ReadOnly, "readonly"}, std::pair{Aspect::Cue, "cue"},
+    std::pair{Aspect::Items, "items"},       std::pair{Aspect::Columns, "columns"},
+    std::pair{Aspect::RowChecks, "checks"}};
 constexpr std::array ofDialogs{
     std::pair{DialogAspect::Caption, "caption"}, std::pair{DialogAspect::Icon, "icon"},
     std::pair{DialogAspect::MenuBar, "menu bar"}, std::pair{DialogAspect::SystemMenu, "system menu"}};
@@ -89,6 +90,8 @@ std::optional<std::wstring> PartOf(const Control& control, Aspect aspect) {
             return IconIn(control);
         case Aspect::ReadOnly:
             return edit == nullptr ? std::nullopt : std::optional(InWords(edit->IsReadOnly()));
+        case Aspect::Cue:
+            return edit == nullptr ? std::nullopt : std::optional(edit->Cue());
         case Aspect::Items:
             return ItemsIn(control);
         case Aspect::Columns:

@@ -32,6 +32,7 @@ void PictureMirror::Show(Aspect aspect) {
 void EditMirror::ShowAll() {
     Send(EM_SETLIMITTEXT, edit_.Style().longest);  // 0: as much as the system can hold
     Show(Aspect::Text);
+    Show(Aspect::Cue);
 }
 
 void EditMirror::Show(Aspect aspect) {
@@ -41,6 +42,14 @@ void EditMirror::Show(Aspect aspect) {
     // What the program puts where the user has just deleted everything gives way to the next key.
     if (refilled) Send(EM_SETSEL, 0, -1);
     if (aspect == Aspect::ReadOnly) Send(EM_SETREADONLY, edit_.IsReadOnly());
+    if (aspect == Aspect::Cue) ShowCue();
+}
+
+// An empty one takes an earlier one away. The window does not always paint itself anew for it.
+void EditMirror::ShowCue() const {
+    constexpr WPARAM alsoWithFocus = TRUE;
+    Send(EM_SETCUEBANNER, alsoWithFocus, reinterpret_cast<LPARAM>(edit_.Cue().c_str()));
+    InvalidateRect(Window(), nullptr, TRUE);
 }
 
 void EditMirror::OnCommand(int notification) {

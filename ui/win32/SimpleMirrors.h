@@ -43,6 +43,7 @@ class EditMirror : public ControlMirror {
     void OnDrop(const std::wstring& path) override;
 
   private:
+    void ShowCue() const;
     void Typed();
     Edit& edit_;
 };

@@ -102,17 +102,7 @@ class Canvas {
     HGDIOBJ before_ = nullptr;
 };
 
-// The inside of a window as it paints itself.
-Points PaintingOf(HWND window) {
-    RECT area{};
-    GetClientRect(window, &area);
-    const Canvas canvas({area.right, area.bottom});
-    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Device()),
-                 PRF_CLIENT | PRF_ERASEBKGND);
-    return canvas.Look();
-}
-
-// The same with an icon over its middle.
+// A painting with an icon over its middle.
 Points WithIconOver(const Points& painting, HICON icon, int size) {
     const Canvas canvas(painting.size);
     std::copy(painting.colors.begin(), painting.colors.end(), canvas.begin());
@@ -121,6 +111,15 @@ Points WithIconOver(const Points& painting, HICON icon, int size) {
 }
 
 }  // namespace
+
+Points PaintingOf(HWND window) {
+    RECT area{};
+    GetClientRect(window, &area);
+    const Canvas canvas({area.right, area.bottom});
+    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Device()),
+                 PRF_CLIENT | PRF_ERASEBKGND);
+    return canvas.Look();
+}
 
 Points PointsOf(HICON icon, uint32_t ground) {
     ICONINFO parts{};

@@ -21,6 +21,9 @@ struct Points {
 
 inline constexpr uint32_t White = 0xFFFFFF;
 
+// The inside of a window as it paints itself.
+Points PaintingOf(HWND window);
+
 // The icon in its own size upon a ground; nothing of no icon.
 Points PointsOf(HICON icon, uint32_t ground = White);
 // The drawing in a square of so many pixels upon a white ground, from the file that holds it.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <utility>
 
@@ -65,6 +66,7 @@ class Checker : public ui::ControlVisitor {
     void Visit(ui::Edit& control) override {
         EXPECT_EQ(control.Text(), Text());
         EXPECT_EQ(control.IsReadOnly(), (GetWindowLongPtrW(window_, GWL_STYLE) & ES_READONLY) != 0);
+        EXPECT_EQ(control.Cue(), Cue());
     }
     void Visit(ui::Button& control) override { EXPECT_EQ(control.Text(), WithSingleAmpersands(Text())); }
     void Visit(ui::IconButton& control) override {
@@ -105,6 +107,12 @@ class Checker : public ui::ControlVisitor {
 
   private:
     std::wstring Text() const { return ui::win32::TextOf(window_); }
+    std::wstring Cue() const {
+        std::array<wchar_t, 100> cue{};
+        SendMessageW(window_, EM_GETCUEBANNER, reinterpret_cast<WPARAM>(cue.data()),
+                     static_cast<LPARAM>(cue.size()));
+        return cue.data();
+    }
     LRESULT Send(UINT message) const { return SendMessageW(window_, message, 0, 0); }
 
     // A disabled button holds the empty picture of one pixel and draws the pale one itself.
