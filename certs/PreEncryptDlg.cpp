@@ -51,6 +51,7 @@ void CPreEncryptDlg::OnInitDialog() {
     CreateColumns();
     RefillCandidates();
     RefillChosen();
+    if (chosen_.rows.Count() == 0) fromLocalStore_.SetFocus();
 }
 
 // kind: what the names of the list are.

@@ -102,15 +102,36 @@ TEST_F(PickerForm, TabVisitsTheControlsInReadingOrder) {
                            pickid::FromGroup, pickid::FromLdap, pickid::SelectAll,  pickid::Clear,
                            pickid::DeleteAll, pickid::Save,     pickid::Choose,     pickid::Remove,
                            pickid::Chosen,    ui::IdOk,         ui::IdCancel};
-    PickRecipients({}, [&](CPreEncryptDlg&) {
+    PickRecipients({L"CN=A"}, [&](CPreEncryptDlg&) {
         EXPECT_EQ(TabOrder(), order);
         user_.Press(Key::Escape);
     });
     order.insert(order.end() - 2, pickid::Name);
-    PickSigners(L"", {}, [&](CPreEncryptDlg&) {
+    PickSigners(L"", {L"CN=A"}, [&](CPreEncryptDlg&) {
         EXPECT_EQ(TabOrder(), order);
         user_.PressCloseBox();
     });
+}
+
+// What comes first where nobody is chosen is a look into the store: Enter is enough.
+TEST_F(PickerForm, BeginsAtTheLocalStoreWhileNobodyIsChosen) {
+    search_.localNames = {L"CN=B"};
+    for (const Names& nobody : {Names{}, Names{L""}}) {
+        const auto script = [this](CPreEncryptDlg& picker) {
+            EXPECT_EQ(picker.Focus(), &picker.Find(pickid::FromLocalStore));
+            user_.Press(Key::Enter);
+            EXPECT_EQ(Shown(pickid::Candidates), Names{L"CN=B"});
+            Leave();
+        };
+        PickRecipients(nobody, script);
+        PickSigners(L"", nobody, script);
+    }
+    const auto script = [this](CPreEncryptDlg& picker) {
+        EXPECT_EQ(picker.Focus(), &picker.Find(pickid::SortField));
+        Leave();
+    };
+    PickRecipients({L"CN=A"}, script);
+    PickSigners(L"clerks", {L"CN=A"}, script);
 }
 
 TEST_F(PickerForm, GrowsAsItsWindowDoes) {
