@@ -7,8 +7,9 @@
 
 namespace certs {
 
-CFilterDlg::CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample)
-    : Dialog(screen, owner, {.size = {260, 100}, .guidePage = L"certificates"}, L"Filter") {
+CFilterDlg::CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample, int row)
+    : Dialog(screen, owner, {.size = {260, 100}, .guidePage = L"certificates"}, L"Filter"),
+      row_(row) {
     sampleEdit_.SetText(sample);
 }
 
@@ -16,7 +17,13 @@ void CFilterDlg::OnInitDialog() {
     std::vector<std::wstring> choices = OfferedFieldLabels();
     choices.emplace_back(L"<Search by entire name>");
     fieldList_.SetItems(std::move(choices));
+    fieldList_.Select(row_);
     EnableOk();
+}
+
+std::optional<size_t> CFilterDlg::Field() const {
+    const auto index = static_cast<size_t>(row_);
+    return index < OfferedFieldCount() ? std::optional(index) : std::nullopt;
 }
 
 void CFilterDlg::EnableOk() {
@@ -31,7 +38,7 @@ void CFilterDlg::OnOK() {
         fieldList_.DropDown();
         return;
     }
-    if (const auto index = static_cast<size_t>(chosen); index < OfferedFieldCount()) field_ = index;
+    row_ = chosen;
     sample_ = text::Trim(sampleEdit_.Text(), L" ");
     EndDialog(ui::IdOk);
 }

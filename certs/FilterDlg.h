@@ -13,11 +13,12 @@ namespace certs {
 
 class CFilterDlg : public ui::Dialog {
   public:
-    // sample: what the field holds at first.
-    CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample);
+    // What the form begins with. row: of the list of fields, ui::ComboBox::None for none of them.
+    CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample, int row);
 
     // As accepted by OK. None: the entire name.
-    std::optional<size_t> Field() const { return field_; }
+    std::optional<size_t> Field() const;
+    int Row() const { return row_; }                        // of the list of fields
     const std::wstring& Sample() const { return sample_; }  // without blanks at either end
 
   private:
@@ -25,7 +26,7 @@ class CFilterDlg : public ui::Dialog {
     void OnOK() override;
     void EnableOk();
 
-    std::optional<size_t> field_;
+    int row_;
     std::wstring sample_;
 
     ui::Label fieldLabel_{*this, 1201, {7, 7, 246, 8}, L"Search field:"};

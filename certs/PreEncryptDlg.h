@@ -79,7 +79,9 @@ class CPreEncryptDlg : public ui::Dialog {
     Candidates candidateNames_;
     ChosenNames chosenNames_;
     std::wstring groupsPath_;  // of the file opened or saved last
+    // Of the last search in LDAP: the next one begins with them.
     std::wstring lastSample_;
+    int lastRow_ = ui::ComboBox::None;
     std::vector<config::CertificateRef> result_;
     std::wstring listName_;
 

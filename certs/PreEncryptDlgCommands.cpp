@@ -18,9 +18,10 @@ void CPreEncryptDlg::AddFromLocalStore() {
 }
 
 void CPreEncryptDlg::AddFromLdap() {
-    CFilterDlg form(Screen(), this, lastSample_);
+    CFilterDlg form(Screen(), this, lastSample_, lastRow_);
     if (form.DoModal() != ui::IdOk) return;
     lastSample_ = form.Sample();
+    lastRow_ = form.Row();
     const OwnerSearch wanted(form.Field(), form.Sample());
     bool anyMeant = false;
     {

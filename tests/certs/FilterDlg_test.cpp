@@ -14,7 +14,7 @@ class FilterDlgTest : public CertsTest {
         user_.Expect<CFilterDlg>([&script](CFilterDlg&) { script(); });
         return dialog.DoModal();
     }
-    CFilterDlg dialog_{notes_, nullptr, L""};
+    CFilterDlg dialog_{notes_, nullptr, L"", ui::ComboBox::None};
 };
 
 TEST_F(FilterDlgTest, OffersTheFieldsAndTheEntireName) {
@@ -66,6 +66,7 @@ TEST_F(FilterDlgTest, WithoutAFieldTheListDropsOpen) {
                    }),
               ui::IdOk);
     EXPECT_EQ(dialog_.Field(), 15U);
+    EXPECT_EQ(dialog_.Row(), 15);
 }
 
 TEST_F(FilterDlgTest, TheSampleIsCutAtBlanksAtBothEnds) {
@@ -89,16 +90,23 @@ TEST_F(FilterDlgTest, TheLastChoiceIsTheEntireName) {
                    }),
               ui::IdOk);
     EXPECT_EQ(dialog_.Field(), std::nullopt);
+    EXPECT_EQ(dialog_.Row(), 16);
     EXPECT_EQ(dialog_.Sample(), L"*");
 }
 
-TEST_F(FilterDlgTest, BeginsWithTheSampleGiven) {
-    CFilterDlg dialog(notes_, nullptr, L"Iv*");
-    Fill(dialog, [this] {
-        EXPECT_EQ(user_.Text(pickid::FilterSample), L"Iv*");
-        EXPECT_TRUE(user_.CanUse(ui::IdOk));
-        Leave();
-    });
+TEST_F(FilterDlgTest, BeginsWithTheFieldAndTheSampleGiven) {
+    for (const int row : {0, 15, 16}) {
+        CFilterDlg dialog(notes_, nullptr, L"Iv*", row);
+        const auto script = [this, row] {
+            EXPECT_EQ(user_.Get<ui::ComboBox>(pickid::FilterField).Selected(), row);
+            EXPECT_EQ(user_.Text(pickid::FilterSample), L"Iv*");
+            user_.Click(ui::IdOk);
+        };
+        EXPECT_EQ(Fill(dialog, script), ui::IdOk);
+        EXPECT_EQ(dialog.Field(), row == 16 ? std::nullopt : std::optional<size_t>(row));
+        EXPECT_EQ(dialog.Row(), row);
+        EXPECT_EQ(dialog.Sample(), L"Iv*");
+    }
 }
 
 TEST_F(FilterDlgTest, TabGoesFromTheFieldToTheSampleAndTheButtons) {

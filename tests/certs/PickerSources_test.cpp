@@ -108,27 +108,30 @@ TEST_F(PickerSources, ASearchThatComesToNothingIsTold) {
     });
 }
 
-TEST_F(PickerSources, TheFilterFormBeginsWithTheSampleTypedLast) {
+TEST_F(PickerSources, TheFilterFormBeginsWithTheFieldAndTheSampleOfTheSearchBefore) {
     PickRecipients({}, [this](CPreEncryptDlg& picker) {
-        const auto look = [&](const std::wstring& sample) {
-            user_.Expect<CFilterDlg>([this, &picker, sample](CFilterDlg& form) {
+        const auto look = [&](int field, const std::wstring& sample) {
+            user_.Expect<CFilterDlg>([this, &picker, field, sample](CFilterDlg& form) {
                 EXPECT_EQ(form.Parent(), &picker);
                 EXPECT_EQ(user_.Text(pickid::FilterSample), sample);
-                EXPECT_EQ(user_.Get<ui::ComboBox>(pickid::FilterField).Selected(), ui::ComboBox::None);
+                EXPECT_EQ(user_.Get<ui::ComboBox>(pickid::FilterField).Selected(), field);
+                user_.Choose(pickid::FilterField, 7);
                 user_.Type(pickid::FilterSample, L"never accepted");
                 Leave();
             });
             user_.Click(pickid::FromLdap);
         };
-        look(L"");
+        look(ui::ComboBox::None, L"");
         SearchLdap(3, L"  ru*", Outcome::Nothing);
-        look(L"ru*");
+        look(3, L"ru*");
         search_.fails = true;
-        SearchLdap(3, L"de");
-        look(L"de");
+        SearchLdap(16, L"de");
+        look(16, L"de");
+        user_.Expect<CFilterDlg>([this](CFilterDlg&) { user_.Press(Key::Enter); });
+        user_.Click(pickid::FromLdap);
         Leave();
     });
-    EXPECT_EQ(search_.asked, (Names{L"C=ru*", L"C=de"}));
+    EXPECT_EQ(search_.asked, (Names{L"C=ru*", L"de", L"de"}));
 }
 
 TEST_F(PickerSources, AGroupsFile) {
