@@ -46,20 +46,20 @@ void CBrisgateDlg::EditProfile() {
     if (rules_.HasFocus()) TakeCheckBoxes();
     if (OpenedProfile() == nullptr) return;
     auto edited = RunProfileEditor(*OpenedProfile());
-    config::ServiceProfile* const profile = OpenedProfile();
-    if (!edited || profile == nullptr) return;
+    if (!edited) return;
+    config::ServiceProfile& profile = *OpenedProfile();
     // Whatever needs memory comes before the change or after it.
     LeadRulesToFirstStoreProfile(edited->record, edited->removedCsProfiles);
     std::wstring name = edited->record.Name;
     std::vector<std::wstring> names = profileNames_;
     std::replace(names.begin(), names.end(), openedProfile_, name);
-    *profile = std::move(edited->record);
+    profile = std::move(edited->record);
     openedProfile_ = std::move(name);
     profileNames_ = std::move(names);
     changed_ = true;
     profiles_.RefreshRows();
-    profileLabel_.SetText(L"Profile: " + profile->Name);
-    csProfileLabel_.SetText(text::Format(L"CS profile's num: %d", profile->ZCSProfile.size()));
+    profileLabel_.SetText(L"Profile: " + profile.Name);
+    csProfileLabel_.SetText(text::Format(L"CS profile's num: %d", profile.ZCSProfile.size()));
     RefillRules();
 }
 

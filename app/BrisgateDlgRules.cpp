@@ -137,4 +137,20 @@ void CBrisgateDlg::ImportRules() {
     ShowRule(rules_.RowCount() - 1);
 }
 
+void CBrisgateDlg::AddShortcuts() {
+    namespace key = ui::key;
+    AddShortcut({.key = 'S', .control = true}, nullptr, save_);
+    AddShortcut({.key = 'F', .control = true}, nullptr, [this] { search_.SetFocus(); });
+    AddShortcut({.key = key::Insert}, &rules_, addRule_);
+    AddShortcut({.key = key::F2}, &rules_, editRule_);
+    AddShortcut({.key = 'D', .control = true}, &rules_, copyRule_);
+    AddShortcut({.key = key::Up, .alt = true}, &rules_, moveUp_);
+    AddShortcut({.key = key::Down, .alt = true}, &rules_, moveDown_);
+    AddShortcut({.key = key::Home, .alt = true}, &rules_, makeFirst_);
+    AddShortcut({.key = key::End, .alt = true}, &rules_, makeLast_);
+    AddShortcut({.key = key::Insert}, &profiles_, addProfile_);
+    AddShortcut({.key = key::F2}, &profiles_, editProfile_);
+    AddShortcut({.key = key::Delete}, &profiles_, deleteProfile_);
+}
+
 }  // namespace app

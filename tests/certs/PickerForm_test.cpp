@@ -226,5 +226,24 @@ TEST_F(PickerForm, ADoubleClickShowsTheWholeNameInLines) {
     });
 }
 
+TEST_F(PickerForm, KeysSelectMarkAndShowNames) {
+    PickRecipients({}, [this](CPreEncryptDlg&) {
+        AddLocal({L"CN=A,C=RU", L"CN=B", L"CN=C"});
+        const auto& list = user_.Get<ui::ListView>(pickid::Candidates);
+        user_.ClickRow(pickid::Candidates, 0);
+        user_.ExpectBox(L"CN=A\nC=RU", ui::box::Ok | ui::box::InformationIcon, ui::IdOk, L"Subject");
+        user_.Press(Key::F10, Held::Shift);
+        user_.Press(Key::A, Held::Control);
+        user_.Press(Key::Space);
+        EXPECT_EQ(list.Checks(), std::vector<bool>(3, true));
+        user_.Press(Key::Space);
+        EXPECT_EQ(list.Checks(), std::vector<bool>(3, false));
+        user_.ClickRow(pickid::Candidates, 1);
+        user_.Press(Key::Space);
+        EXPECT_EQ(list.Checks(), (std::vector<bool>{false, true, false}));
+        Leave();
+    });
+}
+
 }  // namespace
 }  // namespace tests
