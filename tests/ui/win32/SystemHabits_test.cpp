@@ -10,6 +10,7 @@
 #include <set>
 
 #include "tests/support/win32/ImportHook.h"
+#include "tests/support/win32/OpenedWindows.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/ui/Gallery.h"
 
@@ -141,6 +142,46 @@ TEST_F(SystemHabits, ControlsMoveWhereTheSystemCannotCollectTheMoves) {
         const ImportHook end("EndDeferWindowPos", RoomLost);
         grows();
     });
+}
+
+// A key that is held down comes again and again.
+TEST_F(SystemHabits, F1OpensOnePageHoweverLongItIsHeld) {
+    int shown = 0;
+    world_->Screen().SetGuideHandler([&shown](const ui::Dialog&) { ++shown; });
+    Run([&] {
+        const auto press = [this](LPARAM state) {
+            MSG key{};
+            key.hwnd = Window(gallery::Name);
+            key.message = WM_KEYDOWN;
+            key.wParam = VK_F1;
+            key.lParam = state;
+            return CallMsgFilterW(&key, MSGF_DIALOGBOX) != FALSE;
+        };
+        EXPECT_TRUE(press(1));
+        EXPECT_EQ(shown, 1);
+        EXPECT_TRUE(press(LPARAM{1} << 30 | 1));
+        EXPECT_EQ(shown, 1);
+        EXPECT_TRUE(press(1));
+        EXPECT_EQ(shown, 2);
+    });
+}
+
+// A box of the system is no form of ours, and neither are its keys.
+TEST_F(SystemHabits, KeysInAMessageBoxAreTheBoxesOwn) {
+    int shown = 0;
+    world_->Screen().SetGuideHandler([&shown](const ui::Dialog&) { ++shown; });
+    Run([&] {
+        const OpenedWindows opened([](HWND box) {
+            MSG key{};
+            key.hwnd = GetDlgItem(box, IDOK);
+            key.message = WM_KEYDOWN;
+            key.wParam = VK_F1;
+            EXPECT_EQ(CallMsgFilterW(&key, MSGF_DIALOGBOX), FALSE);
+            PostMessageW(box, WM_COMMAND, IDOK, 0);
+        });
+        MessageBoxW(WindowOf(gallery_), L"Text", L"Caption", MB_OK);
+    });
+    EXPECT_EQ(shown, 0);
 }
 
 std::set<UINT> letThrough;
