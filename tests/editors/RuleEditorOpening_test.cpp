@@ -176,6 +176,22 @@ TEST_F(RuleEditorOpening, NumbersOutsideTheirRangeShowAsTheFirstEntryOrZero) {
     });
 }
 
+TEST_F(RuleEditorOpening, EachSignatureFormatIsShownAndKeptByItself) {
+    for (const auto& [in, out] : {std::pair{0, 0}, std::pair{0, 1}, std::pair{1, 0}, std::pair{1, 1}}) {
+        config::Rule rule = FullRule(L"RESG");
+        rule.InFormatDet = in;
+        rule.OutFormatDet = out;
+        const auto accepted = Edit(rule, [&, in = in, out = out](ui::Dialog&) {
+            EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::ListA).Selected(), in);
+            EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::ListB).Selected(), out);
+            user_.Click(ui::IdOk);
+        });
+        ASSERT_TRUE(accepted);
+        EXPECT_EQ(accepted->InFormatDet, in);
+        EXPECT_EQ(accepted->OutFormatDet, out);
+    }
+}
+
 TEST_F(RuleEditorOpening, SelectsTheStoreProfilesOfTheRuleAndRemembersTheFirst) {
     const auto open = [this](const std::wstring& store, const std::wstring& resign) {
         config::Rule rule = FullRule(L"RESG");
