@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Checks who includes whom: a folder may use what stands below it, never what stands above it, and windows.h is seen
-only in folders named win32. Prints each offence and ends with 1 if there is one."""
+"""Checks who includes whom: a folder may use what stands below it, never what stands above it; only folders named win32 see
+headers of the system; and only the back ends, in folders named win32 and memory, know the back ends. Prints each offence and
+ends with 1 if there is one."""
 
 import pathlib
 import re
@@ -34,11 +35,15 @@ def floor_of(path: pathlib.PurePosixPath) -> str:
 
 def offences(path: pathlib.PurePosixPath, text: str):
     own = floor_of(path)
-    if re.search(r"#include <windows\.h>", text) and "win32" not in path.parts and own not in OUTSIDE:
-        yield "windows.h outside a win32 folder"
     if own in OUTSIDE:
         return
+    backend = {"win32", "memory"} & set(path.parts)
+    if "win32" not in backend:
+        for header in re.findall(r"#include <([^>]+\.h)>", text):  # those of the language have no ending
+            yield f"includes <{header}> outside a win32 folder"
     for included in re.findall(r'#include "([^"]+)"', text):
+        if not {"win32", "memory"} & set(pathlib.PurePosixPath(included).parts) <= backend:
+            yield f"knows a back end: {included}"
         used = floor_of(pathlib.PurePosixPath(included))
         if used not in level:
             yield f"includes {included}, which is not part of the product"
