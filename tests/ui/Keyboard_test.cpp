@@ -209,6 +209,23 @@ TEST_F(Keyboard, KeysInAnEmptyListAreOnlyHeard) {
     EXPECT_FALSE(dialog.list.FocusedRow());
 }
 
+// Else the list would look for a row that begins with the letter, or select with the space bar.
+TEST_F(Keyboard, AListKeepsTheKeysThatItTakes) {
+    dialog.list.SetFocus();
+    EXPECT_TRUE(dialog.UserPressed({.key = 'A', .control = true}));
+    EXPECT_EQ(dialog.list.SelectedRows().size(), 6U);
+    EXPECT_FALSE(dialog.UserPressed({.key = ui::key::Space}));  // no row has the focus
+    dialog.list.FocusRow(2);
+    EXPECT_TRUE(dialog.UserPressed({.key = ui::key::Space}));
+    EXPECT_FALSE(dialog.UserPressed({.key = ui::key::Menu}));  // there are no details
+    int shown = -1;
+    dialog.list.OnDetails([&shown](size_t row) { shown = static_cast<int>(row); });
+    EXPECT_TRUE(dialog.UserPressed({.key = ui::key::Menu}));
+    EXPECT_EQ(shown, 2);
+    dialog.plainList.SetFocus();
+    EXPECT_FALSE(dialog.UserPressed({.key = 'A', .control = true}));
+}
+
 TEST_F(Keyboard, SpaceTogglesTheCheckOfTheFocusedRow) {
     dialog.list.SelectOnly(3);
     dialog.list.SetFocus();
