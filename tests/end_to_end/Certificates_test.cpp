@@ -156,7 +156,7 @@ TEST_F(CertificatesTest, RecipientsFromTheLocalStoreArriveInTheRegistry) {
     EXPECT_EQ(editor.Rows(picker, chosenList, 1), chosen);
     Editor::Press(picker, IDOK);
     ASSERT_TRUE(editor.WaitUntilGone(picker));
-    EXPECT_EQ(Editor::TextOf(rule, actionField), L"2");
+    EXPECT_TRUE(editor.WaitForText(rule, actionField, L"2"));  // the library is closed first
     Editor::Press(rule, IDOK);
     ASSERT_TRUE(editor.WaitUntilGone(rule));
     Editor::Press(editor.MainWindow(), IDOK);

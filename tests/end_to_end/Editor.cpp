@@ -185,6 +185,10 @@ bool Editor::WaitForRows(HWND window, int listId, int count) const {
     return WaitUntil([&] { return SendMessageW(list, LVM_GETITEMCOUNT, 0, 0) == count; });
 }
 
+bool Editor::WaitForText(HWND window, int id, const std::wstring& text) const {
+    return WaitUntil([&] { return TextOf(window, id) == text; });
+}
+
 bool Editor::WaitUntilGone(HWND window) const {
     return WaitUntil([window] { return IsWindow(window) == FALSE; });
 }

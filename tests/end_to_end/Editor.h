@@ -44,6 +44,8 @@ class Editor {
     void SelectRow(HWND window, int listId, int row) const;
     // Waits until the list has so many rows.
     bool WaitForRows(HWND window, int listId, int count) const;
+    // Waits until the control has this text.
+    bool WaitForText(HWND window, int id, const std::wstring& text) const;
     // Every cell of a list in the program, row by row.
     std::vector<std::vector<std::wstring>> Rows(HWND window, int listId, int columns) const;
 
