@@ -138,11 +138,11 @@ void ListView::UserToggledCheck(size_t row) {
     Changed(Aspect::RowChecks);
 }
 
-// The row with the focus decides, all selected rows get the same.
-void ListView::TurnChecksOver() {
-    const bool checked = !checks_.at(*focusedRow_);
+// One row decides, all selected rows get the same.
+void ListView::TurnChecksOver(size_t deciding) {
+    const bool checked = !checks_.at(deciding);
     for (const size_t row : SelectedRows()) checks_[row] = checked;
-    checks_[*focusedRow_] = checked;
+    checks_[deciding] = checked;
     Changed(Aspect::RowChecks);
 }
 
@@ -152,7 +152,7 @@ bool ListView::UserPressed(const KeyChord& chord) {
         return true;
     }
     if (chord == KeyChord{.key = key::Space} && style_.checkBoxes && focusedRow_) {
-        TurnChecksOver();
+        TurnChecksOver(*focusedRow_);
         return true;
     }
     const bool asksForDetails =

@@ -112,7 +112,7 @@ class ListView : public Control {
     void UserResizedColumn(size_t column, int width);
 
   private:
-    void TurnChecksOver();
+    void TurnChecksOver(size_t deciding);
     void NoteWidths();
 
     const ListStyle style_;

@@ -154,7 +154,9 @@ void DialogWindow::OnSize(WPARAM kind, Size client) {
                                                      : kind == SIZE_MAXIMIZED ? SizeKind::Maximized
                                                                               : SizeKind::Restored);
     if (nextDpi_ && sizeKind_ == SizeKind::Restored) {
-        TakeDpi(*std::exchange(nextDpi_, std::nullopt));
+        const uint32_t dpi = *nextDpi_;
+        nextDpi_.reset();
+        TakeDpi(dpi);
         RECT outer{};
         GetWindowRect(window_, &outer);
         return FitTo({outer.left, outer.top});
