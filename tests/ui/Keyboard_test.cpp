@@ -25,6 +25,8 @@ class KeyDialog : public ui::Dialog {
         plainList.SetRows(3);
     }
 
+    using Dialog::AddShortcut;
+
     std::vector<std::wstring> heard;
     std::vector<int> listKeys;
 
@@ -207,6 +209,24 @@ TEST_F(Keyboard, KeysInAnEmptyListAreOnlyHeard) {
         Press(key);
     EXPECT_EQ((std::vector<int>{40, 35, 32, 46}), dialog.listKeys);
     EXPECT_FALSE(dialog.list.FocusedRow());
+}
+
+TEST_F(Keyboard, AShortcutPressesItsButtonWhereAndWhileThatCanBe) {
+    const ui::KeyChord chord{.key = ui::key::F2};
+    dialog.AddShortcut(chord, &dialog.list, dialog.push);
+    dialog.line.SetFocus();
+    EXPECT_FALSE(dialog.UserPressed(chord));
+    dialog.list.SetFocus();
+    dialog.push.Enable(false);
+    EXPECT_TRUE(dialog.UserPressed(chord));
+    dialog.push.Enable(true);
+    dialog.push.Show(false);
+    EXPECT_TRUE(dialog.UserPressed(chord));
+    EXPECT_EQ(Heard{}, dialog.heard);
+    dialog.push.Show(true);
+    EXPECT_TRUE(dialog.UserPressed(chord));
+    EXPECT_EQ(Heard{L"push"}, dialog.heard);
+    EXPECT_FALSE(dialog.UserPressed({.key = ui::key::F2, .shift = true}));
 }
 
 // Else the list would look for a row that begins with the letter, or select with the space bar.

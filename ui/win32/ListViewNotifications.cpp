@@ -161,7 +161,6 @@ void ListViewMirror::Pressed(const NMITEMACTIVATE& place, Press press) {
 }
 
 void ListViewMirror::KeyPressed(int virtualKey) {
-    if (virtualKey == VK_DELETE) FollowSelection();
     list_.UserPressedKey(virtualKey);
 }
 
