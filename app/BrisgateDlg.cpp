@@ -83,9 +83,9 @@ void CBrisgateDlg::InitWindow() {
 
 bool CBrisgateDlg::Load() {
     const ui::WaitCursor wait(Screen());
-    config::RedoRecord unfinished(services_.Registry, services_.Errors, this);
+    config::RedoRecord unfinished(services_.Registry, this);
     const bool putOff = PutsOffUnfinishedSave(unfinished);
-    auto loaded = config::LoadConfiguration(services_.Registry, services_.Errors, this);
+    auto loaded = config::LoadConfiguration(services_.Registry, this);
     if (!loaded) return false;
     configuration_ = std::move(*loaded);
     // A start that is refused offers it again.
@@ -252,7 +252,7 @@ void CBrisgateDlg::Store() {
     settings.WindowRight = window.x + window.width;
     try {
         // A report takes the focus from the rule list, which may be a change of its own.
-        if (config::SaveConfiguration(services_.Registry, services_.Errors, this, configuration_)) {
+        if (config::SaveConfiguration(services_.Registry, this, configuration_)) {
             changed_ = false;
             ReasonToStayChanged();
         }

@@ -8,7 +8,7 @@
 
 #include "app/MainMenu.h"
 #include "app/RuleList.h"
-#include "config/Configuration.h"
+#include "config/Records.h"
 #include "config/RedoRecord.h"
 #include "config/Services.h"
 #include "editors/CertificateActions.h"

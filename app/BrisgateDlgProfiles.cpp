@@ -16,7 +16,7 @@ std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(
     names.reserve(configuration_.Profiles.size());
     for (const config::ServiceProfile& known : configuration_.Profiles) names.push_back(known.Name);
     editors::CAddProfile editor(services_, this, profile, std::move(names),
-                                crypto::CsProfileNames(configuration_.CsProfiles), editorMemory_);
+                                config::CsProfileNames(configuration_.CsProfiles), editorMemory_);
     if (RunForm(editor) != ui::IdOk) return std::nullopt;
     return EditedProfile{editor.Result(), editor.RemovedCsProfiles()};
 }

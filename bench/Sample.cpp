@@ -52,7 +52,7 @@ void CreateTrees(platform::RegistryBackend& registry) {
 config::Configuration Load(const platform::Machine& machine, ui::Screen& screen) {
     const errors::ErrorReporter reporter(machine, screen);
     config::RegistryStore store(machine, reporter);
-    auto loaded = config::LoadConfiguration(store, reporter, nullptr);
+    auto loaded = config::LoadConfiguration(store, nullptr);
     if (!loaded) throw std::runtime_error("loading failed");
     return std::move(*loaded);
 }
@@ -60,8 +60,7 @@ config::Configuration Load(const platform::Machine& machine, ui::Screen& screen)
 void Save(const platform::Machine& machine, ui::Screen& screen, const config::Configuration& configuration) {
     const errors::ErrorReporter reporter(machine, screen);
     config::RegistryStore store(machine, reporter);
-    if (!config::SaveConfiguration(store, reporter, nullptr, configuration))
-        throw std::runtime_error("saving failed");
+    if (!config::SaveConfiguration(store, nullptr, configuration)) throw std::runtime_error("saving failed");
 }
 
 // A save whose changes are only noted down plans them and then makes them, each in the same time.
@@ -70,7 +69,7 @@ double PlanMilliseconds(const platform::Machine& machine, ui::Screen& screen,
     const errors::ErrorReporter reporter(machine, screen);
     const config::RegistryStore store(machine, reporter);
     const auto save = [&](config::RegistryStore& planned) {
-        if (!config::SaveConfiguration(planned, reporter, nullptr, configuration))
+        if (!config::SaveConfiguration(planned, nullptr, configuration))
             throw std::runtime_error("saving failed");
     };
     return Milliseconds([&] { config::PlannedChanges(store, save); }) / 2;

@@ -1,7 +1,7 @@
 // Configurations of any size to measure with, and the two runs that are measured.
 #pragma once
 
-#include "config/Configuration.h"
+#include "config/Records.h"
 #include "platform/Machine.h"
 #include "ui/Screen.h"
 

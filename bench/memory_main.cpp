@@ -46,7 +46,9 @@ struct TextBytes {
     void Text(const wchar_t*, const std::wstring& text) { Add(text); }
     void Number(const wchar_t*, int32_t) {}
     void Masks(const wchar_t*, const wchar_t*, const config::Rule& rule) { Add(rule.Masks); }
-    void CertificateCount(const wchar_t*, const std::vector<config::CertificateRef>& certificates) {
+    void Count(const wchar_t*, const std::vector<config::CertificateRef>&) {}
+    void StoresOf(const config::Rule&) {}
+    void Values(const wchar_t*, const std::vector<config::CertificateRef>& certificates) {
         Add(certificates);
     }
 };

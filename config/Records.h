@@ -57,9 +57,9 @@ inline void GiveArchiveKind(Rule& rule) {
     if ((rule.Operation == L"ARCH" || rule.Operation == L"UNAR") && rule.ZipFile == 0) rule.ZipFile = 1;
 }
 
-// Everything a rule's key holds up to its certificates. Besides texts and numbers a visitor meets the masks
-// (their number, then one value each) and the number of certificates, whose values come last, behind the
-// store locations.
+// Everything a rule's key holds; its signer lists have keys of their own. Besides texts and numbers a visitor
+// meets the masks (their number, then one value each), the number of certificates and, after what the service
+// is given of the store profiles, their values.
 template <class AnyRule, class Visitor>
 void VisitRule(AnyRule& rule, Visitor& visit) {
     visit.Text(L"Operation", rule.Operation);
@@ -78,7 +78,7 @@ void VisitRule(AnyRule& rule, Visitor& visit) {
     visit.Text(L"ExecName", rule.ExecName);
     visit.Number(L"ExecTimeout", rule.ExecTimeout);
     visit.Masks(L"Mask num", L"M", rule);
-    visit.CertificateCount(L"Ext num", rule.Certificates);
+    visit.Count(L"Ext num", rule.Certificates);
     visit.Number(L"Is on", rule.IsOn);
     visit.Text(L"ZCSProfile", rule.ZCSProfile);
     visit.Text(L"ResignProfile", rule.ResignProfile);
@@ -86,6 +86,14 @@ void VisitRule(AnyRule& rule, Visitor& visit) {
     visit.Number(L"Out format det", rule.OutFormatDet);
     visit.Text(L"Descryption", rule.Descryption);
     visit.Number(L"ZipFile", rule.ZipFile);
+    visit.StoresOf(rule);
+    visit.Values(L"C", rule.Certificates);
+}
+
+template <class AnyList, class Visitor>
+void VisitSignerList(AnyList& list, Visitor& visit) {
+    visit.Count(L"Signer Num", list.Signers);
+    visit.Values(L"S", list.Signers);
 }
 
 // The eleven lists from ServerTSP to CrlUpdatePeriod are parallel: entry i of each belongs to the store
@@ -173,5 +181,29 @@ void VisitSettings(AnySettings& settings, Visitor& visit) {
     visit.Text(L"LogPath", settings.LogPath);
     visit.Number(L"Log filesize", settings.LogFilesize);
 }
+
+// A store profile of the cryptographic library: where its certificates lie. The editor only ever reads them.
+struct CsProfile {
+    std::wstring ProfileName;  // its identity everywhere in the editor; need not be unique
+    std::wstring Store0;       // location of the personal store
+    std::wstring Store1;       // location of the local certificate store
+    bool operator==(const CsProfile&) const = default;
+};
+
+// The profiles' names in their order.
+inline std::vector<std::wstring> CsProfileNames(const std::vector<CsProfile>& profiles) {
+    std::vector<std::wstring> names;
+    names.reserve(profiles.size());
+    for (const CsProfile& profile : profiles) names.push_back(profile.ProfileName);
+    return names;
+}
+
+// Everything the editor holds in memory, as the main dialog owns it.
+struct Configuration {
+    GlobalSettings Settings;
+    std::vector<ServiceProfile> Profiles;  // in the registry's order
+    std::vector<CsProfile> CsProfiles;     // likewise; never changed by the editor
+    bool operator==(const Configuration&) const = default;
+};
 
 }  // namespace config

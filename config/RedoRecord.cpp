@@ -11,8 +11,6 @@ namespace config {
 namespace {
 
 using platform::ValueType;
-using platform::Win32Code;
-namespace code = platform::code;
 
 constexpr wchar_t recordValue[] = L"Unfinished save";
 constexpr size_t largestValue = 1 << 20;  // bytes
@@ -97,10 +95,9 @@ std::optional<RedoRecord::State> RedoRecord::Find(errors::ReportMode mode) {
 
 std::optional<RedoRecord::State> RedoRecord::Read(const errors::ReportContext& context) {
     RegistryStore own = store_.Another();
-    const Win32Code opened = own.Open(ServiceHive, EditorPath());
-    if (opened == code::FileNotFound) return State::Missing;
-    if (opened != code::Success && context.mode == errors::ReportMode::Silent) return std::nullopt;
-    if (!report_.Opened(opened, ServiceHive, EditorPath())) return std::nullopt;
+    const KeyOutcome opened = own.OpenIfThere(ServiceHive, EditorPath(), context);
+    if (opened == KeyOutcome::Missing) return State::Missing;
+    if (opened == KeyOutcome::Failure) return std::nullopt;
     Bytes value;
     const ReadOutcome outcome = own.ReadBinary(recordValue, value, context);
     if (outcome == ReadOutcome::Failure) return std::nullopt;
@@ -144,7 +141,7 @@ void RedoRecord::SaveHasEnded() {
 
 bool RedoRecord::Write(const Bytes& changes) {
     RegistryStore own = store_.Another();
-    hasKey_ = own.CreateMachineKey(EditorPath()) == code::Success;
+    hasKey_ = own.CreateMachineKey(EditorPath(), silently);
     if (!hasKey_ || changes.size() > std::numeric_limits<uint32_t>::max()) return false;
     Head head{.Size = static_cast<uint32_t>(changes.size())};
     const bool fits = headSize + changes.size() <= largestValue;
@@ -162,7 +159,7 @@ bool RedoRecord::Write(const Bytes& changes) {
     if (fits) value.insert(value.end(), changes.begin(), changes.end());
     if (!own.WriteValue(recordValue, ValueType::Binary, value, silently)) return false;
     // Should it not reach the disk at once, it still holds when only the process ends.
-    static_cast<void>(own.Flush());
+    own.Flush();
     return true;
 }
 
@@ -177,10 +174,11 @@ bool RedoRecord::WriteParts(RegistryStore& own, uint32_t set, std::span<const st
 
 bool RedoRecord::IsMissing() const {
     RegistryStore own = store_.Another();
-    const Win32Code opened = own.Open(ServiceHive, EditorPath());
+    const KeyOutcome opened = own.OpenIfThere(ServiceHive, EditorPath(), silently);
     Bytes value;
-    return opened == code::FileNotFound ||
-           (opened == code::Success && own.ReadBinary(recordValue, value, silently) == ReadOutcome::Default);
+    return opened == KeyOutcome::Missing ||
+           (opened == KeyOutcome::Opened &&
+            own.ReadBinary(recordValue, value, silently) == ReadOutcome::Default);
 }
 
 bool RedoRecord::Complete() {
@@ -188,25 +186,21 @@ bool RedoRecord::Complete() {
     const auto changes = DecodeChanges(found_).value_or(std::vector<RedoChange>());
     for (const RedoChange& change : changes)
         if (!Make(own, change)) return false;
-    static_cast<void>(own.Close());
     return Remove();
 }
 
 bool RedoRecord::Make(RegistryStore& own, const RedoChange& change) {
     if (change.What == RedoChange::Kind::SetValue)
         return own.WriteValue(change.Name, change.Type, change.Data, context_);
-    if (change.What == RedoChange::Kind::CreateKey)
-        return report_.Opened(own.CreateMachineKey(PathOf(change)), ServiceHive, PathOf(change));
-    if (!report_.Opened(own.CreateMachineKey(ServiceRoot), ServiceHive, ServiceRoot)) return false;
-    const Win32Code deleted = own.DeleteKeyTree(change.Name);
-    return deleted == code::FileNotFound || report_.Deleted(deleted, ServiceHive, PathOf(change));
+    if (change.What == RedoChange::Kind::CreateKey) return own.CreateMachineKey(PathOf(change), context_);
+    return own.CreateMachineKey(ServiceRoot, context_) && own.DeleteKeyTreeIfThere(change.Name, context_);
 }
 
 bool RedoRecord::Remove() {
     RegistryStore own = store_.Another();
-    Win32Code removed = own.Open(ServiceHive, EditorParent);
-    if (removed == code::Success) removed = own.DeleteKeyTree(EditorKey);
-    return removed == code::FileNotFound || report_.Deleted(removed, ServiceHive, EditorPath());
+    const KeyOutcome parent = own.OpenIfThere(ServiceHive, EditorParent, context_);
+    return parent == KeyOutcome::Missing ||
+           (parent == KeyOutcome::Opened && own.DeleteKeyTreeIfThere(EditorKey, context_));
 }
 
 }  // namespace config

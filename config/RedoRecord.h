@@ -16,7 +16,6 @@
 
 #include <optional>
 
-#include "config/KeyReports.h"
 #include "config/RedoChanges.h"
 #include "config/RegistryStore.h"
 
@@ -27,9 +26,8 @@ class RedoRecord {
     enum class State { Missing, Whole, Unreadable };
 
     // store: its current key stays as it is. owner: the dialog that the message boxes belong to.
-    RedoRecord(const RegistryStore& store, const errors::ErrorReporter& reporter, const ui::Dialog* owner)
+    RedoRecord(const RegistryStore& store, const ui::Dialog* owner)
         : store_(store),
-          report_(reporter, owner),
           context_{.owner = owner} {}
 
     // Looks for the record that was left. Nothing when the registry refused, which has been reported unless
@@ -60,7 +58,6 @@ class RedoRecord {
     bool Make(RegistryStore& own, const RedoChange& change);
 
     const RegistryStore& store_;
-    const KeyReports report_;
     const errors::ReportContext context_;
     Bytes found_;          // the changes
     bool hasKey_ = false;  // made by Keep

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <utility>
 
 #include "config/RegistryLayout.h"
 #include "text/Numbers.h"
@@ -11,9 +12,13 @@ namespace config {
 namespace {
 
 using platform::KeyHandle;
+using platform::RootKey;
 using platform::ValueType;
 using platform::Win32Code;
 namespace code = platform::code;
+
+constexpr wchar_t opening[] = L"Create (open) register key %s";  // and closing
+constexpr wchar_t deleting[] = L"Delete register key %s";
 
 constexpr uint32_t subkeyNameCapacity = 260;              // characters, with the terminating zero
 constexpr uint32_t deletedNameCapacity = 256;             // likewise
@@ -48,51 +53,70 @@ class ScopedKey {
 }  // namespace
 
 RegistryStore::~RegistryStore() {
-    if (current_ != KeyHandle::None) registry_.Close(current_);
+    if (current_.handle != KeyHandle::None) registry_.Close(current_.handle);
 }
 
-Win32Code RegistryStore::MakeCurrent(Win32Code code, KeyHandle key) {
-    if (code != code::Success) return code;
-    if (current_ != KeyHandle::None) registry_.Close(current_);
-    current_ = key;
-    return code;
+void RegistryStore::MakeCurrent(Key key) {
+    if (current_.handle != KeyHandle::None) registry_.Close(current_.handle);
+    current_ = std::move(key);
 }
 
-Win32Code RegistryStore::Open(platform::RootKey root, const std::wstring& path) {
+Win32Code RegistryStore::TryOpen(RootKey root, const std::wstring& path) {
     KeyHandle key = KeyHandle::None;
     const Win32Code result = registry_.Open(root, path, key);
-    return MakeCurrent(result, key);
+    if (result == code::Success) MakeCurrent({key, root, path});
+    return result;
 }
 
-Win32Code RegistryStore::CreateMachineKey(const std::wstring& path) {
+bool RegistryStore::Open(RootKey root, const std::wstring& path, const errors::ReportContext& context) {
+    return ReportKey(context, TryOpen(root, path), opening, root, path);
+}
+
+KeyOutcome RegistryStore::OpenIfThere(RootKey root, const std::wstring& path,
+                                      const errors::ReportContext& context) {
+    const Win32Code result = TryOpen(root, path);
+    if (result == code::FileNotFound) return KeyOutcome::Missing;
+    return ReportKey(context, result, opening, root, path) ? KeyOutcome::Opened : KeyOutcome::Failure;
+}
+
+bool RegistryStore::CreateMachineKey(const std::wstring& path, const errors::ReportContext& context) {
     KeyHandle key = KeyHandle::None;
-    const Win32Code result = registry_.Create(platform::RootKey::LocalMachine, path, key);
-    return MakeCurrent(result, key);
+    const Win32Code result = registry_.Create(RootKey::LocalMachine, path, key);
+    if (result == code::Success) MakeCurrent({key, RootKey::LocalMachine, path});
+    return ReportKey(context, result, opening, RootKey::LocalMachine, path);
 }
 
-Win32Code RegistryStore::Close() {
-    const KeyHandle key = current_;
-    current_ = KeyHandle::None;
-    return registry_.Close(key);
+bool RegistryStore::Close(const errors::ReportContext& context, const std::wstring& reportedPath) {
+    const Key key = std::exchange(current_, {});
+    return ReportKey(context, registry_.Close(key.handle), opening, key.root, reportedPath);
 }
 
-Win32Code RegistryStore::Flush() {
-    return registry_.Flush(current_);
+void RegistryStore::Flush() {
+    registry_.Flush(current_.handle);
 }
 
-Win32Code RegistryStore::EnumerateSubkeys(std::vector<std::wstring>& names) {
+bool RegistryStore::EnumerateSubkeys(std::vector<std::wstring>& names, const errors::ReportContext& context) {
     names.clear();
     for (uint32_t index = 0;; ++index) {
         std::wstring name;
-        const Win32Code result = registry_.EnumerateSubkey(current_, index, subkeyNameCapacity, name);
-        if (result == code::NoMoreItems) return code::Success;
-        if (result != code::Success) return result;
+        const Win32Code result = registry_.EnumerateSubkey(current_.handle, index, subkeyNameCapacity, name);
+        if (result == code::NoMoreItems) return true;
+        if (result != code::Success)
+            return ReportKey(context, result, L"Search register key %s subkeys", current_.root,
+                             current_.path);
         names.push_back(std::move(name));
     }
 }
 
-Win32Code RegistryStore::DeleteKeyTree(const std::wstring& name) {
-    return DeleteTree(current_, name);
+bool RegistryStore::DeleteKeyTree(const std::wstring& name, const errors::ReportContext& context,
+                                  const std::wstring& reportedPath) {
+    return ReportKey(context, DeleteTree(current_.handle, name), deleting, current_.root, reportedPath);
+}
+
+bool RegistryStore::DeleteKeyTreeIfThere(const std::wstring& name, const errors::ReportContext& context) {
+    const Win32Code result = DeleteTree(current_.handle, name);
+    return result == code::FileNotFound ||
+           ReportKey(context, result, deleting, current_.root, current_.path + L"\\" + name);
 }
 
 Win32Code RegistryStore::DeleteTree(KeyHandle parent, const std::wstring& name) {
@@ -109,6 +133,15 @@ Win32Code RegistryStore::DeleteTree(KeyHandle parent, const std::wstring& name) 
     return registry_.DeleteSubkey(parent, name);
 }
 
+bool RegistryStore::ReportKey(const errors::ReportContext& context, Win32Code code, const wchar_t* operation,
+                              RootKey root, const std::wstring& path) const {
+    if (code == code::Success) return true;
+    const std::wstring shown =
+        (root == RootKey::LocalMachine ? L"HKEY_LOCAL_MACHINE\\" : L"HKEY_CURRENT_USER\\") + path;
+    reporter_.ErrorReport(context, {.code = code, .operation = operation, .argument = shown});
+    return false;
+}
+
 bool RegistryStore::ReportValue(const errors::ReportContext& context, Win32Code code,
                                 const wchar_t* operation, const std::wstring& name) const {
     reporter_.ErrorReport(context, {.code = code, .operation = operation, .argument = name});
@@ -120,7 +153,7 @@ ReadOutcome RegistryStore::ReadInteger(const std::wstring& name, int32_t& target
     std::array<std::byte, 4> buffer{};
     ValueType type{};
     uint32_t size = buffer.size();
-    const Win32Code result = registry_.Query(current_, name, type, buffer, size);
+    const Win32Code result = registry_.Query(current_.handle, name, type, buffer, size);
     const bool stored = result == code::Success || result == code::MoreData;
     if (result == code::FileNotFound || (stored && size != buffer.size())) {
         target = defaultValue;
@@ -142,7 +175,7 @@ ReadOutcome RegistryStore::ReadString(const std::wstring& name, std::wstring& ta
     std::array<std::byte, stringCapacity> buffer;
     ValueType type{};
     uint32_t size = buffer.size();
-    const Win32Code result = registry_.Query(current_, name, type, buffer, size);
+    const Win32Code result = registry_.Query(current_.handle, name, type, buffer, size);
     const bool missing = result == code::FileNotFound || result == code::InvalidData;
     if (result != code::Success && !missing) {
         ReportValue(context, result, L"Reading string value '%s' from register", name);
@@ -159,20 +192,19 @@ ReadOutcome RegistryStore::ReadString(const std::wstring& name, std::wstring& ta
 }
 
 bool RegistryStore::ReadStringList(const std::wstring& name, std::vector<std::wstring>& target,
-                                   const ui::Dialog* owner) {
+                                   const errors::ReportContext& context) {
     constexpr wchar_t operation[] = L"Reading multistring value '%s' from register";
-    const errors::ReportContext context{owner, errors::ReportMode::ShowAndCollect};
     target.clear();
     ValueType type{};
     uint32_t size = 0;
-    Win32Code result = registry_.Query(current_, name, type, {}, size);
+    Win32Code result = registry_.Query(current_.handle, name, type, {}, size);
     if (result == code::FileNotFound || result == code::InvalidData) return true;
     if (result != code::Success) return ReportValue(context, result, operation, name);
 
     const size_t capacity = size_t{size} + 2;
     const std::unique_ptr<std::byte[]> block = memory_.Allocate(capacity, result);
     if (!block) return ReportValue(context, result, L"Memory allocation", name);
-    result = registry_.Query(current_, name, type, {block.get(), capacity}, size);
+    result = registry_.Query(current_.handle, name, type, {block.get(), capacity}, size);
     if (result == code::FileNotFound || result == code::InvalidData) return true;
     if (result != code::Success) return ReportValue(context, result, operation, name);
     if (auto entries = DecodeStringList(type, {block.get(), std::min<size_t>(size, capacity)}))
@@ -181,10 +213,10 @@ bool RegistryStore::ReadStringList(const std::wstring& name, std::vector<std::ws
 }
 
 bool RegistryStore::ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target,
-                                    const ui::Dialog* owner) {
+                                    const errors::ReportContext& context) {
     target.clear();
     std::vector<std::wstring> entries;
-    if (!ReadStringList(name, entries, owner)) return false;
+    if (!ReadStringList(name, entries, context)) return false;
     for (const std::wstring& entry : entries) target.push_back(text::LeadingNumber(entry));
     return true;
 }
@@ -193,11 +225,12 @@ ReadOutcome RegistryStore::ReadBinary(const std::wstring& name, Bytes& target,
                                       const errors::ReportContext& context) {
     ValueType type{};
     uint32_t size = 0;
-    Win32Code result = registry_.Query(current_, name, type, {}, size);
+    Win32Code result = registry_.Query(current_.handle, name, type, {}, size);
     if (result == code::FileNotFound) return ReadOutcome::Default;
     if (result == code::Success && type != ValueType::Binary) return ReadOutcome::Default;
     Bytes data(size);
-    if (result == code::Success && size > 0) result = registry_.Query(current_, name, type, data, size);
+    if (result == code::Success && size > 0)
+        result = registry_.Query(current_.handle, name, type, data, size);
     if (result != code::Success) {
         ReportValue(context, result, L"Reading binary value '%s' from register", name);
         return ReadOutcome::Failure;
@@ -221,24 +254,23 @@ bool RegistryStore::WriteString(const std::wstring& name, const std::wstring& te
 }
 
 bool RegistryStore::WriteTextList(const std::wstring& name, const std::vector<std::wstring>& texts,
-                                  const ui::Dialog* owner) {
+                                  const errors::ReportContext& context) {
     std::vector<std::wstring> entries(texts);
     for (std::wstring& entry : entries)
         if (entry.empty()) entry = L"0";
-    return WritePlainList(name, entries, owner);
+    return WritePlainList(name, entries, context);
 }
 
 bool RegistryStore::WriteIntegerList(const std::wstring& name, const std::vector<int32_t>& numbers,
-                                     const ui::Dialog* owner) {
+                                     const errors::ReportContext& context) {
     std::vector<std::wstring> entries;
     entries.reserve(numbers.size());
     for (const int32_t number : numbers) entries.push_back(text::Decimal(number));
-    return WritePlainList(name, entries, owner);
+    return WritePlainList(name, entries, context);
 }
 
 bool RegistryStore::WritePlainList(const std::wstring& name, const std::vector<std::wstring>& entries,
-                                   const ui::Dialog* owner) {
-    const errors::ReportContext context{owner, errors::ReportMode::ShowAndCollect};
+                                   const errors::ReportContext& context) {
     const size_t size = EncodedListSize(entries);
     Win32Code result = code::Success;
     const std::unique_ptr<std::byte[]> block = memory_.Allocate(size, result);
@@ -250,13 +282,8 @@ bool RegistryStore::WritePlainList(const std::wstring& name, const std::vector<s
 
 bool RegistryStore::WriteValue(const std::wstring& name, ValueType type, std::span<const std::byte> data,
                                const errors::ReportContext& context) {
-    const Win32Code result = registry_.Set(current_, name, type, data);
+    const Win32Code result = registry_.Set(current_.handle, name, type, data);
     return result == code::Success || ReportValue(context, result, WritingOf(type), name);
-}
-
-std::wstring DisplayPath(platform::RootKey root, const std::wstring& path) {
-    return (root == platform::RootKey::LocalMachine ? L"HKEY_LOCAL_MACHINE\\" : L"HKEY_CURRENT_USER\\") +
-           path;
 }
 
 }  // namespace config

@@ -1,6 +1,5 @@
-// The only user of the registry: one current key through which typed values are read and written. A value
-// that cannot be read or written is reported here, once; what happens to keys is reported by the callers, who
-// know their paths.
+// The only user of the registry: one current key through which typed values are read and written. Whatever
+// fails, with a key or a value, is reported here, once.
 #pragma once
 
 #include <cstdint>
@@ -18,6 +17,9 @@ namespace config {
 // value, or one of another type or shape.
 enum class ReadOutcome { Value, Default, Failure };
 
+// What became of opening a key that need not be there. Failure: it has been reported.
+enum class KeyOutcome { Opened, Missing, Failure };
+
 class RegistryStore {
   public:
     RegistryStore(const platform::Machine& machine, const errors::ErrorReporter& reporter)
@@ -32,24 +34,38 @@ class RegistryStore {
         return {registry, memory, reporter_};
     }
 
-    // Key operations return the system's code, 0 for success. A key that is opened or created becomes the
-    // current one and the former one is closed; when that fails, the former one stays.
-    [[nodiscard]] platform::Win32Code Open(platform::RootKey root, const std::wstring& path);
-    [[nodiscard]] platform::Win32Code CreateMachineKey(const std::wstring& path);
-    [[nodiscard]] platform::Win32Code Close();
-    [[nodiscard]] platform::Win32Code Flush();
-    // Names of the current key's subkeys in the registry's order; 0 also when there are none.
-    [[nodiscard]] platform::Win32Code EnumerateSubkeys(std::vector<std::wstring>& names);
+    // How many failures have been reported so far, of whatever operation; the silent ones left out.
+    size_t ReportCount() const { return reporter_.Count(); }
+
+    // Key operations return false after a report that names the key. A key that is opened or created becomes
+    // the current one and the former one is closed; when that fails, the former one stays.
+    [[nodiscard]] bool Open(platform::RootKey root, const std::wstring& path,
+                            const errors::ReportContext& context);
+    [[nodiscard]] KeyOutcome OpenIfThere(platform::RootKey root, const std::wstring& path,
+                                         const errors::ReportContext& context);
+    [[nodiscard]] bool CreateMachineKey(const std::wstring& path, const errors::ReportContext& context);
+    // reportedPath: what a report names, in the tree of the current key.
+    [[nodiscard]] bool Close(const errors::ReportContext& context, const std::wstring& reportedPath);
+    // Silent: what was written is not lost when this fails, only later on the disk.
+    void Flush();
+    // Names of the current key's subkeys in the registry's order.
+    [[nodiscard]] bool EnumerateSubkeys(std::vector<std::wstring>& names,
+                                        const errors::ReportContext& context);
     // Deletes the subkey of the current key with everything below it; ends at the first deletion that fails.
-    [[nodiscard]] platform::Win32Code DeleteKeyTree(const std::wstring& name);
+    [[nodiscard]] bool DeleteKeyTree(const std::wstring& name, const errors::ReportContext& context,
+                                     const std::wstring& reportedPath);
+    // True, too, when there is no such key.
+    [[nodiscard]] bool DeleteKeyTreeIfThere(const std::wstring& name, const errors::ReportContext& context);
 
     ReadOutcome ReadInteger(const std::wstring& name, int32_t& target, const errors::ReportContext& context,
                             int32_t defaultValue);
     ReadOutcome ReadString(const std::wstring& name, std::wstring& target,
                            const errors::ReportContext& context, const std::wstring& defaultValue = {});
     // Lists have no default but the empty list; a failed read, which returns false, leaves them empty too.
-    bool ReadStringList(const std::wstring& name, std::vector<std::wstring>& target, const ui::Dialog* owner);
-    bool ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target, const ui::Dialog* owner);
+    bool ReadStringList(const std::wstring& name, std::vector<std::wstring>& target,
+                        const errors::ReportContext& context);
+    bool ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target,
+                         const errors::ReportContext& context);
 
     // A value of the type REG_BINARY.
     ReadOutcome ReadBinary(const std::wstring& name, Bytes& target, const errors::ReportContext& context);
@@ -60,12 +76,12 @@ class RegistryStore {
                      const errors::ReportContext& context);
     // An empty entry is written as "0", so that the list keeps its length.
     bool WriteTextList(const std::wstring& name, const std::vector<std::wstring>& texts,
-                       const ui::Dialog* owner);
+                       const errors::ReportContext& context);
     bool WriteIntegerList(const std::wstring& name, const std::vector<int32_t>& numbers,
-                          const ui::Dialog* owner);
+                          const errors::ReportContext& context);
     // Entries as they are.
     bool WritePlainList(const std::wstring& name, const std::vector<std::wstring>& entries,
-                        const ui::Dialog* owner);
+                        const errors::ReportContext& context);
     // The value's bytes as they lie in the registry.
     bool WriteValue(const std::wstring& name, platform::ValueType type, std::span<const std::byte> data,
                     const errors::ReportContext& context);
@@ -77,18 +93,24 @@ class RegistryStore {
           memory_(memory),
           reporter_(reporter) {}
 
-    platform::Win32Code MakeCurrent(platform::Win32Code code, platform::KeyHandle key);
+    struct Key {
+        platform::KeyHandle handle = platform::KeyHandle::None;
+        platform::RootKey root{};
+        std::wstring path;
+    };
+
+    platform::Win32Code TryOpen(platform::RootKey root, const std::wstring& path);
+    void MakeCurrent(Key key);
     platform::Win32Code DeleteTree(platform::KeyHandle parent, const std::wstring& name);
+    bool ReportKey(const errors::ReportContext& context, platform::Win32Code code, const wchar_t* operation,
+                   platform::RootKey root, const std::wstring& path) const;
     bool ReportValue(const errors::ReportContext& context, platform::Win32Code code, const wchar_t* operation,
                      const std::wstring& name) const;
 
     platform::RegistryBackend& registry_;
     platform::Memory& memory_;
     const errors::ErrorReporter& reporter_;
-    platform::KeyHandle current_ = platform::KeyHandle::None;
+    Key current_;
 };
-
-// The path as messages show it: "HKEY_LOCAL_MACHINE\" or "HKEY_CURRENT_USER\" in front.
-std::wstring DisplayPath(platform::RootKey root, const std::wstring& path);
 
 }  // namespace config

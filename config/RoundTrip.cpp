@@ -101,8 +101,11 @@ class Search {
     void Masks(const wchar_t* /*countName*/, const wchar_t* /*prefix*/, const Rule& rule) {
         Texts(L"Mask %d", rule.Masks);
     }
-    // The certificates come last, as they are saved.
-    void CertificateCount(const wchar_t* /*name*/, const std::vector<CertificateRef>& /*certificates*/) {}
+    void Count(const wchar_t* /*name*/, const std::vector<CertificateRef>& /*certificates*/) {}
+    void StoresOf(const Rule& /*rule*/) {}
+    void Values(const wchar_t* /*prefix*/, const std::vector<CertificateRef>& certificates) {
+        Texts(L"Recipient %d", certificates);
+    }
 
   private:
     static std::optional<Reason> WhyNot(const std::wstring& text) {
@@ -149,7 +152,6 @@ void Search::InProfile(const ServiceProfile& profile) {
 void Search::InRule(const Rule& rule) {
     if (rule.Operation.empty()) return;
     VisitRule(rule, *this);
-    Texts(L"Recipient %d", rule.Certificates);
     InSignerLists(rule.SignerLists);
 }
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "config/Configuration.h"
+#include "config/Records.h"
 
 namespace config {
 

@@ -2,8 +2,7 @@
 
 #include <set>
 
-#include "config/FieldWriter.h"
-#include "config/KeyReports.h"
+#include "config/Fields.h"
 #include "config/RedoRecord.h"
 #include "config/RegistryLayout.h"
 #include "text/Format.h"
@@ -11,16 +10,11 @@
 namespace config {
 namespace {
 
-namespace code = platform::code;
-
 class Saver {
   public:
-    Saver(RegistryStore& store, const errors::ErrorReporter& reporter, const ui::Dialog* owner,
-          const Configuration& configuration)
+    Saver(RegistryStore& store, const ui::Dialog* owner, const Configuration& configuration)
         : store_(store),
-          reporter_(reporter),
-          report_(reporter, owner),
-          owner_(owner),
+          context_{.owner = owner},
           configuration_(configuration) {}
 
     bool Save();
@@ -34,12 +28,9 @@ class Saver {
     Bytes ChangesFor(const Found& found) const;
     bool Change(const Found& found);
 
-    bool Open(const std::wstring& path) {
-        return report_.Opened(store_.Open(ServiceHive, path), ServiceHive, path);
-    }
-    bool Create(const std::wstring& path) {
-        return report_.Opened(store_.CreateMachineKey(path), ServiceHive, path);
-    }
+    bool Open(const std::wstring& path) { return store_.Open(ServiceHive, path, context_); }
+    bool Create(const std::wstring& path) { return store_.CreateMachineKey(path, context_); }
+    FieldWriter Writer() { return {store_, context_, configuration_.CsProfiles}; }
 
     bool ReadLdap(std::wstring& ldap);
     bool DeleteRemovedProfiles(const std::vector<std::wstring>& existing);
@@ -49,13 +40,10 @@ class Saver {
     bool RenewRulesKey(const std::wstring& profilePath);
     void WriteRules(const std::wstring& rulesPath, const std::vector<Rule>& rules);
     bool WriteRule(const std::wstring& rulePath, const Rule& rule);
-    void WriteStores(const std::wstring& csProfile, const wchar_t* personalName, const wchar_t* localName);
     void WriteSignerLists(const std::wstring& rulePath, const Rule& rule);
 
     RegistryStore& store_;
-    const errors::ErrorReporter& reporter_;
-    const KeyReports report_;
-    const ui::Dialog* owner_;
+    const errors::ReportContext context_;
     const Configuration& configuration_;
 };
 
@@ -66,22 +54,21 @@ std::wstring ProfilePath(const ServiceProfile& profile) {
 bool Saver::Save() {
     Found found;
     if (!Look(found)) return false;
-    RedoRecord record(store_, reporter_, owner_);
+    RedoRecord record(store_, context_.owner);
     if (!record.Keep(ChangesFor(found))) return false;
-    const size_t failures = reporter_.Count();
+    const size_t failures = store_.ReportCount();
     const bool saved = Change(found);
-    if (reporter_.Count() == failures) record.SaveHasEnded();
+    if (store_.ReportCount() == failures) record.SaveHasEnded();
     return saved;
 }
 
 bool Saver::Look(Found& found) {
-    return ReadLdap(found.ldap) && Open(ServiceRoot) &&
-           report_.Searched(store_.EnumerateSubkeys(found.profiles), ServiceHive, ServiceRoot);
+    return ReadLdap(found.ldap) && Open(ServiceRoot) && store_.EnumerateSubkeys(found.profiles, context_);
 }
 
 Bytes Saver::ChangesFor(const Found& found) const {
     return PlannedChanges(store_, [this, &found](RegistryStore& planned) {
-        Saver planner(planned, reporter_, owner_, configuration_);
+        Saver planner(planned, context_.owner, configuration_);
         static_cast<void>(planner.Open(ServiceRoot));
         static_cast<void>(planner.Change(found));
     });
@@ -93,30 +80,27 @@ bool Saver::Change(const Found& found) {
     CreateNewProfiles(found.profiles);
     for (const ServiceProfile& profile : configuration_.Profiles)
         if (!WriteProfile(profile)) break;
-    static_cast<void>(report_.Opened(store_.Close(), ServiceHive, ServiceRoot));
+    static_cast<void>(store_.Close(context_, ServiceRoot));
     return true;
 }
 
 // Where the library finds its LDAP directory; the service is told by every save.
 bool Saver::ReadLdap(std::wstring& ldap) {
-    const platform::Win32Code result = store_.Open(LibraryHive, LdapStore);
-    if (result == code::FileNotFound) return true;
-    if (!report_.Opened(result, LibraryHive, LdapStore)) return false;
-    store_.ReadString(L"name", ldap, {.owner = owner_});
-    return true;
+    const KeyOutcome outcome = store_.OpenIfThere(LibraryHive, LdapStore, context_);
+    if (outcome == KeyOutcome::Opened) store_.ReadString(L"name", ldap, context_);
+    return outcome != KeyOutcome::Failure;
 }
 
 bool Saver::DeleteRemovedProfiles(const std::vector<std::wstring>& existing) {
     std::set<std::wstring> kept;
     for (const ServiceProfile& profile : configuration_.Profiles) kept.insert(profile.Name);
     for (const std::wstring& name : existing)
-        if (!kept.contains(name) && !report_.Deleted(store_.DeleteKeyTree(name), ServiceHive, ServiceRoot))
-            return false;
+        if (!kept.contains(name) && !store_.DeleteKeyTree(name, context_, ServiceRoot)) return false;
     return true;
 }
 
 void Saver::WriteSettings(const std::wstring& ldap) {
-    FieldWriter writer(store_, owner_);
+    FieldWriter writer = Writer();
     VisitSettings(configuration_.Settings, writer);
     writer.Text(L"LDAP", ldap);
 }
@@ -132,7 +116,7 @@ void Saver::CreateNewProfiles(const std::vector<std::wstring>& existing) {
 bool Saver::WriteProfile(const ServiceProfile& profile) {
     const std::wstring path = ProfilePath(profile);
     if (!Open(path)) return false;
-    FieldWriter writer(store_, owner_);
+    FieldWriter writer = Writer();
     VisitProfile(profile, writer);
     if (!RenewRulesKey(path)) return false;
     WriteRules(path + L"\\" + RulesKey, profile.Rules);
@@ -141,10 +125,7 @@ bool Saver::WriteProfile(const ServiceProfile& profile) {
 }
 
 bool Saver::RenewRulesKey(const std::wstring& profilePath) {
-    const std::wstring rulesPath = profilePath + L"\\" + RulesKey;
-    const platform::Win32Code result = store_.DeleteKeyTree(RulesKey);
-    if (result != code::FileNotFound && !report_.Deleted(result, ServiceHive, rulesPath)) return false;
-    return Create(rulesPath);
+    return store_.DeleteKeyTreeIfThere(RulesKey, context_) && Create(profilePath + L"\\" + RulesKey);
 }
 
 void Saver::WriteRules(const std::wstring& rulesPath, const std::vector<Rule>& rules) {
@@ -156,39 +137,24 @@ void Saver::WriteRules(const std::wstring& rulesPath, const std::vector<Rule>& r
 
 bool Saver::WriteRule(const std::wstring& rulePath, const Rule& rule) {
     if (!Create(rulePath)) return false;
-    FieldWriter writer(store_, owner_);
+    FieldWriter writer = Writer();
     VisitRule(rule, writer);
-    WriteStores(rule.ZCSProfile, L"PSE", L"LOCAL");
-    if (rule.Operation == L"RESG") WriteStores(rule.ResignProfile, L"PSE2", L"LOCAL2");
-    writer.Certificates(L"C", rule.Certificates);
     WriteSignerLists(rulePath, rule);
     return true;
-}
-
-// Several store profiles can carry the same name: the values of the last one stay.
-void Saver::WriteStores(const std::wstring& csProfile, const wchar_t* personalName,
-                        const wchar_t* localName) {
-    FieldWriter writer(store_, owner_);
-    for (const crypto::CsProfile& profile : configuration_.CsProfiles) {
-        if (profile.ProfileName != csProfile) continue;
-        writer.Text(personalName, profile.Store0);
-        writer.Text(localName, profile.Store1);
-    }
 }
 
 void Saver::WriteSignerLists(const std::wstring& rulePath, const Rule& rule) {
     for (const SignerListEntry& list : rule.SignerLists) {
         if (!Create(rulePath + L"\\" + list.Name)) return;
-        FieldWriter writer(store_, owner_);
-        writer.Numbered(L"Signer Num", L"S", list.Signers);
+        FieldWriter writer = Writer();
+        VisitSignerList(list, writer);
     }
 }
 
 }  // namespace
 
-bool SaveConfiguration(RegistryStore& store, const errors::ErrorReporter& reporter, const ui::Dialog* owner,
-                       const Configuration& configuration) {
-    return Saver(store, reporter, owner, configuration).Save();
+bool SaveConfiguration(RegistryStore& store, const ui::Dialog* owner, const Configuration& configuration) {
+    return Saver(store, owner, configuration).Save();
 }
 
 }  // namespace config

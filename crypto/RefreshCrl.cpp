@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "config/KeyReports.h"
 #include "config/RegistryLayout.h"
 #include "crypto/CrlStamps.h"
 #include "crypto/LibraryFailure.h"
@@ -14,19 +13,6 @@ namespace crypto {
 namespace {
 
 constexpr wchar_t stampsValue[] = L"LastCrlUpdate";
-constexpr auto machine = platform::RootKey::LocalMachine;
-
-// Closes the store's current key at the end of the scope.
-class CurrentKey {
-  public:
-    explicit CurrentKey(config::RegistryStore& store) : store_(store) {}
-    ~CurrentKey() { static_cast<void>(store_.Close()); }
-    CurrentKey(const CurrentKey&) = delete;
-    CurrentKey& operator=(const CurrentKey&) = delete;
-
-  private:
-    config::RegistryStore& store_;
-};
 
 struct Loaded {
     platform::kseal::Code code = 0;
@@ -47,21 +33,20 @@ Loaded LoadCrl(const CryptoContext& context) {
 
 bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, const ContextSettings& settings,
                 const CryptoContext& context) {
-    config::RegistryStore& store = services.Registry;
-    const config::KeyReports report(services.Errors, &parent);
-    if (!report.Opened(store.Open(machine, config::ServiceRoot), machine, config::ServiceRoot)) return false;
-    const CurrentKey key(store);
+    const errors::ReportContext report{.owner = &parent};
+    config::RegistryStore store = services.Registry.Another();
+    if (!store.Open(config::ServiceHive, config::ServiceRoot, report)) return false;
 
     const int64_t now = services.Machine.Clock.SecondsSince1970();
     std::vector<std::wstring> stamps;
-    const bool stampsKnown = store.ReadStringList(stampsValue, stamps, &parent);
+    const bool stampsKnown = store.ReadStringList(stampsValue, stamps, report);
     const CrlStampSearch found = FindCrlStamp(stamps, settings.ZCSProfile, settings.CrlUpdatePeriod, now);
     if (!found.due) return true;
 
     const Loaded loaded = LoadCrl(context);
     SetCrlStamp(stamps, found.position, settings.ZCSProfile, now);
     // Writing after a failed read would lose the stamps of all other store profiles.
-    if (stampsKnown) store.WritePlainList(stampsValue, stamps, &parent);
+    if (stampsKnown) store.WritePlainList(stampsValue, stamps, report);
 
     if (loaded.code == 0 || loaded.diagnostic.empty()) return true;
     const LibraryFailure failure{.code = loaded.code,

@@ -181,7 +181,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     ui::memory::MemoryScreen screen(machine.ScreenMetrics, user);
     const errors::ErrorReporter reporter(machine.Machine, screen);
     config::RegistryStore store(machine.Machine, reporter);
-    Require(store.CreateMachineKey(L"SOFTWARE\\TALVERON\\morcelservice") == 0);
+    Require(store.CreateMachineKey(L"SOFTWARE\\TALVERON\\morcelservice", {}));
     const config::Services services{machine.Machine, screen, reporter, store};
     ui::Dialog parent(screen, nullptr, {.size = {100, 50}});
     parent.OpenModeless();

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "config/RuleOrder.h"
+#include "config/Load.h"
 #include "fuzz/Input.h"
 #include "fuzz/Text.h"
 #include "text/Numbers.h"

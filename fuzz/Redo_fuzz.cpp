@@ -31,7 +31,7 @@ class Program {
   public:
     Program() { fuzz::BuildTree(tree, machine_.StoredRegistry); }
 
-    RedoRecord Record() { return {store_, reporter_, nullptr}; }
+    RedoRecord Record() { return {store_, nullptr}; }
     void StoreRecord(const Bytes& bytes) {
         const std::wstring path = std::wstring(config::EditorParent) + L"\\" + config::EditorKey;
         demo::RegistryKey::Create(machine_.StoredRegistry, RootKey::LocalMachine, path)

@@ -38,7 +38,7 @@ class Program {
         std::optional<Configuration> loaded;
         {
             config::RegistryStore store(direct_, reporter_);
-            loaded = config::LoadConfiguration(store, reporter_, nullptr);
+            loaded = config::LoadConfiguration(store, nullptr);
         }
         CheckReports(loaded ? 0 : 1);
         return loaded;
@@ -48,7 +48,7 @@ class Program {
         reports_.Forget();
         {
             config::RegistryStore store(direct_, reporter_);
-            Require(config::SaveConfiguration(store, reporter_, nullptr, configuration));
+            Require(config::SaveConfiguration(store, nullptr, configuration));
         }
         // All that saving reads is the name of the network store.
         CheckReports(0);

@@ -93,7 +93,7 @@ void CheckList(ValueType type, Data data) {
 class StoredValue {
   public:
     StoredValue(ValueType type, Data data) : type_(type), data_(data) {
-        Require(store_.CreateMachineKey(L"Key") == 0);
+        Require(store_.CreateMachineKey(L"Key", {}));
         platform::KeyHandle key{};
         Require(machine_.StoredRegistry.Create(platform::RootKey::LocalMachine, L"Key", key) == 0);
         Require(machine_.StoredRegistry.Set(key, name_, type, data) == 0);
@@ -130,14 +130,14 @@ class StoredValue {
         Texts texts;
         std::vector<int32_t> numbers;
         std::vector<int32_t> numbersAgain;
-        Require(store_.ReadStringList(name_, texts, nullptr) &&
+        Require(store_.ReadStringList(name_, texts, {}) &&
                 texts == PlainList(type_, data_).value_or(Texts()));
-        Require(store_.ReadIntegerList(name_, numbers, nullptr) && numbers.size() == texts.size());
-        Require(store_.WriteIntegerList(L"Numbers", numbers, nullptr));
-        Require(store_.ReadIntegerList(L"Numbers", numbersAgain, nullptr) && numbersAgain == numbers);
+        Require(store_.ReadIntegerList(name_, numbers, {}) && numbers.size() == texts.size());
+        Require(store_.WriteIntegerList(L"Numbers", numbers, {}));
+        Require(store_.ReadIntegerList(L"Numbers", numbersAgain, {}) && numbersAgain == numbers);
         Texts textsAgain;
-        Require(store_.WriteTextList(L"Texts", texts, nullptr));
-        Require(store_.ReadStringList(L"Texts", textsAgain, nullptr) && textsAgain == texts);
+        Require(store_.WriteTextList(L"Texts", texts, {}));
+        Require(store_.ReadStringList(L"Texts", textsAgain, {}) && textsAgain == texts);
         Require(reports_.Count() == 0);
     }
 

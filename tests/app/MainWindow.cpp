@@ -63,7 +63,7 @@ std::vector<std::wstring> MainWindowTest::RuleColumn(size_t column) const {
 
 int32_t MainWindowTest::StoredInteger(const std::wstring& path, const std::wstring& name) {
     int32_t value = 0;
-    EXPECT_EQ(store_.Open(platform::RootKey::LocalMachine, path), 0U);
+    EXPECT_TRUE(store_.Open(platform::RootKey::LocalMachine, path, {}));
     EXPECT_EQ(store_.ReadInteger(name, value, {}, 0), config::ReadOutcome::Value);
     return value;
 }

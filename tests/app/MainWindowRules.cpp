@@ -50,7 +50,7 @@ void MainWindowRulesTest::Store() {
         withoutOperation += "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Alpha\\rules\\Rule " +
                             std::to_string(i) + "]\nOperation = \"\"\n\n";
     }
-    ASSERT_TRUE(config::SaveConfiguration(store_, reporter_, nullptr, configuration_));
+    ASSERT_TRUE(config::SaveConfiguration(store_, nullptr, configuration_));
     Seed(withoutOperation);
 }
 
@@ -61,7 +61,7 @@ int MainWindowRulesTest::Run(const std::function<void()>& script) {
 }
 
 std::vector<config::Rule> MainWindowRulesTest::StoredRules() {
-    const auto loaded = config::LoadConfiguration(store_, reporter_, nullptr);
+    const auto loaded = config::LoadConfiguration(store_, nullptr);
     return loaded && !loaded->Profiles.empty() ? loaded->Profiles[0].Rules : std::vector<config::Rule>();
 }
 

@@ -22,10 +22,9 @@ BasePath = "C:\Keys"
 [HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Beta\rules]
 )");
         for (const wchar_t* name : {L"Alpha", L"Beta"}) {
-            ASSERT_EQ(store_.Open(platform::RootKey::LocalMachine,
-                                  std::wstring(L"SOFTWARE\\TALVERON\\morcelservice\\") + name),
-                      0U);
-            ASSERT_TRUE(store_.WriteTextList(L"ZCSProfile", profile_.ZCSProfile, nullptr));
+            ASSERT_TRUE(store_.Open(platform::RootKey::LocalMachine,
+                                    std::wstring(L"SOFTWARE\\TALVERON\\morcelservice\\") + name, {}));
+            ASSERT_TRUE(store_.WriteTextList(L"ZCSProfile", profile_.ZCSProfile, {}));
         }
         files_.AddFolder(realFiles_->Folder());
     }
@@ -101,7 +100,7 @@ TEST_F(RuleJourney, RulesOfEveryOperationSurviveSavingLoadingAndTheExchangeFile)
     });
     EXPECT_EQ(app::CBrisgateDlg(editorServices_, &certificates_).DoModal(), ui::IdCancel);
 
-    const auto loaded = config::LoadConfiguration(store_, reporter_, nullptr);
+    const auto loaded = config::LoadConfiguration(store_, nullptr);
     ASSERT_TRUE(loaded);
     ASSERT_EQ(loaded->Profiles.size(), 2U);
     EXPECT_EQ(loaded->Profiles[0].Rules, expected);

@@ -33,14 +33,14 @@ class SettingsCommandsTest : public SettingsTest {
     }
     std::wstring Stored(const std::wstring& name) {
         std::wstring text;
-        EXPECT_EQ(store_.Open(platform::RootKey::LocalMachine, ServiceRoot), 0U);
+        EXPECT_TRUE(store_.Open(platform::RootKey::LocalMachine, ServiceRoot, {}));
         EXPECT_EQ(store_.ReadString(name, text, {}), config::ReadOutcome::Value);
         return text;
     }
     Texts StoredList(const std::wstring& name) {
         Texts texts;
-        EXPECT_EQ(store_.Open(platform::RootKey::LocalMachine, ServiceRoot), 0U);
-        EXPECT_TRUE(store_.ReadStringList(name, texts, nullptr));
+        EXPECT_TRUE(store_.Open(platform::RootKey::LocalMachine, ServiceRoot, {}));
+        EXPECT_TRUE(store_.ReadStringList(name, texts, {}));
         return texts;
     }
 };

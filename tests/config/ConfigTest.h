@@ -46,14 +46,14 @@ class ConfigTest : public WorldTest {
     std::optional<config::Configuration> Load() { return LoadReportingTo(reporter_); }
     std::optional<config::Configuration> LoadReportingTo(const errors::ErrorReporter& reporter) {
         config::RegistryStore store(world_->Machine(), reporter);
-        return config::LoadConfiguration(store, reporter, nullptr);
+        return config::LoadConfiguration(store, nullptr);
     }
     bool Save(const config::Configuration& configuration) {
         return SaveReportingTo(reporter_, configuration);
     }
     bool SaveReportingTo(const errors::ErrorReporter& reporter, const config::Configuration& configuration) {
         config::RegistryStore store(world_->Machine(), reporter);
-        return config::SaveConfiguration(store, reporter, nullptr, configuration);
+        return config::SaveConfiguration(store, nullptr, configuration);
     }
 
     // The next box is the report of this failure; the description comes from the system.

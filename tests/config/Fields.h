@@ -43,9 +43,11 @@ class FieldCollector {
     void Masks(const wchar_t* name, const wchar_t* /*prefix*/, config::Rule& rule) {
         fields.push_back({name, &rule.Masks, true});
     }
-    void CertificateCount(const wchar_t* name, std::vector<std::wstring>& value) {
+    void Count(const wchar_t* name, std::vector<std::wstring>& value) {
         fields.push_back({name, &value, true});
     }
+    void StoresOf(const config::Rule& /*rule*/) {}
+    void Values(const wchar_t* /*prefix*/, std::vector<std::wstring>& /*counted*/) {}
 };
 
 inline std::vector<Field> FieldsOf(config::Rule& rule) {

@@ -1,7 +1,7 @@
 // The configuration of GoldenTree.h as records.
 #pragma once
 
-#include "config/Configuration.h"
+#include "config/Records.h"
 
 namespace tests {
 
@@ -116,7 +116,7 @@ inline config::ServiceProfile GoldenExchange() {
     return profile;
 }
 
-inline std::vector<crypto::CsProfile> GoldenCsProfiles() {
+inline std::vector<config::CsProfile> GoldenCsProfiles() {
     return {{L"Bank keys", L"pse://signed/D:\\Bank\\local.pse", L"file://D:\\Bank\\local.gdbm"},
             {L"Archive keys", L"pse://signed/C:\\Keys\\local.pse", L"file://C:\\Keys\\local.gdbm"}};
 }

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "config/Configuration.h"
+#include "config/Records.h"
 #include "platform/memory/FaultyRegistry.h"
 
 namespace tests {

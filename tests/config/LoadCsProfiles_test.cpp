@@ -1,5 +1,5 @@
 // The library's store profiles, as they are read from the user's part of the registry.
-#include "config/LoadCsProfiles.h"
+#include "config/Load.h"
 
 #include <gtest/gtest.h>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-using crypto::CsProfile;
+using config::CsProfile;
 using tests::Key;
 using tests::LibraryKey;
 using tests::RegistryCall;
@@ -23,9 +23,7 @@ class LoadCsProfilesTest : public tests::ConfigTest {
     // Nothing when loading ended.
     std::optional<Profiles> LoadProfiles() {
         config::RegistryStore store(world_->Machine(), reporter_);
-        Profiles profiles;
-        const bool loaded = config::LoadCsProfiles(store, reporter_, nullptr, profiles);
-        return loaded ? std::optional(profiles) : std::nullopt;
+        return config::LoadCsProfiles(store, nullptr);
     }
     static std::string Profile(const std::string& key, const std::string& values) {
         return Key(LibraryKey + "\\Profiles\\" + key) + values;
@@ -70,14 +68,14 @@ TEST_F(LoadCsProfilesTest, TheNameIsAValueAndTheKeysGiveTheOrder) {
     EXPECT_EQ(
         LoadProfiles(),
         (Profiles{{L"Twin", L"a", L"b"}, {L"Twin", L"a", L"b"}, {L"First", L"a", L"b"}, {L"", L"a", L"b"}}));
-    EXPECT_EQ(crypto::CsProfileNames(*LoadProfiles()),
+    EXPECT_EQ(config::CsProfileNames(*LoadProfiles()),
               (std::vector<std::wstring>{L"Twin", L"Twin", L"First", L""}));
 }
 
 TEST_F(LoadCsProfilesTest, NoProfilesIsNoFailure) {
     SeedTrees(Key(LibraryKey + "\\Profiles"));
     EXPECT_EQ(LoadProfiles(), Profiles{});
-    EXPECT_EQ(crypto::CsProfileNames({}), std::vector<std::wstring>{});
+    EXPECT_EQ(config::CsProfileNames({}), std::vector<std::wstring>{});
 }
 
 TEST_F(LoadCsProfilesTest, NothingIsEverWritten) {

@@ -80,7 +80,7 @@ class FirstRun : public tests::ConfigTest {
     }
     // False: there was none.
     bool CompleteRecord() {
-        config::RedoRecord record(store_, reporter_, nullptr);
+        config::RedoRecord record(store_, nullptr);
         if (record.Find() != config::RedoRecord::State::Whole) return false;
         EXPECT_TRUE(record.Complete());
         return true;

@@ -35,7 +35,7 @@ Bytes BytesOf(std::string_view text) {
 class Record : public tests::ConfigTest {
   protected:
     void SetUp() override { SeedTrees(tests::Key(tests::ServiceKey) + "LogPath = \"C:\\Before\"\n"); }
-    RedoRecord NewRecord() { return {store_, reporter_, nullptr}; }
+    RedoRecord NewRecord() { return {store_, nullptr}; }
     std::optional<State> Find() { return NewRecord().Find(); }
     bool Keep(const Bytes& changes) { return NewRecord().Keep(changes); }
     bool Complete() {
@@ -49,7 +49,7 @@ class Record : public tests::ConfigTest {
     // The setting of the service's log path.
     Bytes LogPath(const std::wstring& path) {
         return Planned([&path](config::RegistryStore& store) {
-            EXPECT_EQ(store.CreateMachineKey(config::ServiceRoot), code::Success);
+            EXPECT_TRUE(store.CreateMachineKey(config::ServiceRoot, {}));
             EXPECT_TRUE(store.WriteString(L"LogPath", path, {}));
         });
     }
@@ -155,17 +155,16 @@ TEST_F(Record, EveryKindOfChangeIsMadeAgain) {
               "x = 1\n" + tests::BelowService("Stays\\rules\\Rule 7\\List") + "x = 1\n" +
               tests::BelowService("Stays") + "kept = 1\n");
     ASSERT_TRUE(Keep(Planned([](config::RegistryStore& store) {
-        EXPECT_EQ(store.Open(config::ServiceHive, config::ServiceRoot), code::Success);
-        EXPECT_EQ(store.DeleteKeyTree(L"Old"), code::Success);
-        EXPECT_EQ(store.DeleteKeyTree(L"Never was"), code::Success);
+        EXPECT_TRUE(store.Open(config::ServiceHive, config::ServiceRoot, {}));
+        EXPECT_TRUE(store.DeleteKeyTreeIfThere(L"Old", {}));
+        EXPECT_TRUE(store.DeleteKeyTreeIfThere(L"Never was", {}));
         store.WriteInteger(L"Log filesize", 4000, {});
-        store.WriteTextList(L"ExtExt", {L"xml", L""}, nullptr);
-        EXPECT_EQ(store.Open(config::ServiceHive, std::wstring(config::ServiceRoot) + L"\\Stays"),
-                  code::Success);
-        EXPECT_EQ(store.DeleteKeyTree(L"rules"), code::Success);
+        store.WriteTextList(L"ExtExt", {L"xml", L""}, {});
+        EXPECT_TRUE(store.Open(config::ServiceHive, std::wstring(config::ServiceRoot) + L"\\Stays", {}));
+        EXPECT_TRUE(store.DeleteKeyTreeIfThere(L"rules", {}));
         store.WriteInteger(L"Verify File", -1, {});
-        EXPECT_EQ(store.CreateMachineKey(std::wstring(config::ServiceRoot) + L"\\Stays\\rules\\Rule 0"),
-                  code::Success);
+        EXPECT_TRUE(
+            store.CreateMachineKey(std::wstring(config::ServiceRoot) + L"\\Stays\\rules\\Rule 0", {}));
     })));
     const std::string after = tests::Key(tests::ServiceKey) +
                               "ExtExt = { \"xml\", \"0\" }\nkept = 1\nLog filesize = 4000\n" +
@@ -291,9 +290,9 @@ TEST_F(Record, AnEarlierOneThatCannotBeRemovedEitherForbidsTheSave) {
 
 TEST_F(Record, AChangeThatFailsIsReportedOnceAndTheRecordStays) {
     const Bytes changes = Planned([](config::RegistryStore& store) {
-        EXPECT_EQ(store.Open(config::ServiceHive, config::ServiceRoot), code::Success);
-        EXPECT_EQ(store.DeleteKeyTree(L"Old"), code::Success);
-        EXPECT_EQ(store.CreateMachineKey(std::wstring(config::ServiceRoot) + L"\\New"), code::Success);
+        EXPECT_TRUE(store.Open(config::ServiceHive, config::ServiceRoot, {}));
+        EXPECT_TRUE(store.DeleteKeyTreeIfThere(L"Old", {}));
+        EXPECT_TRUE(store.CreateMachineKey(std::wstring(config::ServiceRoot) + L"\\New", {}));
         store.WriteInteger(L"Verify File", 1, {});
     });
     const std::wstring root = L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice";

@@ -1,5 +1,5 @@
 // The order of rule keys, compared with the exchange sort that defines it.
-#include "config/RuleOrder.h"
+#include "config/Load.h"
 
 #include <gtest/gtest.h>
 

@@ -161,7 +161,7 @@ TEST_F(SaveFaults, EveryCallIsMadeUpForByTheRecord) {
         Registry().NoFaults();
         if (calls[n].call == RegistryCall::Close) ++unclosed_;
         config::RegistryStore store(world_->Machine(), faultReporter_);
-        config::RedoRecord record(store, faultReporter_, nullptr);
+        config::RedoRecord record(store, nullptr);
         const bool isLeft = record.Find() == config::RedoRecord::State::Whole;
         EXPECT_EQ(isLeft, !screen_.reports.empty());
         if (isLeft) {
@@ -183,7 +183,7 @@ TEST_F(SaveFaults, EveryCallOfACompletion) {
     const auto complete = [this] {
         screen_.reports.clear();
         config::RegistryStore store(world_->Machine(), faultReporter_);
-        config::RedoRecord record(store, faultReporter_, nullptr);
+        config::RedoRecord record(store, nullptr);
         return record.Find() == config::RedoRecord::State::Whole && record.Complete();
     };
     Registry().ForgetCalls();

@@ -39,10 +39,10 @@ class SaveProfiles : public tests::ConfigTest {
         Names keys;
         config::RegistryStore store(world_->Machine(), reporter_);
         const std::wstring root = L"SOFTWARE\\TALVERON\\morcelservice";
-        EXPECT_EQ(store.Open(platform::RootKey::LocalMachine, root), 0U);
-        EXPECT_EQ(store.EnumerateSubkeys(keys), 0U);
+        EXPECT_TRUE(store.Open(platform::RootKey::LocalMachine, root, {}));
+        EXPECT_TRUE(store.EnumerateSubkeys(keys, {}));
         for (std::wstring& key : keys) {
-            EXPECT_EQ(store.Open(platform::RootKey::LocalMachine, root + L"\\" + key), 0U);
+            EXPECT_TRUE(store.Open(platform::RootKey::LocalMachine, root + L"\\" + key, {}));
             int32_t kept = 0;
             store.ReadInteger(L"kept", kept, {}, 0);
             if (kept != 0) key += L"*";

@@ -23,7 +23,7 @@ using tests::Replace;
 using tests::ServiceKey;
 namespace code = platform::code;
 
-const std::vector<crypto::CsProfile> csProfiles{{L"One", L"one0", L"one1"},
+const std::vector<config::CsProfile> csProfiles{{L"One", L"one0", L"one1"},
                                                 {L"Twin", L"first0", L"first1"},
                                                 {L"Other", L"other0", L"other1"},
                                                 {L"Twin", L"last0", L"last1"},

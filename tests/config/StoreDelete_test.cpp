@@ -23,13 +23,17 @@ const std::string doomed = prefix + "doomed]\nv = 1\n" + prefix + "doomed\\a]\n"
 
 class StoreDelete : public tests::StoreTest {
   protected:
+    bool Delete() { return Store().DeleteKeyTreeIfThere(L"doomed", {}); }
+    void ExpectFailure(platform::Win32Code code) {
+        ExpectReport(L"Delete register key HKEY_LOCAL_MACHINE\\" + std::wstring(KeyPath) + L"\\doomed", code);
+    }
     void SetUp() override {
         StoreTest::SetUp();
         SeedValues(kept + doomed);
     }
     // The calls that deleting the whole tree takes.
     std::vector<platform::memory::RecordedCall> AllCalls() {
-        EXPECT_EQ(Store().DeleteKeyTree(L"doomed"), code::Success);
+        EXPECT_TRUE(Delete());
         const auto calls = Registry().Calls();
         SeedValues(kept + doomed);
         return calls;
@@ -37,33 +41,37 @@ class StoreDelete : public tests::StoreTest {
 };
 
 TEST_F(StoreDelete, RemovesTheKeyWithEverythingBelowIt) {
-    EXPECT_EQ(Store().DeleteKeyTree(L"doomed"), code::Success);
+    EXPECT_TRUE(Delete());
     EXPECT_EQ(DumpKey(), KeyWith(kept));
     EXPECT_EQ(Registry().OpenKeys(), 1U);
 }
 
 TEST_F(StoreDelete, LeavesTheCurrentKeyCurrent) {
-    EXPECT_EQ(Store().DeleteKeyTree(L"doomed"), code::Success);
+    EXPECT_TRUE(Delete());
     EXPECT_TRUE(Store().WriteInteger(L"a", 7, {}));
     EXPECT_EQ(DumpKey(), KeyWith("a = 7\n" + kept.substr(kept.find('\n') + 1)));
 }
 
-TEST_F(StoreDelete, AMissingKeyIsNotFound) {
-    EXPECT_EQ(Store().DeleteKeyTree(L"nobody"), code::FileNotFound);
+TEST_F(StoreDelete, AMissingKeyIsAFailureWhereItHasToBeThere) {
+    EXPECT_TRUE(Store().DeleteKeyTreeIfThere(L"nobody", {}));
     EXPECT_EQ(Registry().Calls().size(), 1U);
+    ExpectReport(L"Delete register key HKEY_LOCAL_MACHINE\\shown", code::FileNotFound);
+    EXPECT_FALSE(Store().DeleteKeyTree(L"nobody", {}, L"shown"));
+    EXPECT_TRUE(Store().DeleteKeyTree(L"doomed", {}, L"shown"));
+    EXPECT_EQ(DumpKey(), KeyWith(kept));
 }
 
 TEST_F(StoreDelete, NamesUpToTheLongestAreDeleted) {
     const std::string longest(255, 'x');
     SeedValues(kept + prefix + "doomed\\" + longest + "\\" + longest + "]\n");
-    EXPECT_EQ(Store().DeleteKeyTree(L"doomed"), code::Success);
+    EXPECT_TRUE(Delete());
     EXPECT_EQ(DumpKey(), KeyWith(kept));
 }
 
 TEST_F(StoreDelete, TakesOpenEnumerateCloseAndDeleteForEachKey) {
     AllCalls();
     Registry().ForgetCalls();
-    EXPECT_EQ(Store().DeleteKeyTree(L"doomed"), code::Success);
+    EXPECT_TRUE(Delete());
     constexpr size_t keys = 7;
     EXPECT_EQ(Registry().CountOf(RegistryCall::OpenSubkey), keys);
     EXPECT_EQ(Registry().CountOf(RegistryCall::Close), keys);
@@ -92,26 +100,26 @@ TEST_F(StoreDelete, EveryStepCanFail) {
         SCOPED_TRACE(n);
         SeedValues(kept + doomed);
         Registry().FailNth(n, refused);
-        const platform::Win32Code result = Store().DeleteKeyTree(L"doomed");
-        if (call == RegistryCall::EnumerateSubkey) {
-            // Taken for the end: what still has subkeys then cannot be deleted.
-            EXPECT_EQ(result, HasSubkeysLeft(calls, n) ? code::AccessDenied : code::Success);
-        } else {
-            EXPECT_EQ(result, refused);
+        // An enumeration that fails is taken for the end: what still has subkeys then cannot be deleted.
+        const bool enumerates = call == RegistryCall::EnumerateSubkey;
+        const bool fails = !enumerates || HasSubkeysLeft(calls, n);
+        if (fails) ExpectFailure(enumerates ? code::AccessDenied : refused);
+        EXPECT_EQ(Delete(), !fails);
+        if (!enumerates) {
             EXPECT_EQ(Registry().CountOf(RegistryCall::DeleteSubkey), DeletionsAmong(calls, n + 1))
                 << "the walk went on behind the failure";
         }
         EXPECT_EQ(Registry().OpenKeys(), 1U) << "only the current key stays open";
         Registry().NoFaults();
-        EXPECT_EQ(Store().DeleteKeyTree(L"doomed"),
-                  result == code::Success ? code::FileNotFound : code::Success);
+        EXPECT_TRUE(Delete());
         EXPECT_EQ(DumpKey(), KeyWith(kept));
     }
 }
 
 TEST_F(StoreDelete, WhatWasDeletedBeforeAFailureStaysDeleted) {
     Registry().FailWhere(RegistryCall::DeleteSubkey, L"\\doomed\\b", refused);
-    EXPECT_EQ(Store().DeleteKeyTree(L"doomed"), refused);
+    ExpectFailure(refused);
+    EXPECT_FALSE(Delete());
     Registry().NoFaults();
     EXPECT_EQ(DumpKey(), KeyWith("a = 1\n\n" + prefix + "before]\nv = 1\n\n" + prefix + "behind]\nv = 2\n\n" +
                                  prefix + "doomed]\nv = 1\n\n" + prefix + "doomed\\b]\n\n" + prefix +

@@ -16,19 +16,24 @@ using Names = std::vector<std::wstring>;
 namespace code = platform::code;
 
 constexpr wchar_t otherPath[] = L"SOFTWARE\\TALVERON\\morcelservice\\other";
+const std::wstring otherKey = std::wstring(L"HKEY_LOCAL_MACHINE\\") + otherPath;
 
 class StoreKeys : public tests::StoreTest {
   protected:
     // Where a written value arrives tells which key is current.
     void Mark(const wchar_t* name) { EXPECT_TRUE(Store().WriteInteger(name, 1, {})); }
     void SeedOther() { Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\other]\n"); }
+    // Reports name the key with its root.
+    void ExpectNoKey(const std::wstring& path, platform::Win32Code code = code::FileNotFound) {
+        ExpectReport(L"Create (open) register key " + path, code);
+    }
     size_t Closed() { return Registry().CountOf(RegistryCall::Close); }
 };
 
 TEST_F(StoreKeys, AnOpenedKeyBecomesCurrentAndTheFormerOneIsClosed) {
     SeedOther();
     Registry().ForgetCalls();
-    EXPECT_EQ(Store().Open(RootKey::LocalMachine, otherPath), code::Success);
+    EXPECT_TRUE(Store().Open(RootKey::LocalMachine, otherPath, {}));
     EXPECT_EQ(Registry().OpenKeys(), 1U);
     EXPECT_EQ(Closed(), 1U);
     Mark(L"mark");
@@ -38,26 +43,48 @@ TEST_F(StoreKeys, AnOpenedKeyBecomesCurrentAndTheFormerOneIsClosed) {
 }
 
 TEST_F(StoreKeys, AMissingKeyLeavesTheFormerOneCurrent) {
-    EXPECT_EQ(Store().Open(RootKey::LocalMachine, otherPath), code::FileNotFound);
+    ExpectNoKey(otherKey);
+    EXPECT_FALSE(Store().Open(RootKey::LocalMachine, otherPath, {}));
     EXPECT_EQ(Closed(), 0U);
     Mark(L"mark");
     EXPECT_EQ(DumpKey(), KeyWith("mark = 1\n"));
 }
 
 TEST_F(StoreKeys, OpeningNeverCreates) {
-    EXPECT_EQ(Store().Open(RootKey::LocalMachine, otherPath), code::FileNotFound);
-    EXPECT_EQ(Store().Open(RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\Profiles"),
-              code::FileNotFound);
+    ExpectNoKey(otherKey);
+    EXPECT_FALSE(Store().Open(RootKey::LocalMachine, otherPath, {}));
+    ExpectNoKey(L"HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles");
+    EXPECT_FALSE(Store().Open(RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\Profiles", {}));
     EXPECT_EQ(Registry().CountOf(RegistryCall::Create), 0U);
-    EXPECT_EQ(Store().Open(RootKey::LocalMachine, otherPath), code::FileNotFound);
+    ExpectNoKey(otherKey);
+    EXPECT_FALSE(Store().Open(RootKey::LocalMachine, otherPath, {}));
+}
+
+// Whoever can do without it is not bothered.
+TEST_F(StoreKeys, AKeyThatNeedNotBeThere) {
+    using config::KeyOutcome;
+    EXPECT_EQ(Store().OpenIfThere(RootKey::LocalMachine, otherPath, {}), KeyOutcome::Missing);
+    Mark(L"mark");
+    EXPECT_EQ(DumpKey(), KeyWith("mark = 1\n"));
+    SeedOther();
+    Registry().FailWhere(RegistryCall::Open, L"\\other", code::AccessDenied);
+    ExpectNoKey(otherKey, code::AccessDenied);
+    EXPECT_EQ(Store().OpenIfThere(RootKey::LocalMachine, otherPath, {}), KeyOutcome::Failure);
+    Registry().NoFaults();
+    EXPECT_EQ(Store().OpenIfThere(RootKey::LocalMachine, otherPath, {}), KeyOutcome::Opened);
+    Mark(L"mark");
+    EXPECT_EQ(DumpMachine(otherPath),
+              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\other]\nmark = 1\n");
 }
 
 TEST_F(StoreKeys, ARefusedKeyLeavesTheFormerOneCurrent) {
     SeedOther();
     Registry().FailWhere(RegistryCall::Open, L"\\other", code::AccessDenied);
-    EXPECT_EQ(Store().Open(RootKey::LocalMachine, otherPath), code::AccessDenied);
+    ExpectNoKey(otherKey, code::AccessDenied);
+    EXPECT_FALSE(Store().Open(RootKey::LocalMachine, otherPath, {}));
     Registry().FailWhere(RegistryCall::Create, L"\\other", 1450);
-    EXPECT_EQ(Store().CreateMachineKey(otherPath), 1450U);
+    ExpectNoKey(otherKey, 1450);
+    EXPECT_FALSE(Store().CreateMachineKey(otherPath, {}));
     EXPECT_EQ(Registry().OpenKeys(), 1U);
     Mark(L"mark");
     EXPECT_EQ(DumpKey(), KeyWith("mark = 1\n"));
@@ -65,15 +92,16 @@ TEST_F(StoreKeys, ARefusedKeyLeavesTheFormerOneCurrent) {
 
 TEST_F(StoreKeys, TheUsersKeysLieUnderTheirOwnRoot) {
     Seed("[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\store]\n");
-    EXPECT_EQ(Store().Open(RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\store"), code::Success);
-    EXPECT_EQ(Store().Open(RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcel\\store"), code::FileNotFound);
+    EXPECT_TRUE(Store().Open(RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\store", {}));
+    ExpectNoKey(L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcel\\store");
+    EXPECT_FALSE(Store().Open(RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcel\\store", {}));
     Mark(L"mark");
     EXPECT_EQ(demo::DumpRegistryKey(Registry(), RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\store"),
               "[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\store]\nmark = 1\n");
 }
 
 TEST_F(StoreKeys, ACreatedKeyGetsItsParentsAndBecomesCurrent) {
-    EXPECT_EQ(Store().CreateMachineKey(std::wstring(KeyPath) + L"\\a\\b"), code::Success);
+    EXPECT_TRUE(Store().CreateMachineKey(std::wstring(KeyPath) + L"\\a\\b", {}));
     EXPECT_EQ(Registry().OpenKeys(), 1U);
     EXPECT_EQ(Closed(), 1U);
     Mark(L"mark");
@@ -85,28 +113,29 @@ TEST_F(StoreKeys, ACreatedKeyGetsItsParentsAndBecomesCurrent) {
 TEST_F(StoreKeys, CreatingAKeyThatExistsOpensItAsItIs) {
     const std::string below = "\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\sub]\nb = 2\n";
     SeedValues("a = 1\n" + below);
-    EXPECT_EQ(Store().CreateMachineKey(KeyPath), code::Success);
+    EXPECT_TRUE(Store().CreateMachineKey(KeyPath, {}));
     Mark(L"mark");
     EXPECT_EQ(DumpKey(), KeyWith("a = 1\nmark = 1\n" + below));
 }
 
 TEST_F(StoreKeys, AfterClosingNoKeyIsCurrent) {
     SeedValues("value = 1\n");
-    EXPECT_EQ(Store().Close(), code::Success);
+    EXPECT_TRUE(Store().Close({}, KeyPath));
     EXPECT_EQ(Registry().OpenKeys(), 0U);
     int32_t target = 5;
     ExpectReport(L"Reading integer value 'value' from register", code::InvalidHandle);
     EXPECT_EQ(Store().ReadInteger(L"value", target, {}, 7), config::ReadOutcome::Failure);
     EXPECT_EQ(target, 5);
-    EXPECT_EQ(Store().Close(), code::InvalidHandle);
-    EXPECT_EQ(Store().Open(RootKey::LocalMachine, KeyPath), code::Success);
+    ExpectNoKey(otherKey, code::InvalidHandle);
+    EXPECT_FALSE(Store().Close({}, otherPath));
+    EXPECT_TRUE(Store().Open(RootKey::LocalMachine, KeyPath, {}));
     EXPECT_EQ(Registry().OpenKeys(), 1U);
 }
 
 TEST_F(StoreKeys, TheStoreClosesItsKeyWhenItGoes) {
     {
         config::RegistryStore store(world_->Machine(), reporter_);
-        EXPECT_EQ(store.Open(RootKey::LocalMachine, KeyPath), code::Success);
+        EXPECT_TRUE(store.Open(RootKey::LocalMachine, KeyPath, {}));
         EXPECT_EQ(Registry().OpenKeys(), 2U);
     }
     EXPECT_EQ(Registry().OpenKeys(), 1U);
@@ -125,14 +154,14 @@ TEST_F(StoreKeys, SubkeysAreEnumeratedInAlphabeticalOrder) {
             "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\" + std::string(name) + "]\n";
     SeedValues(subkeys);
     Names names{L"something older"};
-    EXPECT_EQ(Store().EnumerateSubkeys(names), code::Success);
+    EXPECT_TRUE(Store().EnumerateSubkeys(names, {}));
     EXPECT_EQ(names, (Names{L"A", L"b", L"C", L"rule 1", L"Rule 10", L"Rule 2"}));
     EXPECT_EQ(Registry().Calls().size(), names.size() + 1);
 }
 
 TEST_F(StoreKeys, NoSubkeysIsNoFailure) {
     Names names{L"something older"};
-    EXPECT_EQ(Store().EnumerateSubkeys(names), code::Success);
+    EXPECT_TRUE(Store().EnumerateSubkeys(names, {}));
     EXPECT_EQ(names, Names{});
 }
 
@@ -141,11 +170,11 @@ TEST_F(StoreKeys, TheLongestNamesAreEnumerated) {
     SeedValues("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\" + std::string(255, 'n') +
                "]\n");
     Names names;
-    EXPECT_EQ(Store().EnumerateSubkeys(names), code::Success);
+    EXPECT_TRUE(Store().EnumerateSubkeys(names, {}));
     EXPECT_EQ(names, Names{longest});
 }
 
-TEST_F(StoreKeys, AnyOtherEndOfTheEnumerationIsItsCode) {
+TEST_F(StoreKeys, AnyOtherEndOfTheEnumerationIsReported) {
     for (const platform::Win32Code failure : {code::FileNotFound, code::AccessDenied, code::MoreData}) {
         for (size_t failing = 0; failing <= 2; ++failing) {
             SeedValues(
@@ -153,15 +182,12 @@ TEST_F(StoreKeys, AnyOtherEndOfTheEnumerationIsItsCode) {
                 "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\b]\n");
             Registry().FailNth(failing, failure);
             Names names;
-            EXPECT_EQ(Store().EnumerateSubkeys(names), failure);
+            ExpectReport(L"Search register key HKEY_LOCAL_MACHINE\\" + std::wstring(KeyPath) + L" subkeys",
+                         failure);
+            EXPECT_FALSE(Store().EnumerateSubkeys(names, {}));
             EXPECT_EQ(Registry().Calls().size(), failing + 1);
         }
     }
-}
-
-TEST_F(StoreKeys, PathsAreShownWithTheirRoot) {
-    EXPECT_EQ(config::DisplayPath(RootKey::LocalMachine, L"SOFTWARE\\a"), L"HKEY_LOCAL_MACHINE\\SOFTWARE\\a");
-    EXPECT_EQ(config::DisplayPath(RootKey::CurrentUser, L"SOFTWARE\\a"), L"HKEY_CURRENT_USER\\SOFTWARE\\a");
 }
 
 }  // namespace

@@ -21,11 +21,11 @@ class StoreLists : public tests::StoreTest {
   protected:
     bool ReadTexts() {
         texts_ = {L"something", L"older"};
-        return Store().ReadStringList(L"v", texts_, nullptr);
+        return Store().ReadStringList(L"v", texts_, {});
     }
     bool ReadNumbers() {
         numbers_ = {7, 8, 9};
-        return Store().ReadIntegerList(L"v", numbers_, nullptr);
+        return Store().ReadIntegerList(L"v", numbers_, {});
     }
 
     Texts texts_;
@@ -140,23 +140,23 @@ TEST_F(StoreLists, ARefusedBlockIsReportedAndEmptiesTheTarget) {
 TEST_F(StoreLists, ALongListIsReadWhole) {
     Texts written;
     for (int i = 0; i < 5'000; ++i) written.push_back(L"entry number " + std::to_wstring(i));
-    EXPECT_TRUE(Store().WriteTextList(L"v", written, nullptr));
+    EXPECT_TRUE(Store().WriteTextList(L"v", written, {}));
     EXPECT_TRUE(ReadTexts());
     EXPECT_EQ(texts_, written);
 }
 
 TEST_F(StoreLists, WhatIsWrittenIsReadBack) {
-    EXPECT_TRUE(Store().WriteTextList(L"v", {L"a", L"", L"c"}, nullptr));
+    EXPECT_TRUE(Store().WriteTextList(L"v", {L"a", L"", L"c"}, {}));
     EXPECT_TRUE(ReadTexts());
     EXPECT_EQ(texts_, (Texts{L"a", L"0", L"c"}));
     const Numbers numbers{0, 1, -1, 2147483647, -2147483647 - 1};
-    EXPECT_TRUE(Store().WriteIntegerList(L"v", numbers, nullptr));
+    EXPECT_TRUE(Store().WriteIntegerList(L"v", numbers, {}));
     EXPECT_TRUE(ReadNumbers());
     EXPECT_EQ(numbers_, numbers);
-    EXPECT_TRUE(Store().WritePlainList(L"v", {L"xml", L"\x0413", L"\xD83D\xDE00"}, nullptr));
+    EXPECT_TRUE(Store().WritePlainList(L"v", {L"xml", L"\x0413", L"\xD83D\xDE00"}, {}));
     EXPECT_TRUE(ReadTexts());
     EXPECT_EQ(texts_, (Texts{L"xml", L"\x0413", L"\xD83D\xDE00"}));
-    EXPECT_TRUE(Store().WriteTextList(L"v", {}, nullptr));
+    EXPECT_TRUE(Store().WriteTextList(L"v", {}, {}));
     EXPECT_TRUE(ReadTexts());
     EXPECT_EQ(texts_, Texts{});
 }

@@ -65,7 +65,7 @@ class StoreTest : public ConfigTest {
   private:
     void Make() {
         keys_ = std::make_unique<config::RegistryStore>(machine_, reporter_);
-        ASSERT_EQ(keys_->Open(platform::RootKey::LocalMachine, KeyPath), 0U);
+        ASSERT_TRUE(keys_->Open(platform::RootKey::LocalMachine, KeyPath, {}));
         Registry().ForgetCalls();
     }
 

@@ -36,14 +36,14 @@ TEST_F(StoreWrites, Strings) {
 }
 
 TEST_F(StoreWrites, Lists) {
-    EXPECT_TRUE(Store().WriteTextList(L"a", {L"x", L"", L"y"}, nullptr));
-    EXPECT_TRUE(Store().WriteTextList(L"b", {}, nullptr));
-    EXPECT_TRUE(Store().WriteTextList(L"c", {L""}, nullptr));
-    EXPECT_TRUE(Store().WriteIntegerList(L"d", {1, 0, -5, 2147483647}, nullptr));
-    EXPECT_TRUE(Store().WriteIntegerList(L"e", {}, nullptr));
-    EXPECT_TRUE(Store().WritePlainList(L"f", {L"xml", L"edi"}, nullptr));
-    EXPECT_TRUE(Store().WritePlainList(L"g", {L"x", L"", L"y"}, nullptr));
-    EXPECT_TRUE(Store().WritePlainList(L"h", {}, nullptr));
+    EXPECT_TRUE(Store().WriteTextList(L"a", {L"x", L"", L"y"}, {}));
+    EXPECT_TRUE(Store().WriteTextList(L"b", {}, {}));
+    EXPECT_TRUE(Store().WriteTextList(L"c", {L""}, {}));
+    EXPECT_TRUE(Store().WriteIntegerList(L"d", {1, 0, -5, 2147483647}, {}));
+    EXPECT_TRUE(Store().WriteIntegerList(L"e", {}, {}));
+    EXPECT_TRUE(Store().WritePlainList(L"f", {L"xml", L"edi"}, {}));
+    EXPECT_TRUE(Store().WritePlainList(L"g", {L"x", L"", L"y"}, {}));
+    EXPECT_TRUE(Store().WritePlainList(L"h", {}, {}));
     EXPECT_EQ(DumpKey(), KeyWith("a = { \"x\", \"0\", \"y\" }\n"
                                  "b = {}\n"
                                  "c = { \"0\" }\n"
@@ -61,14 +61,14 @@ TEST_F(StoreWrites, ReplaceWhateverWasThere) {
     SeedValues("v = hex(3): 01 02 03\nw = { \"a\" }\nx = 5\n");
     EXPECT_TRUE(Store().WriteInteger(L"v", 7, {}));
     EXPECT_TRUE(Store().WriteString(L"w", L"s", {}));
-    EXPECT_TRUE(Store().WriteTextList(L"x", {L"t"}, nullptr));
+    EXPECT_TRUE(Store().WriteTextList(L"x", {L"t"}, {}));
     EXPECT_EQ(DumpKey(), KeyWith("v = 7\nw = \"s\"\nx = { \"t\" }\n"));
 }
 
 TEST_F(StoreWrites, AreOneCallEach) {
     Store().WriteInteger(L"a", 7, {});
     Store().WriteString(L"b", L"s", {});
-    Store().WriteTextList(L"c", {L"t"}, nullptr);
+    Store().WriteTextList(L"c", {L"t"}, {});
     EXPECT_EQ(Registry().CountOf(RegistryCall::Set), 3U);
     EXPECT_EQ(Registry().Calls().size(), 3U);
 }
@@ -82,9 +82,9 @@ TEST_F(StoreWrites, RefusalsAreReportedAndChangeNothing) {
     EXPECT_FALSE(Store().WriteString(L"v", L"s", {}));
     for (int form = 0; form < 3; ++form)
         ExpectReport(L"Writing multistring value 'v' into register", code::AccessDenied);
-    EXPECT_FALSE(Store().WriteTextList(L"v", {L"t"}, nullptr));
-    EXPECT_FALSE(Store().WriteIntegerList(L"v", {1}, nullptr));
-    EXPECT_FALSE(Store().WritePlainList(L"v", {L"t"}, nullptr));
+    EXPECT_FALSE(Store().WriteTextList(L"v", {L"t"}, {}));
+    EXPECT_FALSE(Store().WriteIntegerList(L"v", {1}, {}));
+    EXPECT_FALSE(Store().WritePlainList(L"v", {L"t"}, {}));
     Registry().NoFaults();
     EXPECT_EQ(DumpKey(), KeyWith("v = 1\n"));
 }
@@ -104,9 +104,9 @@ TEST_F(StoreWrites, TheModeDecidesWhetherAReportIsShown) {
 TEST_F(StoreWrites, ARefusedBlockIsReportedAndNothingIsWritten) {
     memory_.refuses = true;
     for (int form = 0; form < 3; ++form) ExpectReport(L"Memory allocation", code::NotEnoughMemory);
-    EXPECT_FALSE(Store().WriteTextList(L"v", {L"t"}, nullptr));
-    EXPECT_FALSE(Store().WriteIntegerList(L"v", {1}, nullptr));
-    EXPECT_FALSE(Store().WritePlainList(L"v", {L"t"}, nullptr));
+    EXPECT_FALSE(Store().WriteTextList(L"v", {L"t"}, {}));
+    EXPECT_FALSE(Store().WriteIntegerList(L"v", {1}, {}));
+    EXPECT_FALSE(Store().WritePlainList(L"v", {L"t"}, {}));
     EXPECT_TRUE(Registry().Calls().empty());
     EXPECT_EQ(DumpKey(), KeyWith(""));
 }

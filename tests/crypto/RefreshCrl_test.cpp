@@ -212,13 +212,13 @@ TEST_F(RefreshCrlTest, WithoutTheServicesKeyTheCommandEnds) {
 
 TEST_F(RefreshCrlTest, AFailedOpenKeepsTheKeyThatWasCurrent) {
     Seed("[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel]\nname = \"here\"\n");
-    ASSERT_EQ(store_.Open(platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel"), 0U);
+    ASSERT_TRUE(store_.Open(platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel", {}));
     EXPECT_FALSE(Refresh(
         [this] { user_.ExpectBoxBeginning(L"Create (open) register key ", boxes::Report, ui::IdOk); }));
     std::wstring text;
     store_.ReadString(L"name", text, {});
     EXPECT_EQ(text, L"here");
-    EXPECT_EQ(store_.Close(), 0U);
+    EXPECT_TRUE(store_.Close({}, {}));
 }
 
 // A list that could not be read is not overwritten: the stamps of other store profiles would be lost.

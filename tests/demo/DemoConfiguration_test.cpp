@@ -31,7 +31,7 @@ config::Configuration DemoConfiguration() {
     demo::ApplyRegistryText(FileText("demo/configuration.txt"), machine.Registry);
     const errors::ErrorReporter reporter(machine.Machine, screen);
     config::RegistryStore store(machine.Machine, reporter);
-    return config::LoadConfiguration(store, reporter, nullptr).value();
+    return config::LoadConfiguration(store, nullptr).value();
 }
 
 // Who can be found also without the network.

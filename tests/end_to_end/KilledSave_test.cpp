@@ -50,12 +50,12 @@ class KilledProcess : public ::testing::Test {
     std::optional<Configuration> Load() {
         screen_.reports.clear();
         config::RegistryStore store(machine_.Machine, reporter_);
-        return config::LoadConfiguration(store, reporter_, nullptr);
+        return config::LoadConfiguration(store, nullptr);
     }
     void Save(const Configuration& configuration) {
         screen_.reports.clear();
         config::RegistryStore store(machine_.Machine, reporter_);
-        EXPECT_TRUE(config::SaveConfiguration(store, reporter_, nullptr, configuration));
+        EXPECT_TRUE(config::SaveConfiguration(store, nullptr, configuration));
         EXPECT_EQ(screen_.reports, std::vector<std::wstring>{});
     }
     std::string Dump() { return demo::DumpRegistry(machine_.Registry); }
@@ -67,7 +67,7 @@ class KilledProcess : public ::testing::Test {
         memory.Registry.ForgetCalls();
         const errors::ErrorReporter reporter(memory.Machine, screen_);
         config::RegistryStore store(memory.Machine, reporter);
-        EXPECT_TRUE(config::SaveConfiguration(store, reporter, nullptr, after_));
+        EXPECT_TRUE(config::SaveConfiguration(store, nullptr, after_));
         std::vector<RegistryCall> writes;
         for (const RecordedCall& call : memory.Registry.Calls())
             if (IsWrite(call.call)) writes.push_back(call.call);
@@ -79,8 +79,7 @@ class KilledProcess : public ::testing::Test {
     }
     void CompleteInTheReleasedProgram() {
         config::RegistryStore store(machine_.Machine, reporter_);
-        const bool isAsked =
-            config::RedoRecord(store, reporter_, nullptr).Find() == config::RedoRecord::State::Whole;
+        const bool isAsked = config::RedoRecord(store, nullptr).Find() == config::RedoRecord::State::Whole;
         const Editor editor;
         if (isAsked) {
             const HWND box = editor.WaitForBox();
@@ -104,7 +103,7 @@ class KilledProcess : public ::testing::Test {
     void ExpectAllOrNothing(const std::string& before, const std::string& after) {
         screen_.reports.clear();
         config::RegistryStore store(machine_.Machine, reporter_);
-        config::RedoRecord record(store, reporter_, nullptr);
+        config::RedoRecord record(store, nullptr);
         if (record.Find() == config::RedoRecord::State::Whole) {
             ++completed_;
             EXPECT_TRUE(record.Complete());

@@ -83,7 +83,7 @@ class KilledSave : public tests::FaultTest {
     // before every so many of its writes, if at all.
     void ExpectAllOrNothing(const std::string& before, const std::string& after, size_t killStep) {
         config::RegistryStore store(world_->Machine(), faultReporter_);
-        config::RedoRecord record(store, faultReporter_, nullptr);
+        config::RedoRecord record(store, nullptr);
         const auto state = record.Find();
         if (state == config::RedoRecord::State::Missing) {
             // Before the save had anything to do, or when it had ended.

@@ -24,7 +24,7 @@ int Run(size_t lastWrite) {
     tests::ReportsOnlyScreen screen(machine.ScreenMetrics);
     const errors::ErrorReporter reporter(machine, screen);
     config::RegistryStore store(machine, reporter);
-    const auto loaded = config::LoadConfiguration(store, reporter, nullptr);
+    const auto loaded = config::LoadConfiguration(store, nullptr);
     if (!loaded) return EXIT_FAILURE;
 
     size_t writes = 0;
@@ -33,7 +33,7 @@ int Run(size_t lastWrite) {
             TerminateProcess(GetCurrentProcess(), tests::SaverWasEnded);
         return platform::code::Success;
     });
-    const bool saved = config::SaveConfiguration(store, reporter, nullptr, tests::AfterADaysWork(*loaded));
+    const bool saved = config::SaveConfiguration(store, nullptr, tests::AfterADaysWork(*loaded));
     return saved && screen.reports.empty() ? static_cast<int>(tests::SaverSaved) : EXIT_FAILURE;
 }
 
