@@ -4,9 +4,7 @@
 #include <new>
 
 #include "app/BrisgateDlg.h"
-#include "app/CertificateForms.h"
 #include "config/RegistryStore.h"
-#include "crypto/LibraryOpener.h"
 #include "errors/ErrorReport.h"
 #include "errors/MessageBoxes.h"
 #include "errors/ProgramTitle.h"
@@ -92,9 +90,7 @@ void CBrisgateApp::RunMainDialog() {
     const errors::ErrorReporter reporter(machine_, screen_);
     config::RegistryStore registry(machine_, reporter);
     const config::Services services{machine_, screen_, reporter, registry};
-    crypto::LibraryOpener opener(services);
-    CertificateForms certificates(services, opener);
-    CBrisgateDlg(services, &certificates).DoModal();
+    CBrisgateDlg(services).DoModal();
 }
 
 }  // namespace app

@@ -16,10 +16,9 @@
 
 namespace app {
 
-CBrisgateDlg::CBrisgateDlg(const config::Services& services, editors::CertificateActions* certificates)
+CBrisgateDlg::CBrisgateDlg(const config::Services& services)
     : Dialog(services.Screen, nullptr, {.size = {613, 193}, .resizable = true, .minimizeBox = true}),
       services_(services),
-      certificates_(certificates),
       ruleList_(rules_, *this, services_, [this] {
           const config::ServiceProfile* profile = OpenedProfile();
           return profile == nullptr ? std::span<const config::Rule>()

@@ -11,7 +11,6 @@
 #include "config/Records.h"
 #include "config/RedoRecord.h"
 #include "config/Services.h"
-#include "editors/CertificateActions.h"
 #include "editors/EditorMemory.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
@@ -21,9 +20,7 @@ namespace app {
 
 class CBrisgateDlg : public ui::Dialog {
   public:
-    // certificates: may be null; choosing recipients and signers then does nothing.
-    explicit CBrisgateDlg(const config::Services& services,
-                          editors::CertificateActions* certificates = nullptr);
+    explicit CBrisgateDlg(const config::Services& services);
 
     ui::Size MinimumTrackSize() const override;
     const wchar_t* ReasonToStay() const override;
@@ -98,7 +95,6 @@ class CBrisgateDlg : public ui::Dialog {
     bool MayLeave();
 
     const config::Services services_;
-    editors::CertificateActions* const certificates_;
     config::Configuration configuration_;
     std::vector<std::wstring> profileNames_;  // as the profile list shows them
     std::wstring openedProfile_;              // empty: none

@@ -34,7 +34,7 @@ void CBrisgateDlg::ShowRule(size_t row) {
 std::optional<config::Rule> CBrisgateDlg::RunRuleEditor(const config::ServiceProfile& profile,
                                                         const config::Rule& rule) {
     editors::CAddRule editor(services_, this, profile, SuggestedMasks(configuration_.Settings, profile.Rules),
-                             rule, editorMemory_, certificates_);
+                             rule, editorMemory_);
     if (RunForm(editor) != ui::IdOk) return std::nullopt;
     return editor.Result();
 }

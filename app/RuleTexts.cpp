@@ -1,10 +1,11 @@
 #include "app/RuleTexts.h"
 
+#include <algorithm>
 #include <array>
 #include <iterator>
 
 #include "config/Operations.h"
-#include "editors/OperationShape.h"
+#include "editors/RuleForm.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
 #include "text/Trim.h"
@@ -13,9 +14,9 @@
 namespace app {
 namespace {
 
+using config::Holds;
+using config::Option;
 using config::Rule;
-using editors::Action;
-using editors::Option;
 
 constexpr std::array<std::wstring_view, 9> headers{
     L"",      L"Description", L"Rules", L"Input folder", L"Output folder", L"Error folder",
@@ -30,8 +31,8 @@ std::wstring SignatureFormats(const Rule& rule) {
 
 // Empty for a number that stands for none, which a configuration edited by hand may hold.
 std::wstring_view ArchiveKind(const Rule& rule) {
-    const bool isKnown = rule.ZipFile >= 1 && rule.ZipFile <= std::ssize(config::ArchiveKinds);
-    return isKnown ? config::ArchiveKinds[static_cast<size_t>(rule.ZipFile) - 1] : std::wstring_view();
+    const bool isKnown = rule.ZipFile >= 1 && rule.ZipFile < std::ssize(config::ArchiveKinds);
+    return isKnown ? config::ArchiveKinds[static_cast<size_t>(rule.ZipFile)] : std::wstring_view();
 }
 
 std::wstring CountUnlessZero(size_t count) {
@@ -66,31 +67,30 @@ void AppendExecOptions(std::wstring& extra, const Rule& rule) {
 }
 
 std::wstring Extra(const Rule& rule) {
-    const std::wstring& operation = rule.Operation;
-    if (operation == L"MOVE") return MoveExtra(rule);
-    if (operation == L"RESG") return ResignExtra(rule);
+    if (rule.Operation == L"MOVE") return MoveExtra(rule);
+    if (rule.Operation == L"RESG") return ResignExtra(rule);
 
-    const bool verifies =
-        operation == L"CHCK" || operation == L"CHKX" || operation == L"DCHK" || operation == L"DCCX";
+    const config::Operation* operation = config::FindOperation(rule.Operation);
+    const bool verifies = operation != nullptr && operation->holds == Holds::SignerLists;
     std::wstring extra = CountUnlessZero(verifies ? rule.SignerLists.size() : rule.Certificates.size());
     if (rule.ZipFile != 0) {
         if (!rule.Certificates.empty() || !rule.SignerLists.empty()) extra += separator;
         extra += ArchiveKind(rule);
     }
-    if (operation == L"PACK") AppendPackOptions(extra, rule);
-    if (operation == L"EXEC") AppendExecOptions(extra, rule);
+    if (rule.Operation == L"PACK") AppendPackOptions(extra, rule);
+    if (rule.Operation == L"EXEC") AppendExecOptions(extra, rule);
     return extra;
 }
 
 std::wstring OperationName(const Rule& rule) {
     // Kept: an output folder that is not set empties this cell, not its own.
     if (rule.PathOut == config::NotSet) return {};
-    const auto index = config::OperationIndex(rule.Operation);
-    return index ? std::wstring(config::Operations()[*index].displayName) : rule.Operation;
+    const config::Operation* operation = config::FindOperation(rule.Operation);
+    return operation == nullptr ? rule.Operation : std::wstring(operation->displayName);
 }
 
-std::wstring LabelOf(Action action) {
-    return std::wstring(editors::LookOf(action).tooltip);
+std::wstring LabelOf(Holds holds) {
+    return std::wstring(editors::LookOf(holds).tooltip);
 }
 
 // Builds the detail text: sections with an empty line behind each.
@@ -104,10 +104,9 @@ class Sections {
         if (number != 0) Add(text::Format(L"%s %d", label, number));
     }
     // An option that the rule editor asks for, under the label that it has there.
-    void AddOption(const Rule& rule, Option option) {
-        const editors::OptionField& field = editors::FieldOf(option);
-        if (field.text != nullptr) AddLabelled(field.label, rule.*field.text);
-        if (field.number != nullptr) AddLabelled(field.label, rule.*field.number);
+    void AddOption(const Rule& rule, const Option& option) {
+        if (option.input == config::Input::Text) AddLabelled(option.label, rule.*option.text);
+        if (option.input == config::Input::Number) AddLabelled(option.label, rule.*option.number);
     }
     void Discard() { text_.clear(); }
     std::wstring Take() { return std::move(text_); }
@@ -115,6 +114,17 @@ class Sections {
   private:
     std::wstring text_;
 };
+
+// Each once, in the order of the operations; how long to wait for an executable is told after its name.
+std::vector<const Option*> ListedOptions() {
+    std::vector<const Option*> listed;
+    for (const config::Operation& operation : config::Operations())
+        for (const Option* option : operation.options)
+            if (option != nullptr && operation.holds != Holds::Executable &&
+                std::find(listed.begin(), listed.end(), option) == listed.end())
+                listed.push_back(option);
+    return listed;
+}
 
 void AddCertificateSections(Sections& sections, const Rule& rule) {
     if (!rule.ResignProfile.empty())
@@ -173,14 +183,12 @@ std::wstring ExtraDetails(const Rule& rule) {
     AddCertificateSections(sections, rule);
     if (!rule.PathOut2.empty()) {
         sections.Discard();  // a rule with a second folder is told by its folders alone
-        sections.AddLabelled(LabelOf(Action::SecondFolder) + L":", rule.PathOut2);
+        sections.AddLabelled(LabelOf(Holds::SecondFolder) + L":", rule.PathOut2);
     }
-    for (const Option option : {Option::DeleteExtension, Option::AddExtension, Option::AccountingFormat,
-                                Option::AccountingCopyFormat, Option::FileCount, Option::ArchiveSize,
-                                Option::ArchiveTimeout, Option::ArchiveNames})
-        sections.AddOption(rule, option);
-    sections.AddLabelled(LabelOf(Action::Executable), rule.ExecName);
-    if (!rule.ExecName.empty() && rule.ExecTimeout > 0) sections.AddOption(rule, Option::ExecutionTimeout);
+    for (const Option* option : ListedOptions()) sections.AddOption(rule, *option);
+    sections.AddLabelled(LabelOf(Holds::Executable), rule.ExecName);
+    if (!rule.ExecName.empty() && rule.ExecTimeout > 0)
+        sections.AddOption(rule, config::option::ExecutionTimeout);
     return sections.Take();
 }
 

@@ -7,7 +7,8 @@
 
 namespace certs {
 
-CFilterDlg::CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample, int row)
+CFilterDlg::CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample,
+                       std::optional<size_t> row)
     : Dialog(screen, owner, {.size = {260, 100}, .guidePage = L"certificates"}, L"Filter"),
       row_(row) {
     sampleEdit_.SetText(sample);
@@ -22,8 +23,7 @@ void CFilterDlg::OnInitDialog() {
 }
 
 std::optional<size_t> CFilterDlg::Field() const {
-    const auto index = static_cast<size_t>(row_);
-    return index < OfferedFieldCount() ? std::optional(index) : std::nullopt;
+    return row_ < OfferedFieldCount() ? row_ : std::nullopt;
 }
 
 void CFilterDlg::EnableOk() {
@@ -31,8 +31,8 @@ void CFilterDlg::EnableOk() {
 }
 
 void CFilterDlg::OnOK() {
-    const int chosen = fieldList_.Selected();
-    if (chosen == ui::ComboBox::None) {
+    const std::optional<size_t> chosen = fieldList_.Selected();
+    if (!chosen) {
         errors::Warn(Screen(), this, L"Select field for filter");
         fieldList_.SetFocus();
         fieldList_.DropDown();

@@ -13,12 +13,12 @@ namespace certs {
 
 class CFilterDlg : public ui::Dialog {
   public:
-    // What the form begins with. row: of the list of fields, ui::ComboBox::None for none of them.
-    CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample, int row);
+    // What the form begins with. row: of the list of fields.
+    CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample, std::optional<size_t> row);
 
     // As accepted by OK. None: the entire name.
     std::optional<size_t> Field() const;
-    int Row() const { return row_; }                        // of the list of fields
+    std::optional<size_t> Row() const { return row_; }      // of the list of fields
     const std::wstring& Sample() const { return sample_; }  // without blanks at either end
 
   private:
@@ -26,7 +26,7 @@ class CFilterDlg : public ui::Dialog {
     void OnOK() override;
     void EnableOk();
 
-    int row_;
+    std::optional<size_t> row_;
     std::wstring sample_;
 
     ui::Label fieldLabel_{*this, 1201, {7, 7, 246, 8}, L"Search field:"};

@@ -103,11 +103,10 @@ void CPreEncryptDlg::Show(List& list, std::vector<NameId> names) {
 
 // The direction is what the header's arrow says; where there is none yet, upwards.
 void CPreEncryptDlg::Sort(List& list) {
-    const int field = sortField_.Selected();
-    if (field == ui::ComboBox::None) return;
+    const std::optional<size_t> field = sortField_.Selected();
+    if (!field) return;
     const bool descending = list.view.Columns().front().arrow == ui::SortArrow::Down;
-    const std::vector<uint32_t> order =
-        list.rows.SortedOrder(Fields().at(static_cast<size_t>(field)).Key, descending);
+    const std::vector<uint32_t> order = list.rows.SortedOrder(Fields().at(*field).Key, descending);
     std::vector<NameId> sorted = list.rows.InOrder(order);
     list.view.Reorder(order);
     list.rows.Show(std::move(sorted));

@@ -1,6 +1,7 @@
 // The certificate picker: owner names gathered from the stores and from files above, the chosen ones below.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -11,7 +12,6 @@
 #include "config/RegistryLayout.h"
 #include "config/Services.h"
 #include "crypto/CertificateSearch.h"
-#include "crypto/PickerSettings.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
@@ -81,7 +81,7 @@ class CPreEncryptDlg : public ui::Dialog {
     std::wstring groupsPath_;  // of the file opened or saved last
     // Of the last search in LDAP: the next one begins with them.
     std::wstring lastSample_;
-    int lastRow_ = ui::ComboBox::None;
+    std::optional<size_t> lastRow_;
     std::vector<config::CertificateRef> result_;
     std::wstring listName_;
 

@@ -4,6 +4,8 @@
 #include <unordered_set>
 
 #include "certs/PreEncryptDlg.h"
+#include "crypto/LibrarySearch.h"
+#include "crypto/OpenCryptoContext.h"
 #include "errors/MessageBoxes.h"
 #include "errors/WarningBox.h"
 #include "platform/Machine.h"
@@ -12,15 +14,13 @@
 
 namespace certs {
 
-SignerList::SignerList(const config::Services& services, ui::Dialog* owner, crypto::ContextOpener& opener,
-                       config::ServiceProfile profile, int storeProfile,
-                       std::vector<config::SignerListEntry> lists)
+SignerList::SignerList(const config::Services& services, ui::Dialog* owner, std::wstring storeProfile,
+                       crypto::PickerSettings settings, std::vector<config::SignerListEntry> lists)
     : Dialog(services.Screen, owner, {.size = {290, 162}, .guidePage = L"certificates", .resizable = true},
              L"Signer lists"),
       services_(services),
-      opener_(opener),
-      profile_(std::move(profile)),
-      storeProfile_(storeProfile),
+      storeProfile_(std::move(storeProfile)),
+      settings_(std::move(settings)),
       lists_(std::move(lists)) {
     view_.SetName(Caption());
     view_.SetCells([this](size_t row, size_t column) { return Cell(row, column); });
@@ -81,17 +81,15 @@ void SignerList::Edit() {
 }
 
 std::optional<config::SignerListEntry> SignerList::RunPicker(config::SignerListEntry list) {
-    std::optional<config::SignerListEntry> accepted;
-    opener_.WithContext(
-        *this, profile_, storeProfile_,
-        [&](crypto::CertificateSearch& search, const crypto::PickerSettings& settings, bool ldapUsable) {
-            CPreEncryptDlg picker(services_, this, search, settings, list.Signers);
-            picker.EditSignerList(list.Name, lists_);
-            picker.SetLdapUsable(ldapUsable);
-            if (picker.DoModal() == ui::IdOk)
-                accepted = config::SignerListEntry{picker.ListName(), picker.Result()};
-        });
-    return accepted;
+    const ui::WaitCursor wait(Screen());  // closing the context may take long, too
+    const auto opened = crypto::OpenCryptoContext(services_, *this, storeProfile_, settings_);
+    if (!opened) return std::nullopt;
+    crypto::LibrarySearch search(services_, opened->Context, settings_);
+    CPreEncryptDlg picker(services_, this, search, settings_, list.Signers);
+    picker.EditSignerList(list.Name, lists_);
+    picker.SetLdapUsable(opened->LdapUsable);
+    if (picker.DoModal() != ui::IdOk) return std::nullopt;
+    return config::SignerListEntry{picker.ListName(), picker.Result()};
 }
 
 void SignerList::Delete() {

@@ -7,7 +7,7 @@
 
 #include "config/Records.h"
 #include "config/Services.h"
-#include "crypto/ContextOpener.h"
+#include "crypto/CertificateSearch.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
 #include "ui/ListView.h"
@@ -16,9 +16,9 @@ namespace certs {
 
 class SignerList : public ui::Dialog {
   public:
-    // storeProfile: an index of the profile's store profiles, or -1. The opener has to outlive the dialog.
-    SignerList(const config::Services& services, ui::Dialog* owner, crypto::ContextOpener& opener,
-               config::ServiceProfile profile, int storeProfile, std::vector<config::SignerListEntry> lists);
+    // storeProfile: the one whose certificates are chosen, with its settings; empty when there is none.
+    SignerList(const config::Services& services, ui::Dialog* owner, std::wstring storeProfile,
+               crypto::PickerSettings settings, std::vector<config::SignerListEntry> lists);
 
     // To be taken over when OK has ended the dialog.
     const std::vector<config::SignerListEntry>& Lists() const { return lists_; }
@@ -40,9 +40,8 @@ class SignerList : public ui::Dialog {
     std::optional<config::SignerListEntry> RunPicker(config::SignerListEntry list);
 
     const config::Services services_;
-    crypto::ContextOpener& opener_;
-    const config::ServiceProfile profile_;
-    const int storeProfile_;
+    const std::wstring storeProfile_;
+    const crypto::PickerSettings settings_;
     std::vector<config::SignerListEntry> lists_;
     std::vector<size_t> shown_;  // the list in each row: those without a name are not shown
 

@@ -62,9 +62,9 @@ void RegistryStore::MakeCurrent(Key key) {
 }
 
 Win32Code RegistryStore::TryOpen(RootKey root, const std::wstring& path) {
-    KeyHandle key = KeyHandle::None;
-    const Win32Code result = registry_.Open(root, path, key);
-    if (result == code::Success) MakeCurrent({key, root, path});
+    Key key{.root = root, .path = path};
+    const Win32Code result = registry_.Open(root, path, key.handle);
+    if (result == code::Success) MakeCurrent(std::move(key));
     return result;
 }
 
@@ -80,9 +80,9 @@ KeyOutcome RegistryStore::OpenIfThere(RootKey root, const std::wstring& path,
 }
 
 bool RegistryStore::CreateMachineKey(const std::wstring& path, const errors::ReportContext& context) {
-    KeyHandle key = KeyHandle::None;
-    const Win32Code result = registry_.Create(RootKey::LocalMachine, path, key);
-    if (result == code::Success) MakeCurrent({key, RootKey::LocalMachine, path});
+    Key key{.root = RootKey::LocalMachine, .path = path};  // before there is a handle that could be lost
+    const Win32Code result = registry_.Create(RootKey::LocalMachine, path, key.handle);
+    if (result == code::Success) MakeCurrent(std::move(key));
     return ReportKey(context, result, opening, RootKey::LocalMachine, path);
 }
 

@@ -2,7 +2,6 @@
 
 #include <string_view>
 
-#include "crypto/FindResult.h"
 #include "text/Upper.h"
 
 namespace crypto {

@@ -8,7 +8,6 @@
 #include "config/Services.h"
 #include "crypto/CertificateSearch.h"
 #include "crypto/CryptoContext.h"
-#include "crypto/PickerSettings.h"
 
 namespace crypto {
 

@@ -2,9 +2,6 @@
 
 #include <string>
 
-#include "crypto/AwaitDlg.h"
-#include "crypto/CheckLdapStore.h"
-#include "crypto/LibraryFailure.h"
 #include "crypto/RefreshCrl.h"
 
 namespace crypto {
@@ -19,10 +16,9 @@ struct Initialized {
 };
 
 // A library that is missing is a failure to initialise it, too. Looking for it may take a while as well.
-Initialized Initialize(const config::Services& services, ui::Dialog& parent,
-                       const ContextSettings& settings) {
-    const uint32_t flags = ContextFlags(settings.Picker);
-    const std::string name = services.Machine.CodePage.ToAnsi(settings.ZCSProfile);
+Initialized Initialize(const config::Services& services, ui::Dialog& parent, const std::wstring& storeProfile,
+                       uint32_t flags) {
+    const std::string name = services.Machine.CodePage.ToAnsi(storeProfile);
     AwaitDlg wait(services.Screen, parent);
     wait.OpenModeless();
     Initialized result;
@@ -39,8 +35,8 @@ std::wstring DetailOf(const platform::Machine& machine, const Initialized& faile
 }
 
 std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& parent,
-                                  const ContextSettings& settings) {
-    const Initialized result = Initialize(services, parent, settings);
+                                  const std::wstring& storeProfile, uint32_t flags) {
+    const Initialized result = Initialize(services, parent, storeProfile, flags);
     if (result.code == 0 && result.context != nullptr)
         return CryptoContext(*result.library, result.context, services.Errors);
     ShowLibraryFailure(services, &parent,
@@ -50,18 +46,39 @@ std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& 
     return std::nullopt;
 }
 
+kseal::Code Probe(const CryptoContext& context) {
+    kseal::CertFindRequest request;
+    request.SearchWord = 0xE04;
+    request.Query = "CN=QQQ,C=RU";
+    request.FieldsWanted = 4;
+    return FindResult(context, request, FindResult::Released::Always).Code();
+}
+
 }  // namespace
 
 std::optional<OpenedContext> OpenCryptoContext(const config::Services& services, ui::Dialog& parent,
-                                               const ContextSettings& settings) {
+                                               const std::wstring& storeProfile,
+                                               const PickerSettings& settings) {
     const ui::WaitCursor wait(services.Screen);
-    std::optional<CryptoContext> context = Open(services, parent, settings);
+    std::optional<CryptoContext> context = Open(services, parent, storeProfile, ContextFlags(settings));
     if (!context) return std::nullopt;
-    bool ldapUsable = settings.Picker.NotUseLDAP == 0;
+    bool ldapUsable = settings.NotUseLDAP == 0;
     if (ldapUsable && !CheckLdapStore(services, parent, *context, ldapUsable)) return std::nullopt;
-    const bool wantsCrl = settings.Picker.NotLoadCrl == 0 && settings.CrlUpdatePeriod >= 1;
-    if (wantsCrl && !RefreshCrl(services, parent, settings, *context)) return std::nullopt;
+    const bool needsCrl = settings.NotLoadCrl == 0 && settings.CrlUpdatePeriod >= 1;
+    if (needsCrl && !RefreshCrl(services, parent, *context, storeProfile, settings.CrlUpdatePeriod))
+        return std::nullopt;
     return OpenedContext{std::move(*context), ldapUsable};
+}
+
+bool CheckLdapStore(const config::Services& services, const ui::Dialog& parent, const CryptoContext& context,
+                    bool& ldapUsable) {
+    const kseal::Code code = Probe(context);
+    ldapUsable = code == 0 || code == kseal::NothingFound;
+    if (ldapUsable) return true;
+    const LibraryFailure failure{.code = code,
+                                 .operation = L"Conneting to network store (LDAP)",
+                                 .detail = errors::ErrorStackText(services.Machine, context.Handle())};
+    return GoesOnAfter(services, parent, failure, L"Continue without LDAP?");
 }
 
 uint32_t ContextFlags(const PickerSettings& settings) {
@@ -71,6 +88,15 @@ uint32_t ContextFlags(const PickerSettings& settings) {
     if (settings.NotUseLDAP != 0) flags |= 0x4;
     if (settings.NotLoadCrl != 0) flags |= 0x1;
     return flags;
+}
+
+// In the middle of the parent, halves of pixels cut off.
+void AwaitDlg::OnInitDialog() {
+    const ui::Rect parent = Parent()->NormalRect();
+    ui::Rect own = NormalRect();
+    own.x = parent.x + parent.width / 2 - own.width / 2;
+    own.y = parent.y + parent.height / 2 - own.height / 2;
+    SetNormalRect(own);
 }
 
 }  // namespace crypto

@@ -6,13 +6,22 @@
 #include <vector>
 
 #include "config/RegistryLayout.h"
-#include "crypto/CrlStamps.h"
-#include "crypto/LibraryFailure.h"
+#include "text/Format.h"
+#include "text/Numbers.h"
 
 namespace crypto {
 namespace {
 
+constexpr std::wstring_view separator = L";;";
 constexpr wchar_t stampsValue[] = L"LastCrlUpdate";
+
+// The time that a stamp of this store profile tells; nothing for any other text.
+std::optional<int32_t> TimeOf(std::wstring_view stamp, std::wstring_view storeProfile) {
+    const size_t end = stamp.find(separator);
+    if (end == std::wstring_view::npos || stamp.substr(0, end) != storeProfile) return std::nullopt;
+    const std::wstring_view rest = stamp.substr(end + separator.size());
+    return text::LeadingNumber(rest.substr(0, rest.find(separator)));
+}
 
 struct Loaded {
     platform::kseal::Code code = 0;
@@ -31,8 +40,8 @@ Loaded LoadCrl(const CryptoContext& context) {
 
 }  // namespace
 
-bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, const ContextSettings& settings,
-                const CryptoContext& context) {
+bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, const CryptoContext& context,
+                const std::wstring& storeProfile, int32_t periodHours) {
     const errors::ReportContext report{.owner = &parent};
     config::RegistryStore store = services.Registry.Another();
     if (!store.Open(config::ServiceHive, config::ServiceRoot, report)) return false;
@@ -40,11 +49,11 @@ bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, cons
     const int64_t now = services.Machine.Clock.SecondsSince1970();
     std::vector<std::wstring> stamps;
     const bool stampsKnown = store.ReadStringList(stampsValue, stamps, report);
-    const CrlStampSearch found = FindCrlStamp(stamps, settings.ZCSProfile, settings.CrlUpdatePeriod, now);
+    const CrlStampSearch found = FindCrlStamp(stamps, storeProfile, periodHours, now);
     if (!found.due) return true;
 
     const Loaded loaded = LoadCrl(context);
-    SetCrlStamp(stamps, found.position, settings.ZCSProfile, now);
+    SetCrlStamp(stamps, found.position, storeProfile, now);
     // Writing after a failed read would lose the stamps of all other store profiles.
     if (stampsKnown) store.WritePlainList(stampsValue, stamps, report);
 
@@ -53,6 +62,28 @@ bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, cons
                                  .operation = L"Connetion to CRL distribution point",
                                  .detail = services.Machine.CodePage.ToWide(loaded.diagnostic)};
     return GoesOnAfter(services, parent, failure, L"Continue without loading CRL?");
+}
+
+CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view storeProfile,
+                            int32_t periodHours, int64_t now) {
+    CrlStampSearch found;
+    for (size_t i = 0; i < stamps.size(); ++i) {
+        const std::optional<int32_t> last = TimeOf(stamps[i], storeProfile);
+        if (!last) continue;
+        found.position = i;
+        if (*last / 60 + int64_t{periodHours} * 60 > now / 60) found.due = false;
+    }
+    return found;
+}
+
+void SetCrlStamp(std::vector<std::wstring>& stamps, std::optional<size_t> position,
+                 std::wstring_view storeProfile, int64_t now) {
+    std::wstring stamp = text::Format(L"%s;;%lld", storeProfile, now);
+    if (position) {
+        stamps[*position] = std::move(stamp);
+    } else {
+        stamps.push_back(std::move(stamp));
+    }
 }
 
 }  // namespace crypto

@@ -9,16 +9,6 @@
 #include "text/Numbers.h"
 
 namespace editors {
-namespace {
-
-// A flag that already says so keeps its number: any but 0 means on.
-config::Flag TakenFlag(config::Flag before, const ui::CheckBox& box) {
-    if ((before != 0) == box.IsChecked()) return before;
-    return box.IsChecked() ? 1 : 0;
-}
-
-}  // namespace
-
 CAddProfile::CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
                          std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames,
                          EditorMemory& memory)
@@ -37,51 +27,31 @@ void CAddProfile::OnInitDialog() {
     const bool isNew = profile_.Name.empty();
     SetCaption(isNew ? L"Add profile" : L"Edit profile");
     if (isNew && !csProfileNames_.empty()) config::AttachStoreProfile(profile_, csProfileNames_.front());
-    ShowProfileOptions();
+    LoadControls(profile_);
+    name_.SetText(profile_.Name);
+    timeout_.SetText(text::Decimal(profile_.HandlerTimeout));
     csProfiles_.Replace(profile_.ZCSProfile);
     ShowCsProfile(0);
 }
 
-void CAddProfile::ShowProfileOptions() {
-    name_.SetText(profile_.Name);
-    timeout_.SetText(text::Decimal(profile_.HandlerTimeout));
-    for (const OptionBox& option : optionBoxes_) option.box.SetChecked(profile_.*option.flag != 0);
-}
-
-void CAddProfile::TakeProfileOptions() {
-    profile_.Name = name_.Text();
-    profile_.HandlerTimeout = timeout_.Number();
-    for (const OptionBox& option : optionBoxes_)
-        profile_.*option.flag = TakenFlag(profile_.*option.flag, option.box);
-}
-
-void CAddProfile::ShowCsProfile(int index) {
+void CAddProfile::ShowCsProfile(std::optional<size_t> index) {
     csProfiles_.Select(index);
     memory_.ShownCsProfile = csProfiles_.Selected();
     settings_.SetText(L"CS profile setting's: " + csProfiles_.SelectedItem());
-    const bool any = csProfiles_.Selected() != ui::ListBox::None;
-    const config::StoreProfileSettings settings =
-        any ? config::SettingsAt(profile_, static_cast<size_t>(csProfiles_.Selected()))
-            : config::StoreProfileSettings();
-    for (const SettingBox& setting : settingBoxes_) setting.box.SetChecked(settings.*setting.flag != 0);
-    period_.SetText(text::Decimal(settings.CrlUpdatePeriod));
-    tsp_.SetText(settings.ServerTSP);
+    const std::optional<size_t> shown = csProfiles_.Selected();
+    shown_ = shown ? config::SettingsAt(profile_, *shown) : config::StoreProfileSettings();
+    LoadControls(shown_);
+    period_.SetText(text::Decimal(shown_.CrlUpdatePeriod));
+    tsp_.SetText(shown_.ServerTSP);
     EnableDependentFields();
 }
 
-config::StoreProfileSettings CAddProfile::ShownSettings(const config::StoreProfileSettings& before) const {
-    config::StoreProfileSettings settings = before;
-    for (const SettingBox& setting : settingBoxes_)
-        settings.*setting.flag = TakenFlag(before.*setting.flag, setting.box);
-    settings.CrlUpdatePeriod = period_.Number();
-    settings.ServerTSP = tsp_.Text().empty() ? config::NoTimeStampServer : tsp_.Text();
-    return settings;
-}
-
 void CAddProfile::KeepShownSettings() {
-    if (memory_.ShownCsProfile == ui::ListBox::None) return;
-    const auto index = static_cast<size_t>(memory_.ShownCsProfile);
-    config::PutSettings(profile_, index, ShownSettings(config::SettingsAt(profile_, index)));
+    if (!memory_.ShownCsProfile) return;
+    StoreControls(shown_);
+    shown_.CrlUpdatePeriod = period_.Number();
+    shown_.ServerTSP = tsp_.Text().empty() ? config::NoTimeStampServer : tsp_.Text();
+    config::PutSettings(profile_, *memory_.ShownCsProfile, shown_);
 }
 
 void CAddProfile::EnableDependentFields() {
@@ -90,7 +60,7 @@ void CAddProfile::EnableDependentFields() {
 }
 
 void CAddProfile::SelectCsProfile() {
-    const int selected = csProfiles_.Selected();
+    const std::optional<size_t> selected = csProfiles_.Selected();
     if (LacksTimeStampServer() || selected == memory_.ShownCsProfile) return;
     KeepShownSettings();
     ShowCsProfile(selected);
@@ -108,15 +78,15 @@ void CAddProfile::AddCsProfile() {
 }
 
 void CAddProfile::DeleteCsProfile() {
-    const int selected = csProfiles_.Selected();
+    const std::optional<size_t> selected = csProfiles_.Selected();
     if (csProfiles_.Items().size() == 1)
         return errors::Warn(Screen(), this, L"Last CS profile in list cannot be deleted.");
-    if (selected == ui::ListBox::None) return errors::Warn(Screen(), this, L"Select list item to delete.");
+    if (!selected) return errors::Warn(Screen(), this, L"Select list item to delete.");
     const std::wstring name = csProfiles_.SelectedItem();
     if (!errors::Confirm(Screen(), this, DeleteQuestion(name))) return;
     if (std::find(removed_.begin(), removed_.end(), name) == removed_.end()) removed_.push_back(name);
-    csProfiles_.Remove(selected);
-    config::DetachStoreProfile(profile_, static_cast<size_t>(selected));
+    csProfiles_.Remove(*selected);
+    config::DetachStoreProfile(profile_, *selected);
     ShowCsProfile(0);
 }
 
@@ -160,7 +130,9 @@ void CAddProfile::OnOK() {
                            .TimeStampServer = tsp_.Text()};
     if (const auto refusal = FindRefusal(form, profile_.Name, profileNames_)) return Tell(*refusal);
     KeepShownSettings();
-    TakeProfileOptions();
+    StoreControls(profile_);
+    profile_.Name = name_.Text();
+    profile_.HandlerTimeout = timeout_.Number();
     EndDialog(ui::IdOk);
 }
 

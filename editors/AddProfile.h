@@ -2,7 +2,6 @@
 // the settings of the one that is selected.
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -34,10 +33,7 @@ class CAddProfile : public ui::Dialog {
     void OnInitDialog() override;
     void OnOK() override;
 
-    void ShowProfileOptions();
-    void TakeProfileOptions();
-    void ShowCsProfile(int index);  // selects it as well; an index beyond the list shows none
-    config::StoreProfileSettings ShownSettings(const config::StoreProfileSettings& before) const;
+    void ShowCsProfile(std::optional<size_t> index);  // selects it as well; one beyond the list shows none
     void KeepShownSettings();
     void EnableDependentFields();
 
@@ -54,6 +50,7 @@ class CAddProfile : public ui::Dialog {
     ui::Control& ControlOf(ProfileField field);
 
     config::ServiceProfile profile_;
+    config::StoreProfileSettings shown_;  // of the store profile that is selected
     const std::vector<std::wstring> profileNames_;
     const std::vector<std::wstring> csProfileNames_;
     EditorMemory& memory_;
@@ -70,65 +67,64 @@ class CAddProfile : public ui::Dialog {
         *this, 1099, {119, 51, 28, 20}, ui::Icon::ItemDelete, L"Delete", [this] { DeleteCsProfile(); }};
 
     ui::GroupBox settings_{*this, 1100, {153, 26, 234, 143}};
-    ui::CheckBox notUseLdap_{*this, 1054, {161, 38, 218, 10}, L"Do not use LDAP"};
-    ui::CheckBox notAddCert_{*this, 1055, {161, 51, 218, 10}, L"Do not add certificate into signature"};
-    ui::CheckBox notCopyToLocal_{*this, 1056, {161, 64, 218, 10}, L"Do not add certificate into local store"};
-    ui::CheckBox notLoadCrl_{*this, 1057, {161, 77, 218, 10}, L"Do not load CRL from distribution point"};
+    ui::CheckBox notUseLdap_{*this, 1054, {161, 38, 218, 10}, L"Do not use LDAP", shown_.NotUseLDAP};
+    ui::CheckBox notAddCert_{
+        *this, 1055, {161, 51, 218, 10}, L"Do not add certificate into signature", shown_.NotAddCert};
+    ui::CheckBox notCopyToLocal_{
+        *this, 1056, {161, 64, 218, 10}, L"Do not add certificate into local store", shown_.NotCopyToLocal};
+    ui::CheckBox notLoadCrl_{
+        *this, 1057, {161, 77, 218, 10}, L"Do not load CRL from distribution point", shown_.NotLoadCrl};
     ui::Label periodLabel_{*this, 1094, {172, 93, 62, 8}, L"Frequency (h.):"};
     ui::Edit period_{*this, 1064, {237, 91, 50, 14}, {.digitsOnly = true}, [this] { ClampPeriod(); }};
     ui::UpDown periodArrows_{*this, 1129, period_, 0, 8760};
-    ui::CheckBox useTsp_{
-        *this, 1058, {161, 111, 74, 10}, L"Use TSP server:", [this] { SwitchTimeStampServer(); }};
+    ui::CheckBox useTsp_{*this,
+                         1058,
+                         {161, 111, 74, 10},
+                         L"Use TSP server:",
+                         shown_.AutoUseTSP,
+                         [this] { SwitchTimeStampServer(); }};
     ui::Edit tsp_{*this, 1059, {237, 109, 142, 14}};
-    ui::CheckBox verifyTsp_{
-        *this, 1060, {161, 127, 218, 10}, L"Verify time stamp while signature verification", [this] {
-            SwitchTimeStampCheck();
-        }};
-    ui::CheckBox noTspIsError_{*this, 1061, {172, 140, 207, 10}, L"Admit the lack of time stamp as an error"};
-    ui::CheckBox useAia_{*this, 1062, {161, 153, 218, 10}, L"Allow AIA and CDP access while building chains"};
+    ui::CheckBox verifyTsp_{*this,
+                            1060,
+                            {161, 127, 218, 10},
+                            L"Verify time stamp while signature verification",
+                            shown_.AutoVerifyTSP,
+                            [this] { SwitchTimeStampCheck(); }};
+    ui::CheckBox noTspIsError_{
+        *this, 1061, {172, 140, 207, 10}, L"Admit the lack of time stamp as an error", shown_.NoTSPisError};
+    ui::CheckBox useAia_{
+        *this, 1062, {161, 153, 218, 10}, L"Allow AIA and CDP access while building chains", shown_.UseAIA};
 
-    ui::CheckBox verifyFile_{
-        *this, 1076, {7, 177, 380, 10}, L"Create report file after verifying attached signature"};
+    ui::CheckBox verifyFile_{*this,
+                             1076,
+                             {7, 177, 380, 10},
+                             L"Create report file after verifying attached signature",
+                             profile_.VerifyFile};
     ui::CheckBox verifyXFile_{*this,
                               1077,
                               {7, 190, 380, 10},
-                              L"Create report file after verifying and deleting attached signature"};
-    ui::CheckBox verifyDetFile_{
-        *this, 1078, {7, 203, 380, 10}, L"Create report file after verifying detached signature"};
-    ui::CheckBox verifyResignFile_{
-        *this, 1080, {7, 216, 380, 10}, L"Create report file after verifying resigning file"};
+                              L"Create report file after verifying and deleting attached signature",
+                              profile_.VerifyXFile};
+    ui::CheckBox verifyDetFile_{*this,
+                                1078,
+                                {7, 203, 380, 10},
+                                L"Create report file after verifying detached signature",
+                                profile_.VerifyDetFile};
+    ui::CheckBox verifyResignFile_{*this,
+                                   1080,
+                                   {7, 216, 380, 10},
+                                   L"Create report file after verifying resigning file",
+                                   profile_.VerifyResignFile};
     ui::Label timeoutLabel_{*this, 1092, {7, 233, 82, 8}, L"Handler timeout (sec.):"};
     ui::Edit timeout_{*this, 1079, {92, 231, 50, 14}, {.digitsOnly = true}};
-    ui::CheckBox renameConfFiles_{
-        *this, 1093, {7, 251, 256, 10}, L"Rename files in Output directory if name conflict happens"};
+    ui::CheckBox renameConfFiles_{*this,
+                                  1093,
+                                  {7, 251, 256, 10},
+                                  L"Rename files in Output directory if name conflict happens",
+                                  profile_.RenameConfFiles};
 
     ui::Button ok_{*this, ui::IdOk, {283, 249, 50, 14}, L"OK"};
     ui::Button exit_{*this, ui::IdCancel, {337, 249, 50, 14}, L"Exit"};
-
-    // Which flag each check box shows.
-    struct SettingBox {
-        ui::CheckBox& box;
-        config::Flag config::StoreProfileSettings::*flag;
-    };
-    const std::array<SettingBox, 8> settingBoxes_{
-        {{notUseLdap_, &config::StoreProfileSettings::NotUseLDAP},
-         {notAddCert_, &config::StoreProfileSettings::NotAddCert},
-         {notCopyToLocal_, &config::StoreProfileSettings::NotCopyToLocal},
-         {notLoadCrl_, &config::StoreProfileSettings::NotLoadCrl},
-         {useTsp_, &config::StoreProfileSettings::AutoUseTSP},
-         {verifyTsp_, &config::StoreProfileSettings::AutoVerifyTSP},
-         {noTspIsError_, &config::StoreProfileSettings::NoTSPisError},
-         {useAia_, &config::StoreProfileSettings::UseAIA}}};
-    struct OptionBox {
-        ui::CheckBox& box;
-        config::Flag config::ServiceProfile::*flag;
-    };
-    const std::array<OptionBox, 5> optionBoxes_{
-        {{verifyFile_, &config::ServiceProfile::VerifyFile},
-         {verifyXFile_, &config::ServiceProfile::VerifyXFile},
-         {verifyDetFile_, &config::ServiceProfile::VerifyDetFile},
-         {verifyResignFile_, &config::ServiceProfile::VerifyResignFile},
-         {renameConfFiles_, &config::ServiceProfile::RenameConfFiles}}};
 };
 
 }  // namespace editors

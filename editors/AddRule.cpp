@@ -2,8 +2,12 @@
 
 #include <algorithm>
 
+#include "certs/PreEncryptDlg.h"
+#include "certs/SignerList.h"
 #include "config/Operations.h"
-#include "editors/RuleCommit.h"
+#include "config/StoreProfileSettings.h"
+#include "crypto/LibrarySearch.h"
+#include "crypto/OpenCryptoContext.h"
 #include "errors/ErrBox.h"
 #include "errors/MessageBoxes.h"
 
@@ -23,20 +27,14 @@ void Use(ui::Control* control, bool used) {
     control->Enable(used);
 }
 
-void SelectIn(ui::ComboBox& list, int index) {
-    if (list.Selected() != index) list.Select(index);
-}
-
 }  // namespace
 
 CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const config::ServiceProfile& profile,
-                   std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory,
-                   CertificateActions* certificates)
+                   std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory)
     : Dialog(services.Screen, owner, {.size = {394, 224}, .guidePage = L"rules"}),
       services_(services),
       profile_(profile),
       memory_(memory),
-      certificates_(certificates),
       isNew_(rule.Operation.empty()),
       form_(OpenedForm(rule, profile_.ZCSProfile)),
       maskList_(masks_, *this, services.Screen, form_.Masks, std::move(suggestedMasks)) {
@@ -60,47 +58,26 @@ void CAddRule::OnInitDialog() {
         Use(neverShown, false);
     operation_.SetItems(OperationNames());
     storeProfile_.SetItems(profile_.ZCSProfile);
-    listA_.SetItems(ChoicesOf(Option::InputFormat, {}));
-    listC_.SetItems(ChoicesOf(Option::NewSignatureProfile, profile_.ZCSProfile));
+    listA_.SetItems(ChoicesOf(config::option::InputFormat, {}));
+    listC_.SetItems(profile_.ZCSProfile);
     if (!isNew_) memory_.RememberedCsProfile = form_.StoreProfile;
     maskList_.CreateColumn();
-    operation_.Select(static_cast<int>(config::OperationIndex(form_.Operation).value()));
+    operation_.Select(config::OperationIndex(form_.Operation));
     Reshape();
     Push();
     maskList_.Refill();
 }
 
 void CAddRule::Read() {
-    const int operation = operation_.Selected();
-    form_.Operation =
-        operation == ui::ComboBox::None ? L"" : config::Operations()[static_cast<size_t>(operation)].code;
-    form_.StoreProfile = storeProfile_.Selected();
-    form_.Descryption = description_.Text();
-    form_.PathIn = pathIn_.Text();
-    form_.PathOut = pathOut_.Text();
-    form_.PathError = pathError_.Text();
+    StoreControls(form_);
+    const std::optional<size_t> operation = operation_.Selected();
+    form_.Operation = operation ? config::Operations()[*operation].code : L"";
     if (!actionField_.IsReadOnly()) form_.ActionPath = actionField_.Text();
-    for (size_t i = RowA; i < RowCount; ++i) {
-        const Row& row = rows_.at(i);
-        form_.Texts.at(i) = row.text->Text();
-        if (row.list != nullptr) form_.Choices.at(i) = row.list->Selected();
-        if (row.number != nullptr) form_.Numbers.at(i) = std::max(0, row.number->Number());
-    }
 }
 
 void CAddRule::Push() {
-    SelectIn(storeProfile_, form_.StoreProfile);
-    description_.SetText(form_.Descryption);
-    pathIn_.SetText(form_.PathIn);
-    pathOut_.SetText(form_.PathOut);
-    pathError_.SetText(form_.PathError);
+    LoadControls(form_);
     actionField_.SetText(ActionText(form_));
-    for (size_t i = RowA; i < RowCount; ++i) {
-        const Row& row = rows_.at(i);
-        row.text->SetText(form_.Texts.at(i));
-        if (row.list != nullptr) SelectIn(*row.list, form_.Choices.at(i));
-        if (row.number != nullptr) row.number->SetNumber(form_.Numbers.at(i));
-    }
 }
 
 void CAddRule::ReadAndPush() {
@@ -109,30 +86,33 @@ void CAddRule::ReadAndPush() {
 }
 
 void CAddRule::Reshape() {
-    const OperationShape& shape = ShapeOf(form_.Operation);
-    const ActionLook& look = LookOf(shape.action);
+    const config::Operation& operation = OperationOf(form_);
+    const ActionLook& look = LookOf(operation.holds);
     action_.SetIcon(look.icon);
     action_.SetTooltip(std::wstring(look.tooltip));
-    action_.Enable(look.isEnabled);
+    action_.Enable(operation.holds != config::Holds::Nothing);
     actionField_.SetReadOnly(!look.takesPath);
     actionField_.SetName(std::wstring(look.fieldName));
     actionField_.SetCue(look.takesPath ? actionField_.Name() : L"");
-    pickPathOut_.Enable(shape.outputFolder);
-    pathOut_.Enable(shape.outputFolder);
-    storeProfileLabel_.SetText(shape.storeProfile ? L"CS profile: " : L"");
-    Use(&storeProfile_, shape.storeProfile);
-    for (size_t i = RowA; i < RowCount; ++i) ReshapeRow(rows_.at(i), FieldOf(shape.options.at(i)));
+    pickPathOut_.Enable(operation.hasOutputFolder);
+    pathOut_.Enable(operation.hasOutputFolder);
+    storeProfileLabel_.SetText(operation.usesStoreProfile ? L"CS profile: " : L"");
+    Use(&storeProfile_, operation.usesStoreProfile);
+    for (size_t i = RowA; i < RowCount; ++i) ReshapeRow(rows_.at(i), operation.options.at(i));
 }
 
-void CAddRule::ReshapeRow(const Row& row, const OptionField& field) {
-    row.label->SetText(std::wstring(field.label));
+void CAddRule::ReshapeRow(const Row& row, const config::Option* option) {
+    using config::Input;
+    const auto isSetBy = [option](Input input) { return option != nullptr && option->input == input; };
+    const bool isList = option != nullptr && option->IsList();
+    row.label->SetText(std::wstring(option == nullptr ? L"" : option->label));
     // Behind a list that is not shown, the label is too far away for these.
     row.text->SetName(row.label->Text());
     if (row.number != nullptr) row.number->SetName(row.label->Text());
-    Use(row.list, field.input == Input::List);
-    Use(row.text, field.input == Input::Text);
-    Use(row.number, field.input == Input::Number);
-    if (field.input == Input::List) row.list->SetItems(ChoicesOf(field.option, profile_.ZCSProfile));
+    Use(row.list, isList);
+    Use(row.text, isSetBy(Input::Text));
+    Use(row.number, isSetBy(Input::Number));
+    if (isList) row.list->SetItems(ChoicesOf(*option, profile_.ZCSProfile));
 }
 
 void CAddRule::ChooseOperation() {
@@ -145,7 +125,7 @@ void CAddRule::ChooseOperation() {
 
 void CAddRule::ChooseStoreProfile() {
     Read();
-    int& remembered = memory_.RememberedCsProfile;
+    std::optional<size_t>& remembered = memory_.RememberedCsProfile;
     if (form_.StoreProfile == remembered) return;
     if (GiveUpCertificates()) {
         remembered = form_.StoreProfile;
@@ -203,37 +183,46 @@ void CAddRule::PickExecutable() {
 
 void CAddRule::DoAction() {
     ReadAndPush();
-    switch (ShapeOf(form_.Operation).action) {
-        case Action::Recipients:
-            ChooseRecipients();
-            break;
-        case Action::SignerLists:
-            EditSignerLists();
-            break;
-        case Action::SecondFolder:
-            PickFolder(form_.ActionPath);
-            break;
-        case Action::Executable:
-            PickExecutable();
-            break;
-        case Action::None:
-            break;
+    switch (OperationOf(form_).holds) {
+        case config::Holds::Recipients:
+            return ChooseRecipients();
+        case config::Holds::SignerLists:
+            return EditSignerLists();
+        case config::Holds::SecondFolder:
+            return PickFolder(form_.ActionPath);
+        case config::Holds::Executable:
+            return PickExecutable();
+        case config::Holds::Nothing:
+            return;
     }
 }
 
+crypto::PickerSettings CAddRule::PickerSettings() const {
+    crypto::PickerSettings settings;
+    if (form_.StoreProfile)
+        static_cast<config::StoreProfileSettings&>(settings) =
+            config::SettingsAt(profile_, *form_.StoreProfile);
+    return settings;
+}
+
 void CAddRule::ChooseRecipients() {
-    if (certificates_ == nullptr) return;
-    auto chosen = certificates_->ChooseRecipients(*this, profile_, form_.StoreProfile, form_.Recipients);
-    if (!chosen) return;
-    form_.Recipients = std::move(*chosen);
+    const ui::WaitCursor wait(Screen());  // closing the context may take long, too
+    const crypto::PickerSettings settings = PickerSettings();
+    const auto opened = crypto::OpenCryptoContext(services_, *this, storeProfile_.SelectedItem(), settings);
+    if (!opened) return;
+    crypto::LibrarySearch search(services_, opened->Context, settings);
+    certs::CPreEncryptDlg picker(services_, this, search, settings, form_.Recipients);
+    picker.SetLdapUsable(opened->LdapUsable);
+    if (picker.DoModal() != ui::IdOk) return;
+    form_.Recipients = picker.Result();
     Push();
 }
 
 void CAddRule::EditSignerLists() {
-    if (certificates_ == nullptr) return;
-    auto edited = certificates_->EditSignerLists(*this, profile_, form_.StoreProfile, form_.SignerLists);
-    if (!edited) return;
-    form_.SignerLists = std::move(*edited);
+    certs::SignerList form(services_, this, storeProfile_.SelectedItem(), PickerSettings(),
+                           form_.SignerLists);
+    if (form.DoModal() != ui::IdOk) return;
+    form_.SignerLists = form.Lists();
     Push();
 }
 

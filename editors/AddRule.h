@@ -8,7 +8,7 @@
 
 #include "config/RegistryLayout.h"
 #include "config/Services.h"
-#include "editors/CertificateActions.h"
+#include "crypto/CertificateSearch.h"
 #include "editors/EditorMemory.h"
 #include "editors/MaskList.h"
 #include "editors/RuleChecks.h"
@@ -21,12 +21,10 @@ namespace editors {
 
 class CAddRule : public ui::Dialog {
   public:
-    // profile: the owner of the rule. rule: a rule without an operation is a new one. certificates: may be
-    // null; choosing recipients and signers then does nothing. profile, memory and certificates must outlive
-    // the dialog.
+    // profile: the owner of the rule. rule: a rule without an operation is a new one. profile and memory must
+    // outlive the dialog.
     CAddRule(const config::Services& services, ui::Dialog* owner, const config::ServiceProfile& profile,
-             std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory,
-             CertificateActions* certificates);
+             std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory);
 
     // As accepted by OK, and empty before.
     const config::Rule& Result() const { return result_; }
@@ -48,7 +46,7 @@ class CAddRule : public ui::Dialog {
         ui::Edit* number;
     };
     void Reshape();  // shows, enables and labels what the operation asks for
-    void ReshapeRow(const Row& row, const OptionField& field);
+    void ReshapeRow(const Row& row, const config::Option* option);
 
     void ChooseOperation();
     void ChooseStoreProfile();
@@ -57,6 +55,7 @@ class CAddRule : public ui::Dialog {
     bool Exists(const std::wstring& path) const;
     void PickExecutable();
     void DoAction();
+    crypto::PickerSettings PickerSettings() const;
     void ChooseRecipients();
     void EditSignerLists();
 
@@ -66,35 +65,43 @@ class CAddRule : public ui::Dialog {
     const config::Services services_;
     const config::ServiceProfile& profile_;
     EditorMemory& memory_;
-    CertificateActions* const certificates_;
     const bool isNew_;
     RuleForm form_;
     config::Rule result_;
 
     ui::ComboBox operation_{*this, 1042, {7, 7, 190, 14}, [this] { ChooseOperation(); }};
     ui::Label storeProfileLabel_{*this, 1104, {206, 9, 44, 8}};
-    ui::ComboBox storeProfile_{*this, 1051, {253, 7, 134, 14}, [this] { ChooseStoreProfile(); }};
+    ui::ComboBox storeProfile_{
+        *this, 1051, {253, 7, 134, 14}, form_.StoreProfile, [this] { ChooseStoreProfile(); }};
     ui::Label descriptionLabel_{*this, 1122, {7, 29, 32, 18}, L"Descrip\ntion"};
-    ui::Edit description_{
-        *this, 1079, {41, 27, 346, 28}, {.multiLine = true, .longest = config::LongestText}};
+    ui::Edit description_{*this,
+                          1079,
+                          {41, 27, 346, 28},
+                          form_.Descryption,
+                          {.multiLine = true, .longest = config::LongestText}};
 
     ui::IconButton pickPathIn_{*this,           1000,
                                {7, 62, 28, 20}, ui::Icon::FolderIn,
                                L"Input folder", [this] { PickFolder(form_.PathIn); }};
-    ui::Edit pathIn_{*this, 1045, {41, 65, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
+    ui::Edit pathIn_{
+        *this, 1045, {41, 65, 210, 14}, form_.PathIn, {.takesPaths = true, .longest = config::LongestText}};
     ui::IconButton pickPathOut_{*this,
                                 1043,
                                 {7, 84, 28, 20},
                                 ui::Icon::FolderOut,
                                 L"Output folder",
                                 [this] { PickFolder(form_.PathOut); }};
-    ui::Edit pathOut_{*this, 1046, {41, 87, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
+    ui::Edit pathOut_{
+        *this, 1046, {41, 87, 210, 14}, form_.PathOut, {.takesPaths = true, .longest = config::LongestText}};
     ui::IconButton pickPathError_{
         *this, 1044, {7, 106, 28, 20}, ui::Icon::FolderError, L"Error folder", [this] {
             PickFolder(form_.PathError);
         }};
-    ui::Edit pathError_{
-        *this, 1047, {41, 109, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
+    ui::Edit pathError_{*this,
+                        1047,
+                        {41, 109, 210, 14},
+                        form_.PathError,
+                        {.takesPaths = true, .longest = config::LongestText}};
     ui::IconButton action_{*this, 1050, {7, 128, 28, 20}, ui::Icon::Recipients, L"", [this] { DoAction(); }};
     ui::Edit actionField_{
         *this, 1049, {41, 131, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
@@ -108,19 +115,19 @@ class CAddRule : public ui::Dialog {
         *this, 1126, {359, 106, 28, 20}, ui::Icon::MaskDelete, L"Delete", [this] { maskList_.Delete(); }};
 
     ui::Label labelA_{*this, 1108, {7, 159, 98, 8}};
-    ui::ComboBox listA_{*this, 1105, {107, 157, 86, 14}};
-    ui::Edit textA_{*this, 1130, {107, 157, 86, 14}, {.longest = config::LongestText}};
-    ui::Edit numberA_{*this, 1139, {107, 157, 86, 14}, {.digitsOnly = true}, [this] { ReadAndPush(); }};
+    ui::ComboBox listA_{*this, 1105, {107, 157, 86, 14}, form_.Choices[RowA]};
+    ui::Edit textA_{*this, 1130, {107, 157, 86, 14}, form_.Texts[RowA], {.longest = config::LongestText}};
+    ui::Edit numberA_{*this, 1139, {107, 157, 86, 14}, form_.Numbers[RowA], [this] { ReadAndPush(); }};
     ui::Label labelB_{*this, 1109, {201, 159, 98, 8}};
-    ui::ComboBox listB_{*this, 1106, {301, 157, 86, 14}};
-    ui::Edit textB_{*this, 1131, {301, 157, 86, 14}, {.longest = config::LongestText}};
-    ui::Edit numberB_{*this, 1140, {301, 157, 86, 14}, {.digitsOnly = true}, [this] { ReadAndPush(); }};
+    ui::ComboBox listB_{*this, 1106, {301, 157, 86, 14}, form_.Choices[RowB]};
+    ui::Edit textB_{*this, 1131, {301, 157, 86, 14}, form_.Texts[RowB], {.longest = config::LongestText}};
+    ui::Edit numberB_{*this, 1140, {301, 157, 86, 14}, form_.Numbers[RowB], [this] { ReadAndPush(); }};
     ui::Label labelC_{*this, 1110, {7, 179, 98, 8}};
-    ui::ComboBox listC_{*this, 1107, {107, 177, 86, 14}};
-    ui::Edit textC_{*this, 1136, {107, 177, 86, 14}, {.longest = config::LongestText}};
-    ui::Edit numberC_{*this, 1141, {107, 177, 86, 14}, {.digitsOnly = true}, [this] { ReadAndPush(); }};
+    ui::ComboBox listC_{*this, 1107, {107, 177, 86, 14}, form_.Choices[RowC]};
+    ui::Edit textC_{*this, 1136, {107, 177, 86, 14}, form_.Texts[RowC], {.longest = config::LongestText}};
+    ui::Edit numberC_{*this, 1141, {107, 177, 86, 14}, form_.Numbers[RowC], [this] { ReadAndPush(); }};
     ui::Label labelD_{*this, 1138, {201, 179, 98, 8}};
-    ui::Edit textD_{*this, 1137, {301, 177, 86, 14}, {.longest = config::LongestText}};
+    ui::Edit textD_{*this, 1137, {301, 177, 86, 14}, form_.Texts[RowD], {.longest = config::LongestText}};
 
     // The single mask of the older format: never shown, never written back.
     ui::Label oldMaskLabel_{*this, 1123, {7, 203, 30, 8}, L"Mask"};

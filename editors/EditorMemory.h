@@ -1,16 +1,18 @@
 // What the editors remember from one opening to the next, as long as the program runs.
 #pragma once
 
+#include <cstddef>
+#include <optional>
+
 namespace editors {
 
 struct EditorMemory {
     // The store profile, by its index in the service profile, that the rule editor last took to be selected.
     // Kept: opening the editor for a new rule leaves it as the rule before left it.
-    int RememberedCsProfile = 0;
+    std::optional<size_t> RememberedCsProfile = 0;
 
-    // The store profile, by its index in the service profile, whose settings the profile editor shows; -1 for
-    // none.
-    int ShownCsProfile = 0;
+    // The store profile, by its index in the service profile, whose settings the profile editor shows.
+    std::optional<size_t> ShownCsProfile = 0;
 };
 
 }  // namespace editors

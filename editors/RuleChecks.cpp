@@ -34,7 +34,7 @@ Found CheckInputIsSet(const RuleForm& form, platform::Files&) {
 }
 
 Found CheckOutputIsSet(const RuleForm& form, platform::Files&) {
-    if (!ShapeOf(form.Operation).outputFolder) return std::nullopt;
+    if (!OperationOf(form).hasOutputFolder) return std::nullopt;
     return RequirePath(form.PathOut, FormField::PathOut, L"No Output folder selected.", ui::Icon::FolderOut);
 }
 
@@ -48,7 +48,7 @@ Found CheckInput(const RuleForm& form, platform::Files& files) {
 }
 
 Found CheckOutput(const RuleForm& form, platform::Files& files) {
-    if (!ShapeOf(form.Operation).outputFolder) return std::nullopt;
+    if (!OperationOf(form).hasOutputFolder) return std::nullopt;
     return RequireFolder(form.PathOut, FormField::PathOut, L"Bad Output folder.", files);
 }
 
@@ -62,7 +62,7 @@ Found CheckMasks(const RuleForm& form, platform::Files&) {
 }
 
 Found CheckRecipients(const RuleForm& form, platform::Files&) {
-    if (ShapeOf(form.Operation).action != Action::Recipients || !form.Recipients.empty()) return std::nullopt;
+    if (OperationOf(form).holds != config::Holds::Recipients || !form.Recipients.empty()) return std::nullopt;
     return Refusal{.field = FormField::ActionButton,
                    .telling = ErrorBox,
                    .text = L"No certificate is selected for operation.",
@@ -70,13 +70,13 @@ Found CheckRecipients(const RuleForm& form, platform::Files&) {
 }
 
 Found CheckSecondFolder(const RuleForm& form, platform::Files& files) {
-    if (ShapeOf(form.Operation).action != Action::SecondFolder || !IsSet(form.ActionPath))
+    if (OperationOf(form).holds != config::Holds::SecondFolder || !IsSet(form.ActionPath))
         return std::nullopt;
     return RequireFolder(form.ActionPath, FormField::ActionPath, L"Bad Second Output folder.", files);
 }
 
 Found CheckExecutable(const RuleForm& form, platform::Files&) {
-    if (ShapeOf(form.Operation).action != Action::Executable) return std::nullopt;
+    if (OperationOf(form).holds != config::Holds::Executable) return std::nullopt;
     return RequirePath(form.ActionPath, FormField::ActionPath, L"Executable file is not set.",
                        ui::Icon::Executable);
 }

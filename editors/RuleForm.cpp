@@ -1,104 +1,137 @@
 #include "editors/RuleForm.h"
 
 #include <algorithm>
-#include <span>
-#include <string_view>
+#include <stdexcept>
 
-#include "config/Operations.h"
 #include "text/Format.h"
 
 namespace editors {
 namespace {
 
+using config::Holds;
+using config::Input;
+using config::Operation;
+using config::Option;
 using config::Rule;
+using Names = std::vector<std::wstring>;
+
+constexpr std::array<ActionLook, 5> looks{{
+    {.holds = Holds::Nothing},
+    {.holds = Holds::Recipients},
+    {.holds = Holds::SignerLists, .tooltip = L"Add signers", .fieldName = L"Signer lists"},
+    {.holds = Holds::SecondFolder,
+     .icon = ui::Icon::Folder,
+     .tooltip = L"Second Output folder ",
+     .fieldName = L"Second Output folder",
+     .takesPath = true},
+    {.holds = Holds::Executable,
+     .icon = ui::Icon::Executable,
+     .tooltip = L"Executable file:",
+     .fieldName = L"Executable file",
+     .takesPath = true},
+}};
+
+const Operation& OperationOf(const std::wstring& code) {
+    static constexpr Operation nothingSelected{};
+    if (code.empty()) return nothingSelected;
+    const Operation* operation = config::FindOperation(code);
+    if (operation == nullptr) throw std::out_of_range("editors: no such operation");
+    return *operation;
+}
 
 std::wstring KnownOperation(const std::wstring& code) {
-    const size_t index = config::OperationIndex(code).value_or(0);
-    return std::wstring(config::Operations()[index].code);
+    const Operation* known = config::FindOperation(code);
+    return std::wstring(known == nullptr ? config::Operations().front().code : known->code);
 }
 
 // Of several that are equal the last; the first when there is none.
-int IndexOf(const std::wstring& name, const std::vector<std::wstring>& storeProfiles) {
+size_t IndexOf(const std::wstring& name, const Names& storeProfiles) {
     const auto found = std::find(storeProfiles.rbegin(), storeProfiles.rend(), name);
-    return found == storeProfiles.rend() ? 0 : static_cast<int>(storeProfiles.rend() - found) - 1;
+    return found == storeProfiles.rend() ? 0 : static_cast<size_t>(storeProfiles.rend() - found) - 1;
+}
+
+std::wstring NameAt(std::optional<size_t> index, const Names& storeProfiles) {
+    return index && *index < storeProfiles.size() ? storeProfiles[*index] : std::wstring();
 }
 
 std::wstring UnlessNotSet(const std::wstring& path) {
     return IsSet(path) ? path : std::wstring();
 }
 
-// A number that no list offers (a configuration may have been edited by hand) selects the first entry.
-int IndexWithin(int32_t index, const std::vector<std::wstring>& choices) {
-    return index >= 0 && static_cast<size_t>(index) < choices.size() ? index : 0;
+bool KeepsSignerLists(Holds holds) {
+    return holds == Holds::SignerLists || holds == Holds::Executable;
 }
 
-int OpenedChoice(Option option, const Rule& rule, const std::vector<std::wstring>& storeProfiles) {
-    switch (option) {
-        case Option::InputFormat:
-            return rule.InFormatDet == 1 ? 1 : 0;
-        case Option::OutputFormat:
-            return rule.OutFormatDet == 1 ? 1 : 0;
-        case Option::NewSignatureProfile:
-            return IndexOf(rule.ResignProfile, storeProfiles);
-        case Option::ArchiveIfAny:
-            return IndexWithin(rule.ZipFile, ChoicesOf(option, storeProfiles));
-        case Option::ArchiveKind:
-            return IndexWithin(std::max(rule.ZipFile, 1) - 1, ChoicesOf(option, storeProfiles));
-        default:
-            return 0;
-    }
-}
-
-void OpenAction(RuleForm& form, const Rule& rule) {
-    switch (ShapeOf(form.Operation).action) {
-        case Action::Recipients:
-            form.Recipients = rule.Certificates;
-            break;
-        case Action::SignerLists:
-            form.SignerLists = rule.SignerLists;
-            break;
-        case Action::SecondFolder:
-            form.ActionPath = UnlessNotSet(rule.PathOut2);
-            break;
-        case Action::Executable:
-            form.ActionPath = UnlessNotSet(rule.ExecName);
-            break;
-        case Action::None:
-            break;
-    }
-}
-
-bool KeepsSignerLists(Action action) {
-    return action == Action::SignerLists || action == Action::Executable;
-}
-
-std::vector<std::wstring> Texts(std::span<const std::wstring_view> names,
-                                std::vector<std::wstring> before = {}) {
-    before.insert(before.end(), names.begin(), names.end());
-    return before;
-}
-
-bool IsArchiveList(Option option) {
-    return option == Option::ArchiveIfAny || option == Option::ArchiveKind;
+bool IsArchiveList(const Option* option) {
+    return option != nullptr && option->number == &Rule::ZipFile;
 }
 
 // The kind of archive stays the same where one list has the entry "No" and the other has not. Signature
 // formats start anew, and are never taken for kinds of archives.
-int ChoiceTakenOver(Option before, int index, Option now) {
+size_t ChoiceTakenOver(const Option* before, std::optional<size_t> choice, const Option* now) {
     if (!IsArchiveList(before) || !IsArchiveList(now)) return 0;
-    if (before == now) return index;
-    return now == Option::ArchiveIfAny ? std::min(index + 1, 2) : std::max(index - 1, 0);
+    return config::ChoiceOf(*now, config::StoredChoice(*before, choice.value_or(0)));
 }
 
-void TakeOverLists(RuleForm& form, const OperationShape& before, const OperationShape& now) {
-    const Option inRowB = now.options[RowB];
-    if (now.options[RowA] == Option::InputFormat) form.Choices[RowA] = 0;
-    if (FieldOf(inRowB).input == Input::List) {
+void TakeOverLists(RuleForm& form, const Operation& before, const Operation& now) {
+    const Option* inRowB = now.options[RowB];
+    if (now.options[RowA] == &config::option::InputFormat) form.Choices[RowA] = 0;
+    if (inRowB != nullptr && inRowB->IsList()) {
         form.Choices[RowB] = ChoiceTakenOver(form.ListInRowB, form.Choices[RowB], inRowB);
         form.ListInRowB = inRowB;
-    } else if (inRowB == Option::AddExtension && IsArchiveList(before.options[RowB])) {
+    } else if (inRowB == &config::option::AddExtension && IsArchiveList(before.options[RowB])) {
         // Kept: moving forgets the archive of the operation right before it, and of no earlier one.
-        form.ListInRowB = Option::None;
+        form.ListInRowB = nullptr;
+    }
+}
+
+void OpenHeld(const Rule& rule, Holds holds, RuleForm& form) {
+    if (holds == Holds::Recipients) form.Recipients = rule.Certificates;
+    if (holds == Holds::SignerLists) form.SignerLists = rule.SignerLists;
+    if (holds == Holds::SecondFolder) form.ActionPath = UnlessNotSet(rule.PathOut2);
+    if (holds == Holds::Executable) form.ActionPath = UnlessNotSet(rule.ExecName);
+}
+
+void CommitHeld(const RuleForm& form, Holds holds, Rule& rule) {
+    if (holds == Holds::Recipients) rule.Certificates = form.Recipients;
+    if (holds == Holds::SignerLists) rule.SignerLists = form.SignerLists;
+    if (holds == Holds::SecondFolder) rule.PathOut2 = form.ActionPath;
+    if (holds == Holds::Executable) rule.ExecName = form.ActionPath;
+}
+
+void OpenOption(const Rule& rule, const Option& option, size_t row, const Names& storeProfiles,
+                RuleForm& form) {
+    switch (option.input) {
+        case Input::Choice:
+            form.Choices.at(row) = config::ChoiceOf(option, rule.*option.number);
+            break;
+        case Input::StoreProfile:
+            form.Choices.at(row) = IndexOf(rule.*option.text, storeProfiles);
+            break;
+        case Input::Text:
+            form.Texts.at(row) = rule.*option.text;
+            break;
+        case Input::Number:
+            form.Numbers.at(row) = std::max(0, rule.*option.number);
+            break;
+    }
+}
+
+void CommitOption(const RuleForm& form, const Option& option, size_t row, const Names& storeProfiles,
+                  Rule& rule) {
+    switch (option.input) {
+        case Input::Choice:
+            rule.*option.number = config::StoredChoice(option, form.Choices.at(row).value_or(0));
+            break;
+        case Input::StoreProfile:
+            rule.*option.text = NameAt(form.Choices.at(row), storeProfiles);
+            break;
+        case Input::Text:
+            rule.*option.text = form.Texts.at(row);
+            break;
+        case Input::Number:
+            rule.*option.number = form.Numbers.at(row);
+            break;
     }
 }
 
@@ -108,38 +141,56 @@ bool IsSet(const std::wstring& path) {
     return !path.empty() && path != config::NotSet;
 }
 
-RuleForm OpenedForm(const Rule& rule, const std::vector<std::wstring>& storeProfiles) {
+const Operation& OperationOf(const RuleForm& form) {
+    return OperationOf(form.Operation);
+}
+
+RuleForm OpenedForm(const Rule& rule, const Names& storeProfiles) {
     RuleForm form;
     form.Operation = KnownOperation(rule.Operation);
-    const OperationShape& shape = ShapeOf(form.Operation);
-    TakeOverLists(form, ShapeOf({}), shape);
+    const Operation& operation = OperationOf(form);
+    TakeOverLists(form, OperationOf(std::wstring()), operation);
     if (rule.Operation.empty()) return form;
 
     form.StoreProfile = IndexOf(rule.ZCSProfile, storeProfiles);
     form.Descryption = rule.Descryption;
     form.PathIn = rule.PathIn;
-    if (shape.outputFolder) form.PathOut = rule.PathOut;
+    if (operation.hasOutputFolder) form.PathOut = rule.PathOut;
     form.PathError = rule.PathError;
     form.Masks = rule.Masks;
-    OpenAction(form, rule);
-    for (size_t row = RowA; row < RowCount; ++row) {
-        const OptionField& field = FieldOf(shape.options.at(row));
-        if (field.input == Input::List)
-            form.Choices.at(row) = OpenedChoice(field.option, rule, storeProfiles);
-        if (field.input == Input::Text) form.Texts.at(row) = rule.*field.text;
-        if (field.input == Input::Number) form.Numbers.at(row) = std::max(0, rule.*field.number);
-    }
+    OpenHeld(rule, operation.holds, form);
+    for (size_t row = RowA; row < RowCount; ++row)
+        if (const Option* option = operation.options.at(row))
+            OpenOption(rule, *option, row, storeProfiles, form);
     return form;
+}
+
+Rule CommittedRule(const RuleForm& form, const Names& storeProfiles) {
+    const Operation& operation = OperationOf(form);
+    Rule rule;
+    rule.IsOn = 1;  // whatever leaves the editor is switched on
+    rule.Operation = form.Operation;
+    if (operation.usesStoreProfile) rule.ZCSProfile = NameAt(form.StoreProfile, storeProfiles);
+    rule.Descryption = form.Descryption;
+    rule.PathIn = form.PathIn;
+    rule.PathOut = form.PathOut;
+    rule.PathError = form.PathError;
+    rule.Masks = form.Masks;
+    CommitHeld(form, operation.holds, rule);
+    for (size_t row = RowA; row < RowCount; ++row)
+        if (const Option* option = operation.options.at(row))
+            CommitOption(form, *option, row, storeProfiles, rule);
+    return rule;
 }
 
 void TakeOverOperation(RuleForm& form, const std::wstring& previous) {
     if (form.Operation == previous) return;
-    const OperationShape& before = ShapeOf(previous);
-    const OperationShape& now = ShapeOf(form.Operation);
+    const Operation& before = OperationOf(previous);
+    const Operation& now = OperationOf(form);
     form.ActionPath.clear();
-    if (now.action != Action::Recipients) form.Recipients.clear();
-    if (!KeepsSignerLists(now.action)) form.SignerLists.clear();
-    if (!before.outputFolder || !now.outputFolder) form.PathOut.clear();
+    if (now.holds != Holds::Recipients) form.Recipients.clear();
+    if (!KeepsSignerLists(now.holds)) form.SignerLists.clear();
+    if (!before.hasOutputFolder || !now.hasOutputFolder) form.PathOut.clear();
     for (size_t row = RowA; row < RowCount; ++row) {
         if (now.options.at(row) == before.options.at(row)) continue;
         form.Texts.at(row).clear();
@@ -149,27 +200,21 @@ void TakeOverOperation(RuleForm& form, const std::wstring& previous) {
 }
 
 std::wstring ActionText(const RuleForm& form) {
-    const Action action = ShapeOf(form.Operation).action;
-    if (LookOf(action).takesPath) return form.ActionPath;
-    if (action == Action::Recipients) return text::Format(L"%d", form.Recipients.size());
-    if (action == Action::SignerLists) return text::Format(L"%d", form.SignerLists.size());
+    const Holds holds = OperationOf(form).holds;
+    if (LookOf(holds).takesPath) return form.ActionPath;
+    if (holds == Holds::Recipients) return text::Format(L"%d", form.Recipients.size());
+    if (holds == Holds::SignerLists) return text::Format(L"%d", form.SignerLists.size());
     return L"0";
 }
 
-std::vector<std::wstring> ChoicesOf(Option option, const std::vector<std::wstring>& storeProfiles) {
-    switch (option) {
-        case Option::InputFormat:
-        case Option::OutputFormat:
-            return Texts(config::SignatureFormats);
-        case Option::NewSignatureProfile:
-            return storeProfiles;
-        case Option::ArchiveIfAny:
-            return Texts(config::ArchiveKinds, {L"No"});
-        case Option::ArchiveKind:
-            return Texts(config::ArchiveKinds);
-        default:
-            return {};
-    }
+std::vector<std::wstring> ChoicesOf(const Option& option, const Names& storeProfiles) {
+    if (option.input == Input::StoreProfile) return storeProfiles;
+    return {option.choices.begin(), option.choices.end()};
+}
+
+const ActionLook& LookOf(Holds holds) {
+    return *std::find_if(looks.begin(), looks.end(),
+                         [holds](const ActionLook& look) { return look.holds == holds; });
 }
 
 }  // namespace editors

@@ -4,28 +4,34 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "config/Operations.h"
 #include "config/Records.h"
-#include "editors/OperationShape.h"
+#include "ui/Icons.h"
 
 namespace editors {
 
+inline constexpr size_t RowA = 0, RowB = 1, RowC = 2, RowD = 3;
+inline constexpr size_t RowCount = config::OptionRows;
+
 struct RuleForm {
-    std::wstring Operation;  // a code; empty: none selected
-    int StoreProfile = 0;    // an index of the profile's store profiles, or -1
+    std::wstring Operation;                  // a code; empty: none selected
+    std::optional<size_t> StoreProfile = 0;  // an index of the profile's store profiles
     std::wstring Descryption;
     std::wstring PathIn;
     std::wstring PathOut;
     std::wstring PathError;
-    std::wstring ActionPath;  // second output folder or executable, where the action takes a path
+    std::wstring ActionPath;  // second output folder or executable, where the operation has one
 
     // For each row what its controls hold, shown or not.
     std::array<std::wstring, RowCount> Texts;
     std::array<int32_t, RowD> Numbers{};  // row D has no number and no list
-    std::array<int, RowD> Choices{};      // selected indexes, or -1
-    Option ListInRowB = Option::None;     // the list whose choice row B holds, shown or not; None: forgotten
+    std::array<std::optional<size_t>, RowD> Choices{0, 0, 0};
+    const config::Option* ListInRowB = nullptr;  // whose choice row B holds, shown or not; null: forgotten
 
     std::vector<std::wstring> Masks;
     std::vector<config::CertificateRef> Recipients;
@@ -41,14 +47,34 @@ bool IsSet(const std::wstring& path);
 // whatever else the rule holds. An unknown operation is shown as the first one.
 RuleForm OpenedForm(const config::Rule& rule, const std::vector<std::wstring>& storeProfiles);
 
+// The rule that a form without fault describes: switched on, and empty in every field that its operation does
+// not use, whatever the form still holds.
+config::Rule CommittedRule(const RuleForm& form, const std::vector<std::wstring>& storeProfiles);
+
 // The form's operation has just been changed from the previous one (which may be the same): drops what does
 // not go over to it.
 void TakeOverOperation(RuleForm& form, const std::wstring& previous);
+
+// The operation that is selected; without one there is nothing to ask for. Throws std::out_of_range for a
+// code that is not in the operation table.
+const config::Operation& OperationOf(const RuleForm& form);
 
 // What the action field shows: the path, or how many recipients or signer lists there are.
 std::wstring ActionText(const RuleForm& form);
 
 // What the list of an option offers.
-std::vector<std::wstring> ChoicesOf(Option option, const std::vector<std::wstring>& storeProfiles);
+std::vector<std::wstring> ChoicesOf(const config::Option& option,
+                                    const std::vector<std::wstring>& storeProfiles);
+
+// The look of the action button, which gets what the operation holds, and of its field.
+struct ActionLook {
+    config::Holds holds = config::Holds::Nothing;
+    ui::Icon icon = ui::Icon::Recipients;
+    std::wstring_view tooltip = L"Add recipients";
+    std::wstring_view fieldName = L"Recipients";
+    bool takesPath = false;  // the field holds a path and can be typed in; else it shows a number
+};
+
+const ActionLook& LookOf(config::Holds holds);
 
 }  // namespace editors

@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "crypto/CheckLdapStore.h"
 #include "crypto/LibrarySearch.h"
+#include "crypto/OpenCryptoContext.h"
 #include "crypto/RefreshCrl.h"
 #include "fuzz/Input.h"
 #include "platform/memory/MemoryMachine.h"
@@ -149,11 +149,11 @@ class Passer final : public ui::memory::User {
 };
 
 void Use(const config::Services& services, ui::Dialog& parent, const crypto::CryptoContext& context) {
-    crypto::ContextSettings settings;
+    crypto::PickerSettings settings;
     const uint8_t switches = input.Byte();
-    settings.Picker.IncludeAllCertificates = switches & 1;
-    settings.Picker.ReportLibraryDetail = switches & 2;
-    crypto::LibrarySearch search(services, context, settings.Picker);
+    settings.IncludeAllCertificates = switches & 1;
+    settings.ReportLibraryDetail = switches & 2;
+    crypto::LibrarySearch search(services, context, settings);
     crypto::NameList names;
     crypto::OwnerCertificates certificates;
     bool ldapUsable = false;
@@ -167,7 +167,7 @@ void Use(const config::Services& services, ui::Dialog& parent, const crypto::Cry
     Require(isReleased());
     search.FindCertificatesByName(parent, names.IsEmpty() ? L"" : std::wstring(names[0]), certificates);
     Require(isReleased() && certificates.Texts.size() == certificates.Serials.size());
-    Require(crypto::RefreshCrl(services, parent, settings, context));
+    Require(crypto::RefreshCrl(services, parent, context, L"", settings.CrlUpdatePeriod));
     Require(isReleased());
 }
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "crypto/CrlStamps.h"
+#include "crypto/RefreshCrl.h"
 #include "fuzz/Input.h"
 #include "fuzz/Text.h"
 #include "text/Numbers.h"

@@ -51,15 +51,15 @@ void CConfigPage::AddExtension() {
 }
 
 void CConfigPage::DeleteExtension() {
-    const int selected = additional_.Selected();
-    if (selected == ui::ListBox::None) {
+    const std::optional<size_t> selected = additional_.Selected();
+    if (!selected) {
         errors::Warn(Screen(), this, L"Select list item to delete.");
         return;
     }
     const std::wstring question =
         text::Format(L"Delete additional extension '%s'?", additional_.SelectedItem());
     if (!errors::Confirm(Screen(), this, question)) return;
-    additional_.Remove(selected);
+    additional_.Remove(*selected);
     modified_ = true;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/Upper.h"
+#include "ui/Dialog.h"
 
 namespace ui {
 
@@ -11,22 +12,22 @@ ChoiceControl::ChoiceControl(Dialog& owner, int id, const Place& place, Handler 
       onSelect_(std::move(onSelect)) {}
 
 std::wstring ChoiceControl::SelectedItem() const {
-    return selected_ == None ? std::wstring() : items_[static_cast<size_t>(selected_)];
+    return selected_ ? items_[*selected_] : std::wstring();
 }
 
 void ChoiceControl::SetItems(std::vector<std::wstring> items) {
     items_ = std::move(items);
-    selected_ = None;
+    selected_.reset();
     Changed(Aspect::Items);
 }
 
-void ChoiceControl::Select(int index) {
-    selected_ = index >= 0 && static_cast<size_t>(index) < items_.size() ? index : None;
+void ChoiceControl::Select(std::optional<size_t> index) {
+    selected_ = index < items_.size() ? index : std::nullopt;
     Selecting();
     Changed(Aspect::Selection);
 }
 
-void ChoiceControl::UserSelected(int index) {
+void ChoiceControl::UserSelected(std::optional<size_t> index) {
     selected_ = index;
     Selecting();
     if (onSelect_) onSelect_();
@@ -34,6 +35,16 @@ void ChoiceControl::UserSelected(int index) {
 
 ComboBox::ComboBox(Dialog& owner, int id, const Place& place, Handler onSelect)
     : ChoiceControl(owner, id, place, std::move(onSelect)) {}
+
+ComboBox::ComboBox(Dialog& owner, int id, const Place& place, std::optional<size_t>& field, Handler onSelect)
+    : ComboBox(owner, id, place, std::move(onSelect)) {
+    owner.Bind(
+        &field,
+        [this, &field] {
+            if (Selected() != field) Select(field);
+        },
+        [this, &field] { field = Selected(); });
+}
 
 void ComboBox::DropDown() {
     droppedDown_ = true;
@@ -55,27 +66,27 @@ ListBox::ListBox(Dialog& owner, int id, const Place& place, Order order, Handler
     : ChoiceControl(owner, id, place, std::move(onSelect)),
       order_(order) {}
 
-int ListBox::Add(std::wstring item) {
+size_t ListBox::Add(std::wstring item) {
     std::vector<std::wstring>& items = MutableItems();
     auto at = items.end();
     if (order_ == Order::Alphabetical)
         at = std::upper_bound(
             items.begin(), items.end(), item,
             [](const std::wstring& a, const std::wstring& b) { return text::Upper(a) < text::Upper(b); });
-    const int index = static_cast<int>(at - items.begin());
-    const int selected = Selected();
+    const auto index = static_cast<size_t>(at - items.begin());
+    const std::optional<size_t> selected = Selected();
     items.insert(at, std::move(item));
     Changed(Aspect::Items);
-    if (selected != None) Select(selected >= index ? selected + 1 : selected);
+    if (selected) Select(*selected >= index ? *selected + 1 : *selected);
     return index;
 }
 
-void ListBox::Remove(int index) {
-    const int selected = Selected();
-    MutableItems().erase(MutableItems().begin() + index);
+void ListBox::Remove(size_t index) {
+    const std::optional<size_t> selected = Selected();
+    MutableItems().erase(MutableItems().begin() + static_cast<std::ptrdiff_t>(index));
     ForgetSelection();
     Changed(Aspect::Items);
-    if (selected != None && selected != index) Select(selected > index ? selected - 1 : selected);
+    if (selected && selected != index) Select(*selected > index ? *selected - 1 : *selected);
 }
 
 void ListBox::Replace(std::vector<std::wstring> items) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,28 +13,27 @@ namespace ui {
 // Items with at most one of them selected.
 class ChoiceControl : public Control {
   public:
-    static constexpr int None = -1;
-
     const std::vector<std::wstring>& Items() const { return items_; }
-    int Selected() const { return selected_; }  // None, or an index of Items
+    // An index of Items.
+    std::optional<size_t> Selected() const { return selected_; }
     // The selected item's text, empty when none is selected.
     std::wstring SelectedItem() const;
 
     void SetItems(std::vector<std::wstring> items);  // selects none
-    void Select(int index);                          // an index beyond the items selects none
+    void Select(std::optional<size_t> index);        // an index beyond the items selects none
 
-    void UserSelected(int index);
+    void UserSelected(std::optional<size_t> index);
 
   protected:
     ChoiceControl(Dialog& owner, int id, const Place& place, Handler onSelect);
     // What belongs to a selection besides the index, before the handler hears of it.
     virtual void Selecting() {}
     std::vector<std::wstring>& MutableItems() { return items_; }
-    void ForgetSelection() { selected_ = None; }
+    void ForgetSelection() { selected_.reset(); }
 
   private:
     std::vector<std::wstring> items_;
-    int selected_ = None;
+    std::optional<size_t> selected_;
     Handler onSelect_;
 };
 
@@ -41,6 +41,8 @@ class ChoiceControl : public Control {
 class ComboBox : public ChoiceControl {
   public:
     ComboBox(Dialog& owner, int id, const Place& place, Handler onSelect = {});
+    // Shows the index.
+    ComboBox(Dialog& owner, int id, const Place& place, std::optional<size_t>& field, Handler onSelect = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     // Drops the list open before the user's eyes, to ask for a choice.
@@ -77,8 +79,8 @@ class ListBox : public ChoiceControl {
 
     // Adds at the end, or at its place in an alphabetical list, and returns the index. The selected item
     // stays.
-    int Add(std::wstring item);
-    void Remove(int index);                         // selects none when the selected item goes
+    size_t Add(std::wstring item);
+    void Remove(size_t index);                      // selects none when the selected item goes
     void Replace(std::vector<std::wstring> items);  // all items, put into the list's order
 
   private:

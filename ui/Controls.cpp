@@ -28,6 +28,19 @@ Edit::Edit(Dialog& owner, int id, const Place& place, const EditStyle& style, Ha
       readOnly_(style.readOnly),
       onChange_(std::move(onChange)) {}
 
+Edit::Edit(Dialog& owner, int id, const Place& place, std::wstring& field, const EditStyle& style,
+           Handler onChange)
+    : Edit(owner, id, place, style, std::move(onChange)) {
+    owner.Bind(
+        &field, [this, &field] { SetText(field); }, [this, &field] { field = Text(); });
+}
+
+Edit::Edit(Dialog& owner, int id, const Place& place, int32_t& field, Handler onChange)
+    : Edit(owner, id, place, EditStyle{.digitsOnly = true}, std::move(onChange)) {
+    owner.Bind(
+        &field, [this, &field] { SetNumber(field); }, [this, &field] { field = std::max(0, Number()); });
+}
+
 void Edit::SetReadOnly(bool readOnly) {
     if (readOnly == readOnly_) return;
     readOnly_ = readOnly;
@@ -100,6 +113,16 @@ void IconButton::UserClicked() {
 CheckBox::CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick)
     : Control(owner, id, place, std::move(text)),
       onClick_(std::move(onClick)) {}
+
+CheckBox::CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, int32_t& flag,
+                   Handler onClick)
+    : CheckBox(owner, id, place, std::move(text), std::move(onClick)) {
+    owner.Bind(
+        &flag, [this, &flag] { SetChecked(flag != 0); },
+        [this, &flag] {
+            if ((flag != 0) != checked_) flag = checked_ ? 1 : 0;
+        });
+}
 
 void CheckBox::SetChecked(bool checked) {
     checked_ = checked;

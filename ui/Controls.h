@@ -52,6 +52,11 @@ struct EditStyle {
 class Edit : public Control {
   public:
     Edit(Dialog& owner, int id, const Place& place, const EditStyle& style = {}, Handler onChange = {});
+    // Shows the field.
+    Edit(Dialog& owner, int id, const Place& place, std::wstring& field, const EditStyle& style = {},
+         Handler onChange = {});
+    // Shows the field's number, which takes over none below 0.
+    Edit(Dialog& owner, int id, const Place& place, int32_t& field, Handler onChange = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
 
     const EditStyle& Style() const { return style_; }
@@ -113,6 +118,9 @@ class IconButton : public Control {
 class CheckBox : public Control {
   public:
     CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick = {});
+    // Shows whether the flag is on: not 0. One that is on already keeps its number.
+    CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, int32_t& flag,
+             Handler onClick = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
     bool HasCaption() const override { return true; }
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -71,6 +72,12 @@ class Dialog {
     virtual const wchar_t* ReasonToStay() const { return nullptr; }
 
     void SetFocus(Control& control);
+
+    // For controls that were given a field of a record to show: how they show what it holds, and how it takes
+    // over what they show.
+    void Bind(const void* field, Handler load, Handler store) {
+        bindings_.push_back({field, std::move(load), std::move(store)});
+    }
     // Pixels inside the control's border, without its scroll bar when one is shown; 0 while the dialog is not
     // open.
     int ClientWidthOf(const Control& control) const;
@@ -109,6 +116,18 @@ class Dialog {
 
     void EndDialog(int result);
 
+    // Between a record and the controls that were given fields of it to show.
+    template <class Record>
+    void LoadControls(const Record& record) {
+        for (const Binding& binding : bindings_)
+            if (Lies(binding.field, &record, sizeof(record))) binding.load();
+    }
+    template <class Record>
+    void StoreControls(Record& record) {
+        for (const Binding& binding : bindings_)
+            if (Lies(binding.field, &record, sizeof(record))) binding.store();
+    }
+
     // A key does what the button does, while the button can be used. where: the control that has to have the
     // focus; none: it acts in the whole dialog.
     template <class PushButton>
@@ -143,6 +162,16 @@ class Dialog {
         Handler action;
     };
 
+    struct Binding {
+        const void* field;
+        Handler load;
+        Handler store;
+    };
+
+    static bool Lies(const void* field, const void* record, size_t size) {
+        const std::less<const void*> before;
+        return !before(field, record) && before(field, static_cast<const char*>(record) + size);
+    }
     void Register(Control& control) { controls_.push_back(&control); }
     void FollowGrowth();
 
@@ -155,6 +184,7 @@ class Dialog {
     std::vector<MenuItem> systemMenuEntries_;
     std::vector<Control*> controls_;
     std::vector<Shortcut> shortcuts_;
+    std::vector<Binding> bindings_;
     Window* window_ = nullptr;
     Control* focus_ = nullptr;
     Size openingSize_;  // at this resolution

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "app/AboutDlg.h"
-#include "crypto/AwaitDlg.h"
+#include "crypto/OpenCryptoContext.h"
 #include "editors/AddCSProfDlg.h"
 #include "editors/AddMask.h"
 #include "editors/AddProfile.h"

@@ -16,6 +16,7 @@
 #include "certs/PreEncryptDlg.h"
 #include "certs/SignerList.h"
 #include "editors/AddRule.h"
+#include "tests/certs/PickerIds.h"
 #include "tests/crypto/CryptoTest.h"
 #include "tests/support/TestFiles.h"
 
@@ -23,9 +24,6 @@ namespace tests {
 
 namespace mainid {
 inline constexpr int AddRule = 1023, Rules = 1030, Save = 1000;
-}
-namespace signersid {
-inline constexpr int List = 1230, Add = 1231, Edit = 1232, Delete = 1233;
 }
 
 class CertificateJourney : public CryptoTest {

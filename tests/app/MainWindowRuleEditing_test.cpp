@@ -157,7 +157,7 @@ TEST_F(MainWindowRuleEditing, TheEditorKnowsTheOpenedProfile) {
         ExpectEditor([&](editors::CAddRule& editor) {
             EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::StoreProfile).Items(), (Texts{L"Office", L"Bank"}));
             user_.Click(ruleid::ActionButton);
-            EXPECT_EQ(certificates_.asked, Texts{L"recipients for Alpha 0"});
+            EXPECT_EQ(certificates_.OpenedFor(), std::vector<std::string>{"Office"});
             EXPECT_EQ(certificates_.lastOwner, &editor);
             user_.Press(Key::Escape);
         });

@@ -57,7 +57,7 @@ void MainWindowRulesTest::Store() {
 int MainWindowRulesTest::Run(const std::function<void()>& script) {
     Store();
     user_.Expect<app::CBrisgateDlg>([&script](app::CBrisgateDlg&) { script(); });
-    return app::CBrisgateDlg(filesAndAll_, &certificates_).DoModal();
+    return app::CBrisgateDlg(filesAndAll_).DoModal();
 }
 
 std::vector<config::Rule> MainWindowRulesTest::StoredRules() {

@@ -75,8 +75,8 @@ class MainWindowRulesTest : public MainWindowTest {
         world_->Machine().Registry,       files_->Files(),          world_->Machine().CodePage,
         world_->Machine().SystemMessages, world_->Machine().Clock,  world_->Machine().InstanceLock,
         world_->Machine().ScreenMetrics,  world_->Machine().Memory, world_->Machine().CryptoLibrary};
-    const config::Services filesAndAll_{machine_, world_->Screen(), reporter_, store_};
-    PreparedCertificates certificates_;
+    PreparedCertificates certificates_{*world_};
+    const config::Services filesAndAll_{machine_, certificates_, reporter_, store_};
     config::Configuration configuration_;
     std::vector<config::Rule> rules_;  // those that the main window opens on
 };

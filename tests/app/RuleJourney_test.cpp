@@ -89,7 +89,7 @@ TEST_F(RuleJourney, RulesOfEveryOperationSurviveSavingLoadingAndTheExchangeFile)
         ExportAndImportIntoTheOtherProfile();
         user_.Click(ui::IdOk);
     });
-    EXPECT_EQ(app::CBrisgateDlg(editorServices_, &certificates_).DoModal(), ui::IdOk);
+    EXPECT_EQ(app::CBrisgateDlg(editorServices_).DoModal(), ui::IdOk);
 
     user_.Expect<app::CBrisgateDlg>([&](app::CBrisgateDlg&) {
         for (const size_t profile : {0U, 1U}) {
@@ -98,7 +98,7 @@ TEST_F(RuleJourney, RulesOfEveryOperationSurviveSavingLoadingAndTheExchangeFile)
         }
         user_.PressCloseBox();  // nothing has changed
     });
-    EXPECT_EQ(app::CBrisgateDlg(editorServices_, &certificates_).DoModal(), ui::IdCancel);
+    EXPECT_EQ(app::CBrisgateDlg(editorServices_).DoModal(), ui::IdCancel);
 
     const auto loaded = config::LoadConfiguration(store_, nullptr);
     ASSERT_TRUE(loaded);

@@ -9,18 +9,11 @@
 
 #include "certs/PreEncryptDlg.h"
 #include "errors/WarningBox.h"
+#include "tests/certs/PickerIds.h"
 #include "tests/certs/ScriptedSearch.h"
 #include "tests/config/ExchangeTest.h"
 
 namespace tests {
-
-namespace pickid {
-inline constexpr int SortLabel = 1210, SortField = 1211, FilterLabel = 1212, Filter = 1213;
-inline constexpr int Candidates = 1214, FromLocalStore = 1215, FromGroup = 1216, FromLdap = 1217;
-inline constexpr int SelectAll = 1218, Clear = 1219, DeleteAll = 1220, Save = 1221;
-inline constexpr int Choose = 1027, Remove = 1028, Chosen = 1222, NameLabel = 1223, Name = 1224;
-inline constexpr int FilterField = 1202, FilterSample = 1204;  // of the filter form
-}  // namespace pickid
 
 using Names = std::vector<std::wstring>;
 

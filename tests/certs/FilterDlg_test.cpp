@@ -14,7 +14,7 @@ class FilterDlgTest : public CertsTest {
         user_.Expect<CFilterDlg>([&script](CFilterDlg&) { script(); });
         return dialog.DoModal();
     }
-    CFilterDlg dialog_{notes_, nullptr, L"", ui::ComboBox::None};
+    CFilterDlg dialog_{notes_, nullptr, L"", std::nullopt};
 };
 
 TEST_F(FilterDlgTest, OffersTheFieldsAndTheEntireName) {
@@ -26,7 +26,7 @@ TEST_F(FilterDlgTest, OffersTheFieldsAndTheEntireName) {
         Names offered = certs::OfferedFieldLabels();
         offered.push_back(L"<Search by entire name>");
         EXPECT_EQ(user_.Get<ui::ComboBox>(pickid::FilterField).Items(), offered);
-        EXPECT_EQ(user_.Get<ui::ComboBox>(pickid::FilterField).Selected(), ui::ComboBox::None);
+        EXPECT_EQ(user_.Get<ui::ComboBox>(pickid::FilterField).Selected(), std::nullopt);
         EXPECT_EQ(user_.Text(pickid::FilterSample), L"");
         EXPECT_EQ(user_.Text(ui::IdOk), L"OK");
         EXPECT_EQ(user_.Text(ui::IdCancel), L"Exit");

@@ -110,7 +110,7 @@ TEST_F(PickerSources, ASearchThatComesToNothingIsTold) {
 
 TEST_F(PickerSources, TheFilterFormBeginsWithTheFieldAndTheSampleOfTheSearchBefore) {
     PickRecipients({}, [this](CPreEncryptDlg& picker) {
-        const auto look = [&](int field, const std::wstring& sample) {
+        const auto look = [&](std::optional<size_t> field, const std::wstring& sample) {
             user_.Expect<CFilterDlg>([this, &picker, field, sample](CFilterDlg& form) {
                 EXPECT_EQ(form.Parent(), &picker);
                 EXPECT_EQ(user_.Text(pickid::FilterSample), sample);
@@ -121,7 +121,7 @@ TEST_F(PickerSources, TheFilterFormBeginsWithTheFieldAndTheSampleOfTheSearchBefo
             });
             user_.Click(pickid::FromLdap);
         };
-        look(ui::ComboBox::None, L"");
+        look(std::nullopt, L"");
         SearchLdap(3, L"  ru*", Outcome::Nothing);
         look(3, L"ru*");
         search_.fails = true;

@@ -1,13 +1,10 @@
 // Certificate stores whose content a test decides, and what was asked of them.
 #pragma once
 
-#include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "crypto/CertificateSearch.h"
-#include "crypto/ContextOpener.h"
 
 namespace tests {
 
@@ -50,32 +47,6 @@ class ScriptedSearch final : public crypto::CertificateSearch {
         for (const std::wstring& name : answer) names.Add(name);
         return true;
     }
-};
-
-// Opens and closes nothing, and notes what for.
-class ScriptedOpener final : public crypto::ContextOpener {
-  public:
-    explicit ScriptedOpener(crypto::CertificateSearch& search) : search_(search) {}
-
-    crypto::PickerSettings settings;
-    bool ldapUsable = true;
-    bool opens = true;
-    std::vector<std::wstring> openedFor;  // profile and index of the store profile
-    const ui::Dialog* lastParent = nullptr;
-    int open = 0;  // contexts that are open
-
-    void WithContext(ui::Dialog& parent, const config::ServiceProfile& profile, int storeProfile,
-                     const Command& command) override {
-        openedFor.push_back(profile.Name + L" " + std::to_wstring(storeProfile));
-        lastParent = &parent;
-        if (!opens) return;
-        ++open;
-        command(search_, settings, ldapUsable);
-        --open;
-    }
-
-  private:
-    crypto::CertificateSearch& search_;
 };
 
 }  // namespace tests

@@ -1,6 +1,6 @@
 #include "certs/SignerList.h"
 
-#include "app/CertificateForms.h"
+#include "demo/StandInLibrary.h"
 #include "tests/certs/CertsTest.h"
 
 namespace tests {
@@ -11,34 +11,38 @@ using certs::SignerList;
 using config::SignerListEntry;
 using Lists = std::vector<SignerListEntry>;
 
-namespace listid {
-constexpr int List = 1230, Add = 1231, Edit = 1232, Delete = 1233;
-}
-
 class SignerListTest : public CertsTest {
   protected:
     SignerListTest() {
-        profile_.Name = L"Alpha";
+        world_->CryptoLibrary().Install(demo::StandInLibrary::Exports());
+        settings_.NotLoadCrl = 1;
+        Serve({"CN=Dora", "CN=Egon", "CN=Fritz"});
         lists_ = {{L"chiefs", {L"CN=Dora"}}, {L"", {L"CN=Nobody"}}, {L"clerks", {L"CN=Egon", L"CN=Fritz"}}};
     }
     // Nothing when the user gave up.
     std::optional<Lists> Edit(const std::function<void(SignerList&)>& script) {
-        SignerList form(forms_, nullptr, opener_, profile_, 2, lists_);
+        SignerList form(forms_, nullptr, L"Office", settings_, lists_);
         user_.Expect<SignerList>(script);
         const bool accepted = form.DoModal() == ui::IdOk;
-        EXPECT_EQ(opener_.open, 0);
+        EXPECT_EQ(library_.OpenContexts(), 0U);
         return accepted ? std::optional(form.Lists()) : std::nullopt;
     }
     void ExpectPicker(const Script& script) { user_.Expect<CPreEncryptDlg>(script); }
     std::vector<Names> Rows() const {
         std::vector<Names> rows;
-        for (size_t row = 0; row < user_.RowCount(listid::List); ++row)
-            rows.push_back(user_.Row(listid::List, row));
+        for (size_t row = 0; row < user_.RowCount(signersid::List); ++row)
+            rows.push_back(user_.Row(signersid::List, row));
         return rows;
     }
 
-    ScriptedOpener opener_{search_};
-    config::ServiceProfile profile_;
+    // Only these have certificates.
+    void Serve(const std::vector<std::string>& names) {
+        demo::StandInOwners owners;
+        for (const std::string& name : names) owners.Certificates.push_back({.OwnerName = name});
+        library_.Serve(owners);
+    }
+
+    demo::StandInLibrary library_;
 };
 
 TEST_F(SignerListTest, ShowsTheListsThatHaveANameInTheirOrder) {
@@ -46,13 +50,13 @@ TEST_F(SignerListTest, ShowsTheListsThatHaveANameInTheirOrder) {
                   EXPECT_EQ(form.Caption(), L"Signer lists");
                   EXPECT_EQ(form.Icon(), ui::Icon::Signers);
                   EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"clerks", L"2"}}));
-                  EXPECT_EQ(user_.Get<ui::ListView>(listid::List).Columns()[0].header, L"List name");
-                  EXPECT_EQ(user_.Get<ui::ListView>(listid::List).Columns()[1].header, L"Signers");
-                  EXPECT_FALSE(user_.Get<ui::ListView>(listid::List).Style().singleSelection);
-                  EXPECT_FALSE(user_.Get<ui::ListView>(listid::List).Style().checkBoxes);
-                  EXPECT_EQ(user_.Text(listid::Add), L"Add");
-                  EXPECT_EQ(user_.Text(listid::Edit), L"Edit");
-                  EXPECT_EQ(user_.Text(listid::Delete), L"Delete");
+                  EXPECT_EQ(user_.Get<ui::ListView>(signersid::List).Columns()[0].header, L"List name");
+                  EXPECT_EQ(user_.Get<ui::ListView>(signersid::List).Columns()[1].header, L"Signers");
+                  EXPECT_FALSE(user_.Get<ui::ListView>(signersid::List).Style().singleSelection);
+                  EXPECT_FALSE(user_.Get<ui::ListView>(signersid::List).Style().checkBoxes);
+                  EXPECT_EQ(user_.Text(signersid::Add), L"Add");
+                  EXPECT_EQ(user_.Text(signersid::Edit), L"Edit");
+                  EXPECT_EQ(user_.Text(signersid::Delete), L"Delete");
                   EXPECT_EQ(user_.Text(ui::IdOk), L"OK");
                   EXPECT_EQ(user_.Text(ui::IdCancel), L"Exit");
                   user_.Click(ui::IdOk);
@@ -63,14 +67,14 @@ TEST_F(SignerListTest, ShowsTheListsThatHaveANameInTheirOrder) {
 TEST_F(SignerListTest, AddsAListThroughThePicker) {
     const auto result = Edit([this](SignerList& form) {
         ExpectPicker([this, &form](CPreEncryptDlg& picker) {
-            EXPECT_EQ(opener_.open, 1);
-            EXPECT_EQ(opener_.lastParent, &form);
+            EXPECT_EQ(library_.OpenContexts(), 1U);
             EXPECT_EQ(picker.Parent(), &form);
             EXPECT_EQ(picker.Caption(), L"Add list");
             EXPECT_EQ(user_.Text(pickid::Name), L"");
             EXPECT_EQ(Shown(pickid::Chosen), Names{});
-            AddLocal({L"CN=Hugo", L"CN=Fritz"});
-            user_.Click(pickid::SelectAll);
+            Serve({"CN=Hugo", "CN=Fritz", "CN=Dora"});
+            user_.Click(pickid::FromLocalStore);
+            Check(pickid::Candidates, {0, 1});
             ExpectWarningBox(L"Warning:",
                              L"Following signers are used in other lists and had been excluded:\r\n\r\n"
                              L"Signer\r\n\"CN=Fritz\"\r\nis used in list\r\n\"clerks\"\r\n\r\n",
@@ -82,19 +86,19 @@ TEST_F(SignerListTest, AddsAListThroughThePicker) {
             user_.Type(pickid::Name, L"guests");
             user_.Click(ui::IdOk);
         });
-        user_.Click(listid::Add);
+        user_.Click(signersid::Add);
         EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"clerks", L"2"}, {L"guests", L"1"}}));
         user_.Click(ui::IdOk);
     });
     Lists expected = lists_;
     expected.push_back({L"guests", {L"CN=Hugo"}});
     EXPECT_EQ(result, expected);
-    EXPECT_EQ(opener_.openedFor, Names{L"Alpha 2"});
+    EXPECT_EQ(library_.Calls().front(), "Initialize \"Office\" 0x80000045");
 }
 
 TEST_F(SignerListTest, EditsTheFirstSelectedList) {
     const auto result = Edit([this](SignerList&) {
-        user_.ClickRow(listid::List, 1);
+        user_.ClickRow(signersid::List, 1);
         ExpectPicker([this](CPreEncryptDlg& picker) {
             EXPECT_EQ(picker.Caption(), L"Edit list");
             EXPECT_EQ(user_.Text(pickid::Name), L"clerks");
@@ -104,15 +108,15 @@ TEST_F(SignerListTest, EditsTheFirstSelectedList) {
             user_.Type(pickid::Name, L"staff");
             user_.Click(ui::IdOk);
         });
-        user_.Click(listid::Edit);
+        user_.Click(signersid::Edit);
         EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"staff", L"1"}}));
-        user_.ClickRow(listid::List, 1);
-        user_.ClickRow(listid::List, 0, Held::Control);
+        user_.ClickRow(signersid::List, 1);
+        user_.ClickRow(signersid::List, 0, Held::Control);
         ExpectPicker([this](CPreEncryptDlg&) {
             EXPECT_EQ(user_.Text(pickid::Name), L"chiefs");
             Leave();
         });
-        user_.Click(listid::Edit);
+        user_.Click(signersid::Edit);
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(result, (Lists{lists_[0], lists_[1], {L"staff", {L"CN=Fritz"}}}));
@@ -124,14 +128,14 @@ TEST_F(SignerListTest, APickerThatWasLeftChangesNothing) {
                       user_.Type(pickid::Name, L"guests");
                       user_.Press(Key::Escape);
                   });
-                  user_.Click(listid::Add);
-                  user_.ClickRow(listid::List, 0);
+                  user_.Click(signersid::Add);
+                  user_.ClickRow(signersid::List, 0);
                   ExpectPicker([this](CPreEncryptDlg&) {
                       Check(pickid::Chosen, {0});
                       user_.Click(pickid::Remove);
                       Leave();
                   });
-                  user_.Click(listid::Edit);
+                  user_.Click(signersid::Edit);
                   EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"clerks", L"2"}}));
                   user_.Click(ui::IdOk);
               }),
@@ -139,26 +143,30 @@ TEST_F(SignerListTest, APickerThatWasLeftChangesNothing) {
 }
 
 TEST_F(SignerListTest, WithoutAContextNothingHappens) {
-    opener_.opens = false;
-    EXPECT_EQ(Edit([this](SignerList&) {
-                  user_.Click(listid::Add);
-                  user_.ClickRow(listid::List, 0);
-                  user_.Click(listid::Edit);
+    library_.SetAnswer(demo::StandInCall::Initialize, demo::StandInLibrary::NoOwners);
+    const auto expectFailure = [this] {
+        user_.Expect<errors::WarningBox>([this](errors::WarningBox&) { user_.Press(Key::Escape); });
+    };
+    EXPECT_EQ(Edit([&](SignerList&) {
+                  expectFailure();
+                  user_.Click(signersid::Add);
+                  user_.ClickRow(signersid::List, 0);
+                  expectFailure();
+                  user_.Click(signersid::Edit);
                   user_.Click(ui::IdOk);
               }),
               lists_);
-    EXPECT_EQ(opener_.openedFor.size(), 2U);
 }
 
 TEST_F(SignerListTest, ThePickerKnowsWhetherLdapCanBeUsed) {
     for (const bool usable : {true, false}) {
-        opener_.ldapUsable = usable;
+        settings_.NotUseLDAP = usable ? 0 : 1;
         Edit([this, usable](SignerList&) {
             ExpectPicker([this, usable](CPreEncryptDlg&) {
                 EXPECT_EQ(user_.CanUse(pickid::FromLdap), usable);
                 Leave();
             });
-            user_.Click(listid::Add);
+            user_.Click(signersid::Add);
             Leave();
         });
     }
@@ -166,26 +174,26 @@ TEST_F(SignerListTest, ThePickerKnowsWhetherLdapCanBeUsed) {
 
 TEST_F(SignerListTest, EditAndDeleteNeedASelectedRow) {
     EXPECT_EQ(Edit([this](SignerList&) {
-                  user_.Click(listid::Edit);
-                  user_.Click(listid::Delete);
+                  user_.Click(signersid::Edit);
+                  user_.Click(signersid::Delete);
                   user_.Click(ui::IdOk);
               }),
               lists_);
-    EXPECT_TRUE(opener_.openedFor.empty());
+    EXPECT_TRUE(library_.Calls().empty());
 }
 
 TEST_F(SignerListTest, DeletesTheSelectedListsAfterAQuestion) {
     lists_.push_back({L"guests", {}});
     lists_.push_back({L"clerks", {L"CN=Hugo"}});  // edited by hand: the name twice
     const auto result = Edit([this](SignerList& form) {
-        user_.ClickRow(listid::List, 1);
-        user_.ClickRow(listid::List, 2, Held::Shift);
+        user_.ClickRow(signersid::List, 1);
+        user_.ClickRow(signersid::List, 2, Held::Shift);
         ExpectQuestion(L"Delete 2 list(s)?", ui::IdNo);
-        user_.Click(listid::Delete);
+        user_.Click(signersid::Delete);
         EXPECT_EQ(notes_.owners.back(), &form);
-        EXPECT_EQ(user_.RowCount(listid::List), 4U);
+        EXPECT_EQ(user_.RowCount(signersid::List), 4U);
         ExpectQuestion(L"Delete 2 list(s)?", ui::IdYes);
-        user_.Click(listid::Delete);
+        user_.Click(signersid::Delete);
         EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}}));
         user_.Click(ui::IdOk);
     });
@@ -200,7 +208,7 @@ TEST_F(SignerListTest, KeysAddEditDeleteAndShowOne) {
                 Leave();
             });
         };
-        user_.ClickRow(listid::List, 1);
+        user_.ClickRow(signersid::List, 1);
         expectPicker(L"Add list");
         user_.Press(Key::Insert);
         expectPicker(L"Edit list");
@@ -214,7 +222,7 @@ TEST_F(SignerListTest, KeysAddEditDeleteAndShowOne) {
                 *text = user_.Text(1160);
                 user_.Press(Key::Escape);
             });
-            text == &byMouse ? user_.DoubleClickRow(listid::List, 1) : user_.Press(Key::Menu);
+            text == &byMouse ? user_.DoubleClickRow(signersid::List, 1) : user_.Press(Key::Menu);
         }
         EXPECT_NE(byKey, L"");
         EXPECT_EQ(byKey, byMouse);
@@ -224,30 +232,30 @@ TEST_F(SignerListTest, KeysAddEditDeleteAndShowOne) {
 
 TEST_F(SignerListTest, ExitDiscardsEveryChange) {
     const Lists before = lists_;
-    app::CertificateForms forms(forms_, opener_);
-    ui::Dialog owner(notes_, nullptr, {.size = {100, 50}});
-    user_.Expect<SignerList>([&](SignerList& form) {
-        ExpectPicker([this](CPreEncryptDlg&) {
-            AddLocal({L"CN=Hugo"});
-            user_.Click(pickid::SelectAll);
-            user_.Click(pickid::Choose);
-            user_.Type(pickid::Name, L"guests");
-            user_.Click(ui::IdOk);
-        });
-        user_.Click(listid::Add);
-        user_.ClickRow(listid::List, 1);
-        ExpectPicker([this](CPreEncryptDlg&) {
-            user_.Type(pickid::Name, L"staff");
-            user_.Click(ui::IdOk);
-        });
-        user_.Click(listid::Edit);
-        user_.ClickRow(listid::List, 0);
-        ExpectQuestion(L"Delete 1 list(s)?", ui::IdYes);
-        user_.Click(listid::Delete);
-        EXPECT_EQ(form.Lists(), (Lists{before[1], {L"staff", before[2].Signers}, {L"guests", {L"CN=Hugo"}}}));
-        Leave();
-    });
-    EXPECT_EQ(forms.EditSignerLists(owner, profile_, 2, lists_), std::nullopt);
+    EXPECT_EQ(Edit([&](SignerList& form) {
+                  ExpectPicker([this](CPreEncryptDlg&) {
+                      Serve({"CN=Hugo", "CN=Egon", "CN=Fritz"});
+                      user_.Click(pickid::FromLocalStore);
+                      Check(pickid::Candidates, {0});
+                      user_.Click(pickid::Choose);
+                      user_.Type(pickid::Name, L"guests");
+                      user_.Click(ui::IdOk);
+                  });
+                  user_.Click(signersid::Add);
+                  user_.ClickRow(signersid::List, 1);
+                  ExpectPicker([this](CPreEncryptDlg&) {
+                      user_.Type(pickid::Name, L"staff");
+                      user_.Click(ui::IdOk);
+                  });
+                  user_.Click(signersid::Edit);
+                  user_.ClickRow(signersid::List, 0);
+                  ExpectQuestion(L"Delete 1 list(s)?", ui::IdYes);
+                  user_.Click(signersid::Delete);
+                  EXPECT_EQ(form.Lists(),
+                            (Lists{before[1], {L"staff", before[2].Signers}, {L"guests", {L"CN=Hugo"}}}));
+                  Leave();
+              }),
+              std::nullopt);
     EXPECT_EQ(lists_, before);
 }
 
@@ -257,10 +265,10 @@ TEST_F(SignerListTest, ADoubleClickShowsTheMembers) {
         ExpectWarningBox(L"Signer list",
                          L"List name: clerks\r\n\r\nSigner 1:\r\nCN=Egon\r\n\r\nSigner 2:\r\nCN=Fritz",
                          ui::Icon::Information);
-        user_.DoubleClickRow(listid::List, 1);
+        user_.DoubleClickRow(signersid::List, 1);
         ExpectWarningBox(L"Signer list", L"List name: empty", ui::Icon::Information);
-        user_.DoubleClickRow(listid::List, 2);
-        user_.Get<ui::ListView>(listid::List).UserDoubleClicked({});  // beside the rows: no box
+        user_.DoubleClickRow(signersid::List, 2);
+        user_.Get<ui::ListView>(signersid::List).UserDoubleClicked({});  // beside the rows: no box
         Leave();
     });
 }
@@ -269,7 +277,7 @@ TEST_F(SignerListTest, ColumnsShareTheWidthOfTheList) {
     Edit([this](SignerList& form) {
         const int scrollBar = machine_.ScreenMetrics.VerticalScrollBarWidth(form.Dpi());
         for (int round = 0; round < 2; ++round) {
-            const auto& list = user_.Get<ui::ListView>(listid::List);
+            const auto& list = user_.Get<ui::ListView>(signersid::List);
             for (const ui::Column& column : list.Columns())
                 EXPECT_EQ(column.width, (list.ClientWidth() - scrollBar) / 2);
             user_.Resize({61, 20});
@@ -283,9 +291,9 @@ TEST_F(SignerListTest, ResizingGrowsTheListAndKeepsTheButtonsAtTheBottom) {
         std::map<int, ui::Rect> before;
         for (ui::Control* control : form.Controls()) before[control->Id()] = control->Bounds();
         user_.Resize({50, 40});
-        before[listid::List].width += 50;
-        before[listid::List].height += 40;
-        for (const int id : {listid::Add, listid::Edit, listid::Delete, ui::IdOk, ui::IdCancel})
+        before[signersid::List].width += 50;
+        before[signersid::List].height += 40;
+        for (const int id : {signersid::Add, signersid::Edit, signersid::Delete, ui::IdOk, ui::IdCancel})
             before[id].y += 40;
         for (const int id : {ui::IdOk, ui::IdCancel}) before[id].x += 50;
         for (const auto& [id, bounds] : before) EXPECT_EQ(form.Find(id).Bounds(), bounds) << id;
@@ -302,8 +310,8 @@ TEST_F(SignerListTest, TabVisitsTheListAndTheButtons) {
             order.push_back(form.Focus()->Id());
             user_.Press(Key::Tab);
         }
-        EXPECT_EQ(order, (std::vector<int>{listid::List, listid::Add, listid::Edit, listid::Delete, ui::IdOk,
-                                           ui::IdCancel}));
+        EXPECT_EQ(order, (std::vector<int>{signersid::List, signersid::Add, signersid::Edit,
+                                           signersid::Delete, ui::IdOk, ui::IdCancel}));
         user_.Press(Key::Escape);
     });
 }

@@ -37,8 +37,9 @@ inline bool IsOfRecord(const RecordedCall& call) {
 // What is reported when that fails: a record that cannot be made is done without, one that cannot be removed
 // would be found by the next start.
 inline std::wstring RecordReport(const RecordedCall& call) {
-    const bool isRemoval = call.call == RegistryCall::OpenSubkey || call.call == RegistryCall::DeleteSubkey ||
-                           (call.call == RegistryCall::Open && !call.target.ends_with(L" editor"));
+    if (call.call == RegistryCall::Open && !call.target.ends_with(L" editor"))
+        return L"Create (open) register key " + call.target;
+    const bool isRemoval = call.call == RegistryCall::OpenSubkey || call.call == RegistryCall::DeleteSubkey;
     return isRemoval ? L"Delete register key " + ServicePath + L" editor" : std::wstring();
 }
 

@@ -1,4 +1,4 @@
-#include "crypto/CrlStamps.h"
+#include "crypto/RefreshCrl.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include <array>
 #include <cstring>
 
-#include "crypto/FindResult.h"
+#include "crypto/CryptoContext.h"
 #include "tests/crypto/LibrarySearchTest.h"
 
 namespace tests {

@@ -22,6 +22,7 @@ inline Names NamesOf(const crypto::NameList& list) {
 class LibrarySearchTest : public CryptoTest {
   protected:
     LibrarySearchTest() {
+        settings_.NotUseLDAP = 0;
         names_.Add(L"from before");
         certificates_.Texts = {L"from before"};
         certificates_.Serials = {L"00"};

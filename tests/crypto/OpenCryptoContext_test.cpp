@@ -16,13 +16,13 @@ class OpenCryptoContextTest : public CryptoTest {
   protected:
     OpenCryptoContextTest() {
         Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nLogPath = \"\"\n");
-        settings_.ZCSProfile = L"Office";
+        settings_.NotUseLDAP = 0;
     }
     // Opens, notes the outcome and what was called before the context goes.
     void Open(const std::function<void()>& expectations = [] {}) {
         InDialog(
             [this] {
-                const auto context = crypto::OpenCryptoContext(services_, opener_, settings_);
+                const auto context = crypto::OpenCryptoContext(services_, opener_, csProfile_, settings_);
                 isOpen_ = context.has_value();
                 ldapUsable_ = context && context->LdapUsable;
                 callsBefore_ = library_.Calls();
@@ -31,15 +31,16 @@ class OpenCryptoContextTest : public CryptoTest {
             expectations);
     }
     void NeitherLdapNorCrl() {
-        settings_.Picker.NotUseLDAP = 1;
-        settings_.Picker.NotLoadCrl = 1;
+        settings_.NotUseLDAP = 1;
+        settings_.NotLoadCrl = 1;
     }
     void FailInitialize(uint32_t code) {
         NeitherLdapNorCrl();
         library_.SetAnswer(StandInCall::Initialize, code);
     }
 
-    crypto::ContextSettings settings_;
+    std::wstring csProfile_ = L"Office";
+    crypto::PickerSettings settings_;
     bool isOpen_ = false;
     bool ldapUsable_ = false;
     Calls callsBefore_;
@@ -67,6 +68,7 @@ TEST_F(OpenCryptoContextTest, TheFlagsFollowTheSettings) {
                           {&Picker::AutoVerifyTSP, 0x80000040},  {&Picker::NoTSPisError, 0x80000040}};
     for (const Case& c : cases) {
         Picker settings;
+        settings.NotUseLDAP = 0;
         EXPECT_EQ(ContextFlags(settings), 0x80000040U);
         for (const int32_t on : {1, -1, 2}) {
             settings.*c.setting = on;
@@ -81,13 +83,13 @@ TEST_F(OpenCryptoContextTest, TheFlagsFollowTheSettings) {
 TEST_F(OpenCryptoContextTest, TheNameIsGivenInTheAnsiCodePage) {
     NeitherLdapNorCrl();
     codePage_.Choose(platform::memory::AnsiCodePage::Cyrillic1251);
-    settings_.ZCSProfile = L"\x041A\x043B\x044E\x0447";
+    csProfile_ = L"\x041A\x043B\x044E\x0447";
     Open();
     EXPECT_EQ(callsBefore_, Calls{"Initialize \"\xCA\xEB\xFE\xF7\" 0x80000045"});
 }
 
 TEST_F(OpenCryptoContextTest, AMissingStoreProfileIsOpenedByNoName) {
-    settings_ = crypto::SettingsOf({}, -1);
+    csProfile_.clear();
     Open();
     EXPECT_TRUE(isOpen_);
     EXPECT_FALSE(ldapUsable_);
@@ -172,7 +174,7 @@ TEST_F(OpenCryptoContextTest, AMissingLibraryIsAFailureToInitialise) {
 }
 
 TEST_F(OpenCryptoContextTest, WithoutLdapThereIsNoProbeAndNoUse) {
-    settings_.Picker.NotUseLDAP = 1;
+    settings_.NotUseLDAP = 1;
     Open();
     EXPECT_TRUE(isOpen_);
     EXPECT_FALSE(ldapUsable_);
@@ -232,14 +234,14 @@ TEST_F(FailingProbe, CancelClosesTheContextAndEndsTheCommand) {
 }
 
 TEST_F(OpenCryptoContextTest, RevocationListsAreLeftAloneWhereTheyAreNotWanted) {
-    settings_.Picker.NotUseLDAP = 1;
+    settings_.NotUseLDAP = 1;
     struct Case {
         int32_t notLoadCrl;
         int32_t period;
         bool refreshes;
     };
     for (const Case c : {Case{0, 1, true}, {0, 8760, true}, {0, 0, false}, {0, -5, false}, {1, 1, false}}) {
-        settings_.Picker.NotLoadCrl = c.notLoadCrl;
+        settings_.NotLoadCrl = c.notLoadCrl;
         settings_.CrlUpdatePeriod = c.period;
         library_.ForgetCalls();
         world_->Registry().ForgetCalls();

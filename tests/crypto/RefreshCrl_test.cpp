@@ -20,10 +20,7 @@ const std::string keyLine = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelserv
 
 class RefreshCrlTest : public CryptoTest {
   protected:
-    RefreshCrlTest() {
-        settings_.ZCSProfile = L"Office";
-        clock_.Set(now);
-    }
+    RefreshCrlTest() { clock_.Set(now); }
     // list: as it stands in the registry text; empty: no value.
     void SeedStamps(const std::string& list) {
         Seed(keyLine + (list.empty() ? std::string() : "LastCrlUpdate = " + list + "\n"));
@@ -39,7 +36,12 @@ class RefreshCrlTest : public CryptoTest {
     bool Refresh(const std::function<void()>& expectations = [] {}) {
         bool goesOn = false;
         const crypto::CryptoContext context = OpenedContext();
-        InDialog([&] { goesOn = crypto::RefreshCrl(services_, opener_, settings_, context); }, expectations);
+        InDialog(
+            [&] {
+                goesOn =
+                    crypto::RefreshCrl(services_, opener_, context, csProfile_, settings_.CrlUpdatePeriod);
+            },
+            expectations);
         return goesOn;
     }
     bool LibraryWasAsked() const {
@@ -58,7 +60,8 @@ class RefreshCrlTest : public CryptoTest {
         library_.SetAnswer(StandInCall::Ctrl, failed);
     }
 
-    crypto::ContextSettings settings_;
+    std::wstring csProfile_ = L"Office";
+    crypto::PickerSettings settings_;
 };
 
 TEST_F(RefreshCrlTest, WithoutAnyStampOneIsAppended) {
@@ -194,7 +197,9 @@ TEST_F(RefreshCrlTest, TheLibraryGetsAnEmptyBuffer) {
     platform::kseal::Context raw = owner.Handle();
     exports.Uninitialize = [](platform::kseal::Context) { return uint32_t{0}; };
     const crypto::CryptoContext watched(exports, raw, reporter_);
-    InDialog([&] { EXPECT_TRUE(crypto::RefreshCrl(services_, opener_, settings_, watched)); });
+    InDialog([&] {
+        EXPECT_TRUE(crypto::RefreshCrl(services_, opener_, watched, csProfile_, settings_.CrlUpdatePeriod));
+    });
     EXPECT_EQ(block.BufferLength, 1024U);
     EXPECT_EQ(block.Zero4, (std::array<std::byte, 4>{}));
     EXPECT_EQ(seen, std::vector<std::byte>(1024));

@@ -5,7 +5,8 @@
 #include <optional>
 #include <span>
 
-#include "crypto/LibraryOpener.h"
+#include "crypto/LibrarySearch.h"
+#include "crypto/OpenCryptoContext.h"
 #include "tests/crypto/CryptoTest.h"
 
 namespace tests {
@@ -53,20 +54,18 @@ class SearchRequestTest : public CryptoTest {
     }
     // Opens a context with a probe of the network store, and searches in each way.
     void SearchInEachWay() {
-        config::ServiceProfile profile;
-        profile.ZCSProfile = {L"Office"};
-        profile.NotUseLDAP = {0};
-        profile.NotLoadCrl = {1};
-        crypto::LibraryOpener library(services_);
+        crypto::PickerSettings settings;
+        settings.NotUseLDAP = 0;
+        settings.NotLoadCrl = 1;
         InDialog([&] {
-            library.WithContext(
-                opener_, profile, 0, [this](crypto::CertificateSearch& search, const auto&, bool) {
-                    crypto::NameList names;
-                    crypto::OwnerCertificates certificates;
-                    EXPECT_TRUE(search.FindAllLocalNames(opener_, names));
-                    EXPECT_TRUE(search.FindOwnerNames(opener_, L"CN=Iv*", names));
-                    EXPECT_TRUE(search.FindCertificatesByName(opener_, L"CN=Ivan", certificates));
-                });
+            const auto opened = crypto::OpenCryptoContext(services_, opener_, L"Office", settings);
+            ASSERT_TRUE(opened);
+            crypto::LibrarySearch search(services_, opened->Context, settings);
+            crypto::NameList names;
+            crypto::OwnerCertificates certificates;
+            EXPECT_TRUE(search.FindAllLocalNames(opener_, names));
+            EXPECT_TRUE(search.FindOwnerNames(opener_, L"CN=Iv*", names));
+            EXPECT_TRUE(search.FindCertificatesByName(opener_, L"CN=Ivan", certificates));
         });
     }
 

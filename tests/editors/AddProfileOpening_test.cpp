@@ -131,7 +131,7 @@ TEST_F(AddProfileOpening, WithoutAnAttachedStoreProfileTheRestCanBeEdited) {
     bare.AutoUseTSP = {0, 1};  // nobody's
     const auto profile = Edit(bare, [this](ui::Dialog&) {
         EXPECT_EQ(CsProfiles(), Texts{});
-        EXPECT_EQ(memory_.ShownCsProfile, -1);
+        EXPECT_EQ(memory_.ShownCsProfile, std::nullopt);
         EXPECT_EQ(user_.Text(Settings), L"CS profile setting's: ");
         EXPECT_EQ(ShownSettings(), L"1054 1 h. 0");
         ExpectHint(L"Select list item to delete.");

@@ -64,12 +64,12 @@ class OperationWalk : public RuleEditorTest {
     }
     void PutInRecipients(ExpectedForm& form) {
         form.recipients = 1 + step_ % 4;
-        certificates_.recipients.emplace(form.recipients, L"CN=Anna");
+        certificates_.recipients = PreparedCertificates::Recipients(form.recipients);
         user_.Click(ruleid::ActionButton);
     }
     void PutInSigners(ExpectedForm& form) {
         form.signerLists = 1 + step_ % 3;
-        certificates_.signerLists.emplace(form.signerLists);
+        certificates_.signerLists = PreparedCertificates::SignerLists(form.signerLists);
         user_.Click(ruleid::ActionButton);
     }
     void PutInArchive(ExpectedForm& form) {

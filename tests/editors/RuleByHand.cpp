@@ -14,7 +14,9 @@ using Fill = std::function<void(Rule&)>;
 // not named here stays empty.
 const std::map<std::wstring, Fill>& OwnFields() {
     static const Fill recipients = [](Rule& r) { r.Certificates = {L"CN=Anna", L"CN=Boris"}; };
-    static const Fill signers = [](Rule& r) { r.SignerLists = {{L"chiefs", {L"CN=Dora"}}, {L"none", {}}}; };
+    static const Fill signers = [](Rule& r) {
+        r.SignerLists = {{L"chiefs", {L"CN=Dora"}}, {L"clerks", {L"CN=Egon", L"CN=Fritz"}}};
+    };
     static const Fill zip = [](Rule& r) { r.ZipFile = 1; };
     static const Fill gzip = [](Rule& r) { r.ZipFile = 2; };
     static const auto both = [](const Fill& a, const Fill& b) {

@@ -6,10 +6,6 @@
 namespace tests {
 namespace {
 
-std::wstring Question(const wchar_t* what, const config::ServiceProfile& profile, int storeProfile) {
-    return std::wstring(what) + L" for " + profile.Name + L" " + std::to_wstring(storeProfile);
-}
-
 std::wstring Seeing(const ui::Control& control) {
     if (const auto* edit = dynamic_cast<const ui::Edit*>(&control))
         return edit->Text() + (edit->IsReadOnly() ? L" (for reading)" : L"");
@@ -24,31 +20,14 @@ std::wstring Seeing(const ui::Control& control) {
 
 }  // namespace
 
-std::optional<std::vector<config::CertificateRef>> PreparedCertificates::ChooseRecipients(
-    ui::Dialog& owner, const config::ServiceProfile& profile, int storeProfile,
-    const std::vector<config::CertificateRef>& given) {
-    asked.push_back(Question(L"recipients", profile, storeProfile));
-    lastOwner = &owner;
-    givenRecipients = given;
-    return recipients;
-}
-
-std::optional<std::vector<config::SignerListEntry>> PreparedCertificates::EditSignerLists(
-    ui::Dialog& owner, const config::ServiceProfile& profile, int storeProfile,
-    const std::vector<config::SignerListEntry>& given) {
-    asked.push_back(Question(L"signers", profile, storeProfile));
-    lastOwner = &owner;
-    givenLists = given;
-    return signerLists;
-}
-
 RuleEditorTest::RuleEditorTest()
     : machine_{world_->Machine().Registry,      files_,
                world_->Machine().CodePage,      world_->Machine().SystemMessages,
                world_->Machine().Clock,         world_->Machine().InstanceLock,
                world_->Machine().ScreenMetrics, world_->Machine().Memory,
                world_->Machine().CryptoLibrary},
-      editorServices_{machine_, world_->Screen(), reporter_, store_} {
+      editorServices_{machine_, certificates_, reporter_, store_} {
+    Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\n");
     for (const wchar_t* folder : {L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second"})
         files_.AddFolder(folder);
     profile_.Name = L"Alpha";
@@ -57,8 +36,7 @@ RuleEditorTest::RuleEditorTest()
 
 std::optional<config::Rule> RuleEditorTest::Edit(const config::Rule& rule,
                                                  const std::function<void(ui::Dialog&)>& script) {
-    editors::CAddRule dialog(editorServices_, nullptr, profile_, suggestions_, rule, memory_,
-                             withCertificates_ ? &certificates_ : nullptr);
+    editors::CAddRule dialog(editorServices_, nullptr, profile_, suggestions_, rule, memory_);
     user_.Expect<editors::CAddRule>(script);
     if (dialog.DoModal() == ui::IdOk) return dialog.Result();
     EXPECT_EQ(dialog.Result(), config::Rule());

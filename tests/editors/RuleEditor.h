@@ -10,6 +10,7 @@
 
 #include "editors/AddRule.h"
 #include "platform/memory/MemoryFiles.h"
+#include "tests/editors/PreparedCertificates.h"
 #include "tests/support/Fixture.h"
 
 namespace tests {
@@ -27,24 +28,6 @@ inline constexpr int LabelD = 1138, TextD = 1137;
 inline constexpr int OldMask = 1095, OldMaskLabel = 1123, OldMaskEdit = 1048;
 inline constexpr int MaskCombo = 1095;  // of the mask dialog
 }  // namespace ruleid
-
-// Answers as it was told and notes what it was asked.
-class PreparedCertificates final : public editors::CertificateActions {
-  public:
-    std::optional<std::vector<config::CertificateRef>> recipients;
-    std::optional<std::vector<config::SignerListEntry>> signerLists;
-    std::vector<std::wstring> asked;
-    const ui::Dialog* lastOwner = nullptr;
-    std::vector<config::CertificateRef> givenRecipients;
-    std::vector<config::SignerListEntry> givenLists;
-
-    std::optional<std::vector<config::CertificateRef>> ChooseRecipients(
-        ui::Dialog& owner, const config::ServiceProfile& profile, int storeProfile,
-        const std::vector<config::CertificateRef>& given) override;
-    std::optional<std::vector<config::SignerListEntry>> EditSignerLists(
-        ui::Dialog& owner, const config::ServiceProfile& profile, int storeProfile,
-        const std::vector<config::SignerListEntry>& given) override;
-};
 
 class RuleEditorTest : public WorldTest {
   protected:
@@ -72,14 +55,13 @@ class RuleEditorTest : public WorldTest {
     std::wstring Chosen(int id) const { return user_.Get<ui::ComboBox>(id).SelectedItem(); }
     void ExpectErrBox(const std::wstring& text, ui::Icon icon);
 
+    PreparedCertificates certificates_{*world_};
     platform::memory::MemoryFiles files_;
     const platform::Machine machine_;
     const config::Services editorServices_;
     config::ServiceProfile profile_;
     std::vector<std::wstring> suggestions_{L"*.xml", L"*.p7s"};
     editors::EditorMemory memory_;
-    PreparedCertificates certificates_;
-    bool withCertificates_ = true;
 };
 
 }  // namespace tests

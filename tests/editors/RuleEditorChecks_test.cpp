@@ -102,7 +102,7 @@ TEST_F(RuleEditorChecks, NoExecutable) {
 
 TEST_F(RuleEditorChecks, NoOperation) {
     EXPECT_FALSE(Edit(FullRule(L"HASH"), [this](ui::Dialog& dialog) {
-        user_.Get<ui::ComboBox>(ruleid::Operation).Select(ui::ComboBox::None);
+        user_.Get<ui::ComboBox>(ruleid::Operation).Select(std::nullopt);
         ExpectWarning(L"No operation selected.");
         user_.Click(ui::IdOk);
         EXPECT_EQ(dialog.Focus(), &dialog.Find(ruleid::Operation));

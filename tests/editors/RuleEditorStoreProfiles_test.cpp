@@ -56,7 +56,7 @@ TEST_F(RuleEditorStoreProfiles, RecipientsGoWithTheUsersConsent) {
     ASSERT_TRUE(rule);
     EXPECT_EQ(rule->ZCSProfile, L"Tax");
     EXPECT_EQ(rule->Certificates, std::vector<std::wstring>{L"CN=New"});
-    EXPECT_EQ(certificates_.asked, std::vector<std::wstring>{L"recipients for Alpha 2"});
+    EXPECT_EQ(certificates_.OpenedFor(), std::vector<std::string>{"Tax"});
 }
 
 TEST_F(RuleEditorStoreProfiles, RefusingLeavesProfileAndRecipients) {
@@ -127,12 +127,12 @@ TEST_F(RuleEditorStoreProfiles, ARememberedProfileThatThisOneLacksLeavesNoneSele
         user_.Click(ruleid::ActionButton);
         ExpectRecipientsQuestion(ui::IdNo);
         user_.Choose(ruleid::StoreProfile, bank);
-        EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::StoreProfile).Selected(), ui::ComboBox::None);
+        EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::StoreProfile).Selected(), std::nullopt);
         user_.Type(ruleid::PathIn, L"C:\\In");
         user_.Click(ruleid::ActionButton);
         Leave();
     });
-    EXPECT_EQ(certificates_.asked.back(), L"recipients for Alpha -1");
+    EXPECT_EQ(certificates_.OpenedFor().back(), "");
     EXPECT_EQ(memory_.RememberedCsProfile, 7);
 }
 

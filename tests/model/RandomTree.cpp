@@ -136,7 +136,9 @@ Tree RandomTree(Dice& dice) {
     if (dice.Chance(50)) root[L"ExtExt"] = Texts{L"xml", L"DOC", L"edi"};
     if (dice.Chance(50)) root[L"LogPath"] = L"C:\\Logs";
     if (dice.Chance(50)) root[L"Log filesize"] = static_cast<int32_t>(dice.Below(10'000));
-    if (dice.Chance(30)) root[L"LastCrlUpdate"] = Texts{L"Office;;1"};
+    // No profile's revocation lists are due as long as a walk lasts: the editor would note the time.
+    root[L"LastCrlUpdate"] =
+        Texts{L";;2147483647", L"Office;;2147483647", L"Bank;;2147483647", L"Tax;;2147483647"};
     for (const wchar_t* name : {L"Alpha", L"beta", L"Gamma"})
         if (dice.Chance(70)) PutProfile(dice, name, tree);
     return tree;

@@ -32,9 +32,10 @@ Walk::Walk(World& world, uint32_t seed)
                world.Machine().Clock,         world.Machine().InstanceLock,
                world.Machine().ScreenMetrics, world.Machine().Memory,
                world.Machine().CryptoLibrary},
-      reporter_(machine_, world.Screen()),
+      certificates_(world),
+      reporter_(machine_, certificates_),
       store_(machine_, reporter_),
-      services_{machine_, world.Screen(), reporter_, store_} {
+      services_{machine_, certificates_, reporter_, store_} {
     for (const std::wstring& folder : createdFolders) files_.AddFolder(folder);
     demo::ApplyRegistryText(LibraryText() + model_.Registry().Text(), world.Machine().Registry);
 }
@@ -99,7 +100,7 @@ void Walk::UseProgram() {
             if (!dialog.HasEnded()) Compare();
         }
     });
-    app::CBrisgateDlg(services_, this).DoModal();
+    app::CBrisgateDlg(services_).DoModal();
     if (!HasDiverged()) CompareRegistry();
 }
 

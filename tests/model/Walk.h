@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "app/BrisgateDlg.h"
-#include "editors/CertificateActions.h"
 #include "platform/memory/MemoryFiles.h"
+#include "tests/editors/PreparedCertificates.h"
 #include "tests/model/EditorForm.h"
 #include "tests/model/Model.h"
 #include "tests/model/ProfileForm.h"
@@ -17,7 +17,7 @@
 
 namespace tests::model {
 
-class Walk : private editors::CertificateActions {
+class Walk {
   public:
     // world: with empty registry trees; the walk fills them.
     Walk(World& world, uint32_t seed);
@@ -115,12 +115,6 @@ class Walk : private editors::CertificateActions {
     void PutCommonValues(EditorForm& form);
     void ChangeMasks(EditorForm& form);
     void ChooseCertificates(EditorForm& form);
-    std::optional<std::vector<config::CertificateRef>> ChooseRecipients(
-        ui::Dialog& owner, const config::ServiceProfile& profile, int storeProfile,
-        const std::vector<config::CertificateRef>& recipients) override;
-    std::optional<std::vector<config::SignerListEntry>> EditSignerLists(
-        ui::Dialog& owner, const config::ServiceProfile& profile, int storeProfile,
-        const std::vector<config::SignerListEntry>& lists) override;
 
     // Settings, saving and leaving (WalkSettings.cpp, WalkLeaving.cpp).
     void EditLogSettings();
@@ -148,6 +142,7 @@ class Walk : private editors::CertificateActions {
     Model model_;
     platform::memory::MemoryFiles files_;
     const platform::Machine machine_;
+    PreparedCertificates certificates_;
     const errors::ErrorReporter reporter_;
     config::RegistryStore store_;
     const config::Services services_;
@@ -156,8 +151,6 @@ class Walk : private editors::CertificateActions {
     size_t commandsLeft_ = 0;
     std::string story_;
     int rememberedStore_ = 0;  // by the rule editor, as long as the program runs
-    std::optional<Texts> nextRecipients_;
-    std::optional<std::vector<std::pair<std::wstring, Texts>>> nextSigners_;
 };
 
 }  // namespace tests::model

@@ -160,17 +160,18 @@ void Walk::ChangeMasks(EditorForm& form) {
 
 void Walk::ChooseCertificates(EditorForm& form) {
     if (!form.HasRecipients() && !form.HasSigners()) return;
-    nextRecipients_.reset();
-    nextSigners_.reset();
+    certificates_.recipients.reset();
+    certificates_.signerLists.reset();
     if (dice_.Chance(85)) {
-        nextRecipients_ = Texts(dice_.Below(3), L"CN=Dora");
-        nextSigners_.emplace();
-        if (dice_.Chance(60)) nextSigners_->emplace_back(L"new", Texts(dice_.Below(3), L"CN=\x0416"));
-        if (dice_.Chance(40)) nextSigners_->emplace_back(L"Extra", Texts{L"CN=Egon", L""});
+        certificates_.recipients = PreparedCertificates::Recipients(dice_.Below(3));
+        certificates_.signerLists = PreparedCertificates::SignerLists(dice_.Below(3));
     }
     user_.Click(ruleid::ActionButton);
-    if (form.HasRecipients() && nextRecipients_) form.values.recipients = *nextRecipients_;
-    if (form.HasSigners() && nextSigners_) form.values.signerLists = *nextSigners_;
+    if (form.HasRecipients() && certificates_.recipients) form.values.recipients = *certificates_.recipients;
+    if (!form.HasSigners() || !certificates_.signerLists) return;
+    form.values.signerLists.clear();
+    for (const config::SignerListEntry& list : *certificates_.signerLists)
+        form.values.signerLists.emplace_back(list.Name, list.Signers);
 }
 
 std::optional<Rule> Walk::LeaveEditor(const EditorForm& form) {
@@ -196,19 +197,6 @@ std::optional<Rule> Walk::LeaveEditor(const EditorForm& form) {
     user_.Click(ui::IdOk);
     user_.Click(ui::IdCancel);
     return std::nullopt;
-}
-
-std::optional<std::vector<config::CertificateRef>> Walk::ChooseRecipients(
-    ui::Dialog&, const config::ServiceProfile&, int, const std::vector<config::CertificateRef>&) {
-    return nextRecipients_;
-}
-
-std::optional<std::vector<config::SignerListEntry>> Walk::EditSignerLists(
-    ui::Dialog&, const config::ServiceProfile&, int, const std::vector<config::SignerListEntry>&) {
-    if (!nextSigners_) return std::nullopt;
-    std::vector<config::SignerListEntry> lists;
-    for (const auto& [name, signers] : *nextSigners_) lists.push_back({name, signers});
-    return lists;
 }
 
 }  // namespace tests::model

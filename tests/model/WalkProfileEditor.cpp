@@ -54,7 +54,7 @@ void Walk::CompareProfileForm(const ProfileForm& form) {
     using namespace profileid;
     const auto& list = user_.Get<ui::ListBox>(CsProfiles);
     EXPECT_EQ(list.Items(), form.StoreProfiles());
-    EXPECT_EQ(list.Selected(), form.shown ? static_cast<int>(*form.shown) : ui::ListBox::None);
+    EXPECT_EQ(list.Selected(), form.shown);
     EXPECT_EQ(user_.Text(Settings), L"CS profile setting's: " + form.ShownName());
     for (const auto& [setting, box] : settingBoxes)
         EXPECT_EQ(user_.Get<ui::CheckBox>(box).IsChecked(), form.settings.at(setting)) << Narrow(setting);

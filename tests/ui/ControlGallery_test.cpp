@@ -170,7 +170,7 @@ TEST_F(ControlGalleryTest, ChoicesAreHeardOnce) {
         EXPECT_EQ(L"*.p7s", user_.Text(Mask));
         user_.Type(Mask, L"ab");
         EXPECT_EQ((Heard{L"mask a", L"mask ab"}), gallery_.TakeHeard());
-        EXPECT_EQ(ui::ChoiceControl::None, gallery_.mask.Selected());
+        EXPECT_EQ(std::nullopt, gallery_.mask.Selected());
         user_.Choose(Names, 2);
         EXPECT_EQ(Heard{L"chose zip"}, gallery_.TakeHeard());
         user_.Press(Key::Up);

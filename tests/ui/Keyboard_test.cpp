@@ -269,7 +269,7 @@ TEST_F(Keyboard, ArrowsChooseInAComboBox) {
     EXPECT_EQ((Heard{L"a", L"c", L"b", L"a"}), dialog.heard);
     dialog.combo.SetItems({});
     Press(VirtualKey::Down);
-    EXPECT_EQ(ui::ComboBox::None, dialog.combo.Selected());
+    EXPECT_EQ(std::nullopt, dialog.combo.Selected());
 }
 
 TEST_F(Keyboard, ArrowsCountInTheEditOfAnUpDown) {

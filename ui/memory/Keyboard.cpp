@@ -41,13 +41,15 @@ void PressEnter(Dialog& dialog) {
 }
 
 void MoveChoice(ChoiceControl& choice, VirtualKey key) {
-    const int last = static_cast<int>(choice.Items().size()) - 1;
-    int index = choice.Selected();
-    if (key == VirtualKey::Up) index = std::max(index - 1, 0);
-    if (key == VirtualKey::Down) index = std::min(index + 1, last);
+    if (choice.Items().empty()) return;
+    const size_t last = choice.Items().size() - 1;
+    const std::optional<size_t> before = choice.Selected();
+    std::optional<size_t> index = before;
+    if (key == VirtualKey::Up) index = before.value_or(0) == 0 ? 0 : *before - 1;
+    if (key == VirtualKey::Down) index = before ? std::min(*before + 1, last) : 0;
     if (key == VirtualKey::Home) index = 0;
     if (key == VirtualKey::End) index = last;
-    if (last >= 0 && index != choice.Selected()) choice.UserSelected(index);
+    if (index != before) choice.UserSelected(index);
 }
 
 bool IsCaretKey(VirtualKey key) {

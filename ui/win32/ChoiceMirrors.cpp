@@ -5,6 +5,18 @@
 #include "ui/win32/WheelGuard.h"
 
 namespace ui::win32 {
+namespace {
+
+// The system's index, which is -1 for none.
+WPARAM SystemIndex(std::optional<size_t> index) {
+    return index ? *index : static_cast<WPARAM>(-1);
+}
+
+std::optional<size_t> IndexOf(LRESULT systemIndex) {
+    return systemIndex < 0 ? std::nullopt : std::optional(static_cast<size_t>(systemIndex));
+}
+
+}  // namespace
 
 ComboMirror::ComboMirror(ChoiceControl& combo, HWND window) : ControlMirror(combo, window), combo_(combo) {
     KeepWheelFromChoosing(window);
@@ -37,11 +49,11 @@ void ComboMirror::ShowItems() const {
 }
 
 void ComboMirror::ShowSelection() const {
-    Send(CB_SETCURSEL, static_cast<WPARAM>(combo_.Selected()));
+    Send(CB_SETCURSEL, SystemIndex(combo_.Selected()));
 }
 
 void ComboMirror::OnCommand(int notification) {
-    if (notification == CBN_SELCHANGE) combo_.UserSelected(static_cast<int>(Send(CB_GETCURSEL)));
+    if (notification == CBN_SELCHANGE) combo_.UserSelected(IndexOf(Send(CB_GETCURSEL)));
     if (notification == CBN_SETFOCUS) Focused();
     if (notification == CBN_KILLFOCUS) Left();
 }
@@ -83,7 +95,7 @@ void ListBoxMirror::Show(Aspect aspect) {
     if (aspect == Aspect::Items) {
         ShowItems();
     } else if (aspect == Aspect::Selection) {
-        Send(LB_SETCURSEL, static_cast<WPARAM>(list_.Selected()));
+        Send(LB_SETCURSEL, SystemIndex(list_.Selected()));
     } else if (aspect != Aspect::Text) {
         ControlMirror::Show(aspect);
     }
@@ -97,13 +109,13 @@ void ListBoxMirror::ShowItems() const {
     for (const std::wstring& item : list_.Items())
         Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
     Send(LB_SETTOPINDEX, static_cast<WPARAM>(top));
-    Send(LB_SETCURSEL, static_cast<WPARAM>(list_.Selected()));
+    Send(LB_SETCURSEL, SystemIndex(list_.Selected()));
     if (redraw) Send(WM_SETREDRAW, TRUE);
     InvalidateRect(Window(), nullptr, TRUE);
 }
 
 void ListBoxMirror::OnCommand(int notification) {
-    if (notification == LBN_SELCHANGE) list_.UserSelected(static_cast<int>(Send(LB_GETCURSEL)));
+    if (notification == LBN_SELCHANGE) list_.UserSelected(IndexOf(Send(LB_GETCURSEL)));
     if (notification == LBN_SETFOCUS) Focused();
     if (notification == LBN_KILLFOCUS) Left();
 }

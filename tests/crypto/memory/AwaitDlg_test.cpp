@@ -1,9 +1,8 @@
 // How long the wait dialog is on the screen.
-#include "crypto/AwaitDlg.h"
+#include "crypto/OpenCryptoContext.h"
 
 #include <gtest/gtest.h>
 
-#include "crypto/OpenCryptoContext.h"
 #include "demo/StandInLibrary.h"
 #include "platform/memory/MemoryMachine.h"
 #include "ui/memory/MemoryScreen.h"
@@ -45,13 +44,15 @@ class AwaitDlgTest : public testing::Test {
     const config::Services services_{machine_.Machine, screen_, reporter_, store_};
     ui::Dialog parent_{screen_, nullptr, {.size = {200, 100}}};
     std::vector<size_t> duringCalls_;  // of the library
-    crypto::ContextSettings settings_;
+    std::wstring csProfile_ = L"Office";
+    crypto::PickerSettings settings_;
 };
 
 TEST_F(AwaitDlgTest, IsThereWhileTheContextIsOpenedAndNoLonger) {
-    settings_.Picker.NotLoadCrl = 1;
+    settings_.NotUseLDAP = 0;
+    settings_.NotLoadCrl = 1;
     {
-        const auto context = crypto::OpenCryptoContext(services_, parent_, settings_);
+        const auto context = crypto::OpenCryptoContext(services_, parent_, csProfile_, settings_);
         EXPECT_TRUE(context);
         EXPECT_EQ(screen_.OpenDialogs(), 1U);
     }
@@ -61,7 +62,7 @@ TEST_F(AwaitDlgTest, IsThereWhileTheContextIsOpenedAndNoLonger) {
 
 TEST_F(AwaitDlgTest, IsGoneWhenAFailureIsShown) {
     library_.SetAnswer(demo::StandInCall::Initialize, 0x20000001);
-    EXPECT_FALSE(crypto::OpenCryptoContext(services_, parent_, settings_));
+    EXPECT_FALSE(crypto::OpenCryptoContext(services_, parent_, csProfile_, settings_));
     EXPECT_EQ(duringCalls_, (std::vector<size_t>{2}));
     EXPECT_EQ(witness_.openDialogs, (std::vector<size_t>{2}));  // the parent and the box
 }

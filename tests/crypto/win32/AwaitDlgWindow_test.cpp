@@ -19,9 +19,9 @@ bool IsPainted(HWND window) {
 using AwaitDlgWindowTest = CryptoTest;
 
 TEST_F(AwaitDlgWindowTest, IsPaintedWhileTheContextIsOpenedAndGoneAfterwards) {
-    crypto::ContextSettings settings;
-    settings.Picker.NotUseLDAP = 1;
-    settings.Picker.NotLoadCrl = 1;
+    crypto::PickerSettings settings;
+    settings.NotUseLDAP = 1;
+    settings.NotLoadCrl = 1;
     bool looked = false;
     library_.OnCall([&](const std::string& call) {
         if (!call.starts_with("Initialize")) return;
@@ -43,7 +43,7 @@ TEST_F(AwaitDlgWindowTest, IsPaintedWhileTheContextIsOpenedAndGoneAfterwards) {
         EXPECT_EQ(own.top, parent.top + (parent.bottom - parent.top) / 2 - (own.bottom - own.top) / 2);
     });
     InDialog([&] {
-        const auto context = crypto::OpenCryptoContext(services_, opener_, settings);
+        const auto context = crypto::OpenCryptoContext(services_, opener_, L"Office", settings);
         EXPECT_TRUE(context);
         EXPECT_EQ(WaitWindow(), nullptr);
     });

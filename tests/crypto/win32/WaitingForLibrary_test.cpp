@@ -1,8 +1,6 @@
 // What a user can do in real windows while the library is at work, and while the program says that it failed.
 #include <windows.h>
 
-#include "config/StoreProfileSettings.h"
-#include "crypto/LibraryOpener.h"
 #include "crypto/OpenCryptoContext.h"
 #include "tests/crypto/CryptoTest.h"
 #include "tests/support/win32/Input.h"
@@ -15,9 +13,9 @@ class WaitingForLibrary : public CryptoTest {
   protected:
     WaitingForLibrary() {
         Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nLogPath = \"\"\n");
-        settings_.ZCSProfile = L"Office";
+        settings_.NotUseLDAP = 0;
     }
-    void Open() { crypto::OpenCryptoContext(services_, opener_, settings_); }
+    void Open() { crypto::OpenCryptoContext(services_, opener_, csProfile_, settings_); }
     void ExpectModalFailure(const std::wstring& operation, const std::wstring& question) {
         const std::wstring code = operation.starts_with(L"Conneting") ? L"0x20000010" : L"0x20000004";
         user_.ExpectOwnerless<errors::WarningBox>([this, operation](errors::WarningBox&) {
@@ -28,7 +26,8 @@ class WaitingForLibrary : public CryptoTest {
         user_.ExpectBox(L"It failed (" + code + L").\r\n" + question, boxes::OkOrCancel, ui::IdOk);
     }
 
-    crypto::ContextSettings settings_;
+    std::wstring csProfile_ = L"Office";
+    crypto::PickerSettings settings_;
 };
 
 TEST_F(WaitingForLibrary, ASecondClickOpensNoSecondContext) {
@@ -38,14 +37,11 @@ TEST_F(WaitingForLibrary, ASecondClickOpensNoSecondContext) {
         PostMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
         PostMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
     });
-    config::ServiceProfile profile;
-    config::AttachStoreProfile(profile, L"Office");
-    crypto::LibraryOpener library(services_);
     int clicks = 0;
     bool opened = false;
     InDialog([&] {
         if (++clicks == 1)
-            library.WithContext(opener_, profile, 0, [&](auto&, auto&, bool) { opened = true; });
+            opened = crypto::OpenCryptoContext(services_, opener_, csProfile_, settings_).has_value();
     });
     EXPECT_TRUE(opened);
     EXPECT_EQ(clicks, 1);
@@ -53,7 +49,7 @@ TEST_F(WaitingForLibrary, ASecondClickOpensNoSecondContext) {
 
 TEST_F(WaitingForLibrary, TheBoxAboutTheNetworkStoreLetsNothingElseTakeInput) {
     library_.SetAnswer(demo::StandInCall::FindCert, failed);
-    settings_.Picker.NotLoadCrl = 1;
+    settings_.NotLoadCrl = 1;
     InDialog(
         [this] {
             Open();
@@ -66,7 +62,7 @@ TEST_F(WaitingForLibrary, TheBoxAboutTheNetworkStoreLetsNothingElseTakeInput) {
 TEST_F(WaitingForLibrary, TheBoxAboutRevocationListsLetsNothingElseTakeInput) {
     library_.Serve({.CrlDiagnostic = "no list"});
     library_.SetErrorText(demo::StandInLibrary::CrlNotLoaded, "It failed.\r\n");
-    settings_.Picker.NotUseLDAP = 1;
+    settings_.NotUseLDAP = 1;
     settings_.CrlUpdatePeriod = 1;
     InDialog(
         [this] {

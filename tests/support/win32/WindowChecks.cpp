@@ -53,6 +53,11 @@ ui::Size SizeOf(const ui::Control& control) {
     return {control.Bounds().width, control.Bounds().height};
 }
 
+// The index of the selected item as the system says it.
+LRESULT SystemIndex(const ui::ChoiceControl& control) {
+    return control.Selected() ? static_cast<LRESULT>(*control.Selected()) : -1;
+}
+
 class Checker : public ui::ControlVisitor {
   public:
     explicit Checker(HWND window) : window_(window) {}
@@ -82,7 +87,7 @@ class Checker : public ui::ControlVisitor {
         CheckItems(control, CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT);
         // An open list says that the item under the mouse is selected.
         if (Send(CB_GETDROPPEDSTATE) == 0) {
-            EXPECT_EQ(control.Selected(), Send(CB_GETCURSEL));
+            EXPECT_EQ(SystemIndex(control), Send(CB_GETCURSEL));
         }
     }
     void Visit(ui::EditableCombo& control) override {
@@ -91,7 +96,7 @@ class Checker : public ui::ControlVisitor {
     }
     void Visit(ui::ListBox& control) override {
         CheckItems(control, LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT);
-        EXPECT_EQ(control.Selected(), Send(LB_GETCURSEL));
+        EXPECT_EQ(SystemIndex(control), Send(LB_GETCURSEL));
     }
     void Visit(ui::UpDown& control) override {
         int lowest = 0;
