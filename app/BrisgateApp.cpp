@@ -7,7 +7,6 @@
 #include "config/RegistryStore.h"
 #include "errors/ErrorReport.h"
 #include "errors/MessageBoxes.h"
-#include "errors/ProgramTitle.h"
 #include "text/Format.h"
 
 namespace app {

@@ -2,7 +2,7 @@
 // fails.
 #pragma once
 
-#include "errors/MemoryBox.h"
+#include "errors/MessageBoxes.h"
 #include "platform/Machine.h"
 #include "ui/Screen.h"
 

@@ -11,7 +11,6 @@
 #include "config/RoundTrip.h"
 #include "config/Save.h"
 #include "errors/MessageBoxes.h"
-#include "errors/ProgramTitle.h"
 #include "text/Format.h"
 
 namespace app {

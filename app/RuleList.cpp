@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "errors/WarningBox.h"
+#include "errors/MessageBoxes.h"
 #include "ui/Dialog.h"
 
 namespace app {

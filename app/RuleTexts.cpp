@@ -6,10 +6,10 @@
 
 #include "config/Operations.h"
 #include "editors/RuleForm.h"
+#include "text/Case.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
 #include "text/Trim.h"
-#include "text/Upper.h"
 
 namespace app {
 namespace {

@@ -7,11 +7,10 @@
 #include <unordered_set>
 #include <vector>
 
-#include "certs/Candidates.h"
-#include "certs/ChosenNames.h"
-#include "certs/NameParts.h"
+#include "certs/NameFields.h"
 #include "certs/NameRows.h"
 #include "certs/OwnerSearch.h"
+#include "certs/PickerNames.h"
 
 namespace {
 

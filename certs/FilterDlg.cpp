@@ -1,6 +1,6 @@
 #include "certs/FilterDlg.h"
 
-#include "certs/FieldTable.h"
+#include "certs/NameFields.h"
 #include "certs/OwnerSearch.h"
 #include "errors/MessageBoxes.h"
 #include "text/Trim.h"

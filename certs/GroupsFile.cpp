@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "certs/GroupsText.h"
 #include "config/ExchangeFiles.h"
 #include "text/Format.h"
 #include "text/Trim.h"
@@ -32,6 +31,16 @@ ui::FilePicker GroupsFileToOpen(const std::wstring& lastPath, const std::wstring
 
 ui::FilePicker GroupsFileToSave(const std::wstring& lastPath, const std::wstring& folder) {
     return GroupsFilePicker(ui::FilePickerKind::Save, lastPath.empty() ? NewGroupIn(folder) : lastPath);
+}
+
+void ReadGroupLines(std::string_view bytes, const std::function<void(std::string_view line)>& take) {
+    constexpr std::string_view lineEnd = "\r\n";
+    std::string_view rest = bytes.substr(0, std::min(bytes.find('\0'), bytes.size()));
+    for (size_t end = rest.find(lineEnd); end != std::string_view::npos; end = rest.find(lineEnd)) {
+        const std::string_view line = rest.substr(0, end);
+        if (line.find('=') != std::string_view::npos) take(line);
+        rest.remove_prefix(end + lineEnd.size());
+    }
 }
 
 bool ReadGroupsFile(const config::Services& services, const ui::Dialog* owner, const std::wstring& path,

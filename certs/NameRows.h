@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,11 @@
 namespace certs {
 
 using NameId = uint32_t;  // the place of a name in its NameList
+
+// The places of the keys in ascending or descending order of their character codes; equal keys keep their
+// order. Takes time for each unit that has to be seen to tell the keys apart, and for sorting as many
+// numbers.
+std::vector<uint32_t> SortedOrder(std::span<const std::wstring_view> keys, bool descending);
 
 class NameRows {
   public:

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "certs/FieldTable.h"
-#include "certs/NameParts.h"
-#include "text/Upper.h"
+#include "certs/NameFields.h"
+#include "text/Case.h"
 
 namespace certs {
 
@@ -39,7 +38,7 @@ bool IsUsableSample(std::wstring_view sample) {
 }
 
 OwnerSearch::OwnerSearch(std::optional<size_t> field, std::wstring_view sample)
-    : assignment_(field ? Fields().at(*field).Key + L"=" : std::wstring()),
+    : assignment_(field ? Fields().at(*field).key + L"=" : std::wstring()),
       sample_(text::Upper(sample)) {
     pattern_ = assignment_;
     pattern_ += sample;

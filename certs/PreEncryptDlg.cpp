@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "certs/FieldTable.h"
-#include "certs/NameParts.h"
+#include "certs/NameFields.h"
 #include "errors/MessageBoxes.h"
 #include "platform/Machine.h"
 #include "text/Format.h"
@@ -106,7 +105,7 @@ void CPreEncryptDlg::Sort(List& list) {
     const std::optional<size_t> field = sortField_.Selected();
     if (!field) return;
     const bool descending = list.view.Columns().front().arrow == ui::SortArrow::Down;
-    const std::vector<uint32_t> order = list.rows.SortedOrder(Fields().at(*field).Key, descending);
+    const std::vector<uint32_t> order = list.rows.SortedOrder(Fields().at(*field).key, descending);
     std::vector<NameId> sorted = list.rows.InOrder(order);
     list.view.Reorder(order);
     list.rows.Show(std::move(sorted));

@@ -5,9 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "certs/Candidates.h"
-#include "certs/ChosenNames.h"
 #include "certs/NameRows.h"
+#include "certs/PickerNames.h"
 #include "config/Records.h"
 #include "config/RegistryLayout.h"
 #include "config/Services.h"

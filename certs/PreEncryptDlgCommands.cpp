@@ -4,7 +4,6 @@
 #include "certs/OwnerSearch.h"
 #include "certs/PreEncryptDlg.h"
 #include "errors/MessageBoxes.h"
-#include "errors/WarningBox.h"
 
 namespace certs {
 

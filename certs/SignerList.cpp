@@ -7,7 +7,6 @@
 #include "crypto/LibrarySearch.h"
 #include "crypto/OpenCryptoContext.h"
 #include "errors/MessageBoxes.h"
-#include "errors/WarningBox.h"
 #include "platform/Machine.h"
 #include "text/Format.h"
 #include "text/Numbers.h"

@@ -2,7 +2,7 @@
 # registry is not faster for it.
 file(GLOB fast_sources CONFIGURE_DEPENDS text/*.cpp config/*.cpp)
 list(FILTER fast_sources EXCLUDE REGEX "/config/(Load|Redo|RoundTrip|Save|Store)[^/]*$")
-foreach(name Candidates ChosenNames FieldTable GroupsText KeySort NameParts NameRows OwnerSearch)
+foreach(name GroupsFile NameFields NameRows OwnerSearch PickerNames)
     list(APPEND fast_sources certs/${name}.cpp)
 endforeach()
 list(APPEND fast_sources crypto/FindResult.cpp crypto/LibrarySearch.cpp crypto/NameList.cpp app/RuleCommands.cpp

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "config/RegistryLayout.h"
+#include "text/Case.h"
 #include "text/Format.h"
-#include "text/Upper.h"
 
 namespace config {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace config {
 namespace {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "errors/MessageBoxes.h"
-#include "errors/WarningBox.h"
 #include "text/Format.h"
 
 namespace crypto {

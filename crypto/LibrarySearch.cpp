@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace crypto {
 namespace {

@@ -8,7 +8,7 @@
 #include "config/Services.h"
 #include "crypto/CertificateSearch.h"
 #include "crypto/CryptoContext.h"
-#include "errors/ProgramTitle.h"
+#include "errors/MessageBoxes.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
 

@@ -8,7 +8,7 @@
 #include "demo/RegistryKey.h"
 #include "demo/RegistryValueText.h"
 #include "demo/Utf8.h"
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace demo {
 namespace {

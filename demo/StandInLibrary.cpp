@@ -198,10 +198,10 @@ StandInLibrary::Code StandInLibrary::GetErrorLineEx(Context context, char** erro
     if (found == errors_.end() || found->second.empty()) return 1;
     const errors::LibraryErrorEntry entry = std::move(found->second.front());
     found->second.pop_front();
-    *errorText = HandOut(entry.ErrorText);
-    *sourceFile = HandOut(entry.SourceFile);
-    *line = entry.Line;
-    *data = HandOut(entry.Data);
+    *errorText = HandOut(entry.errorText);
+    *sourceFile = HandOut(entry.sourceFile);
+    *line = entry.line;
+    *data = HandOut(entry.data);
     return 0;
 }
 

@@ -8,7 +8,6 @@
 #include "config/StoreProfileSettings.h"
 #include "crypto/LibrarySearch.h"
 #include "crypto/OpenCryptoContext.h"
-#include "errors/ErrBox.h"
 #include "errors/MessageBoxes.h"
 
 namespace editors {

@@ -71,8 +71,8 @@ std::wstring ErrorReporter::DescribeLibraryCode(const Failure& failure) const {
     description += L"\r\n";
     for (const LibraryErrorEntry& entry : TakeLibraryErrors(machine_.CryptoLibrary, failure.context))
         description +=
-            text::Format(L"%s,\r\nfile: %s, line %d, data: %s.\r\n", codePage.ToWide(entry.ErrorText),
-                         codePage.ToWide(entry.SourceFile), entry.Line, codePage.ToWide(entry.Data));
+            text::Format(L"%s,\r\nfile: %s, line %d, data: %s.\r\n", codePage.ToWide(entry.errorText),
+                         codePage.ToWide(entry.sourceFile), entry.line, codePage.ToWide(entry.data));
     return description;
 }
 
@@ -88,8 +88,8 @@ std::wstring ErrorStackText(const platform::Machine& machine, platform::kseal::C
     int number = 0;
     for (const LibraryErrorEntry& entry : TakeLibraryErrors(machine.CryptoLibrary, context))
         stack += text::Format(L"KSEAL stek, error number %d\r\nError: %s\r\nFile: %s\r\nData: %s\r\n",
-                              ++number, codePage.ToWide(entry.ErrorText), codePage.ToWide(entry.SourceFile),
-                              codePage.ToWide(entry.Data));
+                              ++number, codePage.ToWide(entry.errorText), codePage.ToWide(entry.sourceFile),
+                              codePage.ToWide(entry.data));
     return stack;
 }
 

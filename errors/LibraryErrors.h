@@ -11,10 +11,10 @@ namespace errors {
 
 // One entry of the library's error stack; texts in the ANSI code page.
 struct LibraryErrorEntry {
-    std::string ErrorText;
-    std::string SourceFile;
-    int32_t Line = 0;
-    std::string Data;
+    std::string errorText;
+    std::string sourceFile;
+    int32_t line = 0;
+    std::string data;
     bool operator==(const LibraryErrorEntry&) const = default;
 };
 

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "certs/GroupsText.h"
+#include "certs/GroupsFile.h"
 
 namespace {
 

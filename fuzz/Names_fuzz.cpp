@@ -7,16 +7,15 @@
 #include <string_view>
 #include <vector>
 
-#include "certs/FieldTable.h"
-#include "certs/NameParts.h"
+#include "certs/NameFields.h"
 #include "fuzz/Text.h"
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace {
 
 bool KeyFollows(const std::wstring& text, size_t comma, size_t keys, const std::wstring& behindKey) {
     for (size_t i = 0; i < keys; ++i) {
-        const std::wstring wanted = certs::Fields()[i].Key + behindKey;
+        const std::wstring wanted = certs::Fields()[i].key + behindKey;
         if (text.compare(comma + 1, wanted.size(), wanted) == 0) return true;
     }
     return false;
@@ -60,6 +59,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::wstring upper = text::Upper(name);
     CheckParts(upper);
     CheckLines(name, upper);
-    for (const certs::NameField& field : certs::Fields()) CheckSortKey(name, field.Key);
+    for (const certs::NameField& field : certs::Fields()) CheckSortKey(name, field.key);
     return 0;
 }

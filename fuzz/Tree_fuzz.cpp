@@ -19,7 +19,7 @@
 #include "fuzz/Reports.h"
 #include "fuzz/TreeText.h"
 #include "platform/memory/MemoryMachine.h"
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace {
 

@@ -1,12 +1,56 @@
 #include "settings/ConfigPage.h"
 
+#include <algorithm>
+
 #include "errors/MessageBoxes.h"
-#include "settings/AddExtDlg.h"
+#include "text/Case.h"
 #include "text/Format.h"
+#include "text/Trim.h"
 
 namespace settings {
 
-CConfigPage::CConfigPage(ui::Screen& screen, ui::Dialog* owner, config::GlobalSettings settings)
+using config::GlobalSettings;
+
+const std::array<Extension, ExtensionCount>& Extensions() {
+    static constexpr std::array<Extension, ExtensionCount> extensions{{
+        {&GlobalSettings::SigExt, L"Please, choose extension for files with attached signature."},
+        {&GlobalSettings::DsigExt, L"Please, choose extension for files with detached signature."},
+        {&GlobalSettings::EncExt, L"Please, choose extension for encrypted files."},
+        {&GlobalSettings::B64Ext, L"Please, choose extension for b64 files."},
+        {&GlobalSettings::HashExt, L"Please, choose extension for hash files."},
+        {&GlobalSettings::VerifyFileExt,
+         L"Please, choose extension for files with signature verification report."},
+        {&GlobalSettings::ZIPArchiveExt, L""},
+        {&GlobalSettings::GZIPArchiveExt, L""},
+    }};
+    return extensions;
+}
+
+std::optional<size_t> FirstMissing(const GlobalSettings& settings) {
+    for (size_t i = 0; i < ExtensionCount; ++i) {
+        const Extension& extension = Extensions().at(i);
+        if (!extension.whenEmpty.empty() && (settings.*extension.setting).empty()) return i;
+    }
+    return std::nullopt;
+}
+
+bool HoldsExtension(const std::vector<std::wstring>& extensions, std::wstring_view extension) {
+    const std::wstring upper = text::Upper(extension);
+    return std::any_of(extensions.begin(), extensions.end(),
+                       [&upper](const std::wstring& held) { return text::Upper(held) == upper; });
+}
+
+CAddExtDlg::CAddExtDlg(ui::Screen& screen, ui::Dialog* owner)
+    : Dialog(screen, owner, {.size = {200, 50}, .guidePage = L"settings"}, L"Add additional extension:") {}
+
+void CAddExtDlg::OnOK() {
+    const std::wstring_view extension = text::Trim(edit_.Text(), L" \t");
+    if (extension.empty()) return;
+    extension_ = text::Lower(extension);
+    EndDialog(ui::IdOk);
+}
+
+CConfigPage::CConfigPage(ui::Screen& screen, ui::Dialog* owner, GlobalSettings settings)
     : Dialog(screen, owner, {.size = {290, 204}, .guidePage = L"settings"}, L"Configurations"),
       settings_(std::move(settings)) {
     AddShortcut({.key = ui::key::Insert}, &additional_, add_);

@@ -2,17 +2,55 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "config/Records.h"
 #include "config/RegistryLayout.h"
-#include "settings/Extensions.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
 #include "ui/Dialog.h"
 
 namespace settings {
+
+struct Extension {
+    std::wstring config::GlobalSettings::*setting;
+    std::wstring_view whenEmpty;  // what the user is told; no text: it may be empty
+};
+
+inline constexpr size_t ExtensionCount = 8;
+
+// In the order in which they are shown and checked.
+const std::array<Extension, ExtensionCount>& Extensions();
+
+// The first extension, by its index in Extensions, that must not be empty and is; nothing else is asked of
+// them.
+std::optional<size_t> FirstMissing(const config::GlobalSettings& settings);
+
+// Without regard to case.
+bool HoldsExtension(const std::vector<std::wstring>& extensions, std::wstring_view extension);
+
+// Asks for one additional extension.
+class CAddExtDlg : public ui::Dialog {
+  public:
+    CAddExtDlg(ui::Screen& screen, ui::Dialog* owner);
+
+    // As accepted by OK: never empty, in lower case, without blanks at either end.
+    const std::wstring& Extension() const { return extension_; }
+
+  private:
+    void OnOK() override;
+
+    std::wstring extension_;
+
+    ui::Label label_{*this, 269, {7, 9, 106, 8}, L"Add additional extension:"};
+    ui::Edit edit_{*this, 266, {117, 7, 76, 14}};
+    ui::Button ok_{*this, ui::IdOk, {89, 29, 50, 14}, L"OK"};
+    ui::Button exit_{*this, ui::IdCancel, {143, 29, 50, 14}, L"Exit"};
+};
 
 class CConfigPage : public ui::Dialog {
   public:

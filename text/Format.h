@@ -1,11 +1,11 @@
 // Fills the program's message texts, which are written as the user sees them: L"Delete %d rule(s)?".
 #pragma once
 
+#include <concepts>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
-#include <type_traits>
 
 namespace text {
 
@@ -15,9 +15,7 @@ class Argument {
     Argument(std::wstring_view text) : text_(text) {}
     Argument(const std::wstring& text) : text_(text) {}
     Argument(const wchar_t* text) : text_(text) {}
-    template <class Number, std::enable_if_t<std::is_integral_v<Number>, int> = 0>
-    Argument(Number number) : number_(static_cast<int64_t>(number)),
-                              isNumber_(true) {}
+    Argument(std::integral auto number) : number_(static_cast<int64_t>(number)), isNumber_(true) {}
 
     bool IsNumber() const { return isNumber_; }
     std::wstring_view Text() const { return text_; }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "text/Upper.h"
+#include "text/Case.h"
 #include "ui/Dialog.h"
 
 namespace ui {

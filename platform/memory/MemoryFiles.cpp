@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace platform::memory {
 namespace {

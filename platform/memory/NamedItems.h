@@ -10,7 +10,7 @@
 #include <string_view>
 #include <utility>
 
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace platform::memory {
 

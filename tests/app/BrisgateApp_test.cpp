@@ -5,7 +5,7 @@
 #include "app/AboutDlg.h"
 #include "app/BrisgateDlg.h"
 #include "editors/AddProfile.h"
-#include "errors/ProgramTitle.h"
+#include "errors/MessageBoxes.h"
 #include "platform/memory/MemoryMachine.h"
 #include "tests/support/Fixture.h"
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "editors/AddProfile.h"
-#include "errors/WarningBox.h"
+#include "errors/MessageBoxes.h"
 #include "tests/app/MainWindowProfiles.h"
 #include "tests/app/MainWindowRules.h"
 

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "app/AboutDlg.h"
-#include "errors/WarningBox.h"
+#include "errors/MessageBoxes.h"
 
 namespace tests {
 namespace {

@@ -1,7 +1,7 @@
 // The commands of the main window that open the settings dialogs, and what becomes of their results.
 #include <gtest/gtest.h>
 
-#include "settings/AddExtDlg.h"
+#include "settings/ConfigPage.h"
 #include "tests/settings/SettingsTest.h"
 
 namespace tests {

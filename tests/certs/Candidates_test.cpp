@@ -1,10 +1,10 @@
-#include "certs/Candidates.h"
+#include "certs/PickerNames.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace {
 

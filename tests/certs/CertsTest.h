@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "certs/PreEncryptDlg.h"
-#include "errors/WarningBox.h"
+#include "errors/MessageBoxes.h"
 #include "tests/certs/PickerIds.h"
 #include "tests/certs/ScriptedSearch.h"
 #include "tests/config/ExchangeTest.h"

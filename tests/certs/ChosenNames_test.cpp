@@ -1,4 +1,4 @@
-#include "certs/ChosenNames.h"
+#include "certs/PickerNames.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "certs/FilterDlg.h"
 
-#include "certs/FieldTable.h"
+#include "certs/NameFields.h"
 #include "tests/certs/CertsTest.h"
 
 namespace tests {

@@ -1,4 +1,4 @@
-#include "certs/KeySort.h"
+#include "certs/NameRows.h"
 
 #include <gtest/gtest.h>
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <random>
 
-#include "certs/NameParts.h"
+#include "certs/NameFields.h"
 
 namespace {
 

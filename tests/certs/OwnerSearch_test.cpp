@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "certs/FieldTable.h"
+#include "certs/NameFields.h"
 #include "tests/certs/SampleReference.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // What the certificate picker looks like, and how it is sized.
-#include "certs/FieldTable.h"
+#include "certs/NameFields.h"
 #include "tests/certs/CertsTest.h"
 #include "tests/support/Overlap.h"
 

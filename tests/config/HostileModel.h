@@ -11,7 +11,7 @@
 #include "config/RoundTrip.h"
 #include "tests/config/Fields.h"
 #include "tests/config/RandomModel.h"
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace tests {
 

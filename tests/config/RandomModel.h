@@ -9,7 +9,7 @@
 
 #include "config/Operations.h"
 #include "tests/config/GoldenModel.h"
-#include "text/Upper.h"
+#include "text/Case.h"
 
 namespace tests {
 

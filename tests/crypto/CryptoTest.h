@@ -9,7 +9,7 @@
 
 #include "crypto/CryptoContext.h"
 #include "demo/StandInLibrary.h"
-#include "errors/WarningBox.h"
+#include "errors/MessageBoxes.h"
 #include "platform/memory/MemoryCodePage.h"
 #include "platform/memory/MemoryParts.h"
 #include "platform/memory/MemorySystemMessages.h"

@@ -1,7 +1,7 @@
 #include "tests/editors/RuleEditor.h"
 
 #include "config/Operations.h"
-#include "errors/ErrBox.h"
+#include "errors/MessageBoxes.h"
 
 namespace tests {
 namespace {

@@ -7,7 +7,7 @@
 #include <functional>
 #include <stdexcept>
 
-#include "errors/ProgramTitle.h"
+#include "errors/MessageBoxes.h"
 
 namespace tests {
 namespace {

@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "demo/RegistryText.h"
-#include "errors/ProgramTitle.h"
+#include "errors/MessageBoxes.h"
 #include "platform/memory/MemoryRegistry.h"
 #include "platform/win32/Win32Registry.h"
 #include "tests/end_to_end/Editor.h"

@@ -1,5 +1,5 @@
 // The small error box.
-#include "errors/ErrBox.h"
+#include "errors/MessageBoxes.h"
 
 #include <gtest/gtest.h>
 

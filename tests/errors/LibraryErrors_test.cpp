@@ -74,7 +74,7 @@ TEST_F(LibraryErrorsTest, AStackWithoutAnEndIsCutOff) {
     const Entries taken = TakeLibraryErrors(library_, nullptr);
     EXPECT_EQ(taken.size(), errors::MostLibraryErrors);
     EXPECT_EQ(asked, errors::MostLibraryErrors);
-    EXPECT_EQ(taken.back().Line, static_cast<int32_t>(errors::MostLibraryErrors));
+    EXPECT_EQ(taken.back().line, static_cast<int32_t>(errors::MostLibraryErrors));
 }
 
 TEST_F(LibraryErrorsTest, WhatComesWithoutAnEntryIsNotTheEditors) {

@@ -1,5 +1,5 @@
 // The resizable box for long texts.
-#include "errors/WarningBox.h"
+#include "errors/MessageBoxes.h"
 
 #include <gtest/gtest.h>
 

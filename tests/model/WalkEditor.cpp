@@ -3,7 +3,7 @@
 
 #include "editors/AddMask.h"
 #include "editors/AddRule.h"
-#include "errors/ErrBox.h"
+#include "errors/MessageBoxes.h"
 #include "tests/editors/RuleEditor.h"
 #include "tests/model/Walk.h"
 

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "errors/WarningBox.h"
+#include "errors/MessageBoxes.h"
 #include "tests/app/MainWindow.h"
 #include "tests/model/Walk.h"
 

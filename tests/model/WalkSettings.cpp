@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "settings/AddExtDlg.h"
+#include "settings/ConfigPage.h"
 #include "tests/model/Walk.h"
 #include "tests/settings/SettingsTest.h"
 

@@ -1,4 +1,4 @@
-#include "settings/AddExtDlg.h"
+#include "settings/ConfigPage.h"
 
 #include "tests/support/Fixture.h"
 

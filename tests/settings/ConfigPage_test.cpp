@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "settings/AddExtDlg.h"
 #include "tests/settings/SettingsTest.h"
 
 namespace tests {

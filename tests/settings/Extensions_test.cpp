@@ -1,4 +1,4 @@
-#include "settings/Extensions.h"
+#include "settings/ConfigPage.h"
 
 #include <gtest/gtest.h>
 

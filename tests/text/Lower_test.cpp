@@ -1,5 +1,5 @@
 // Lower case is the same on every system: Unicode's, as far as one code unit stands for one letter.
-#include "text/Lower.h"
+#include "text/Case.h"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +65,26 @@ TEST(Lower, TwiceIsAsOnce) {
     }
 }
 
+// Every answer in two numbers: how many units change, and FNV-1a over what becomes of each in turn.
+TEST(Lower, IsKnownForEveryUnit) {
+    size_t changed = 0;
+    uint64_t hash = 0xCBF29CE484222325;
+    for (uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+        const auto lower = static_cast<uint32_t>(LowerOf(unit));
+        changed += lower != unit ? 1U : 0U;
+        hash = (hash ^ lower) * 0x100000001B3;
+    }
+    EXPECT_EQ(changed, 1173U);
+    EXPECT_EQ(hash, 0xF1700FE51BD3338EU);
+}
+
 #ifndef _WIN32
+TEST(Lower, LeavesWhatIsNoUnitAlone) {
+    for (const uint32_t character :
+         {0x10000U, 0x10041U, 0x10061U, 0x10400U, 0x10428U, 0x10FFFFU, 0xFFFFFFFFU})
+        EXPECT_EQ(static_cast<uint32_t>(LowerOf(character)), character) << std::hex << character;
+}
+
 TEST(Lower, AgreesWithTheSystemOnTheWholeBasicPlane) {
     const std::string former = std::setlocale(LC_CTYPE, nullptr);
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);

@@ -1,5 +1,5 @@
 // Upper case is the same on every system: Unicode's, as far as one code unit stands for one letter.
-#include "text/Upper.h"
+#include "text/Case.h"
 
 #include <gtest/gtest.h>
 
@@ -58,7 +58,27 @@ TEST(Upper, TwiceIsAsOnce) {
     }
 }
 
+// Every answer in two numbers: how many units change, and FNV-1a over what becomes of each in turn.
+TEST(Upper, IsKnownForEveryUnit) {
+    size_t changed = 0;
+    uint64_t hash = 0xCBF29CE484222325;
+    for (uint32_t unit = 0; unit <= 0xFFFF; ++unit) {
+        const auto upper = static_cast<uint32_t>(Upper(static_cast<wchar_t>(unit)));
+        changed += upper != unit ? 1U : 0U;
+        hash = (hash ^ upper) * 0x100000001B3;
+    }
+    EXPECT_EQ(changed, 1163U);
+    EXPECT_EQ(hash, 0xA45E8B480D600C08U);
+}
+
 #ifndef _WIN32
+TEST(Upper, LeavesWhatIsNoUnitAlone) {
+    for (const uint32_t character :
+         {0x10000U, 0x10041U, 0x10061U, 0x10400U, 0x10428U, 0x10FFFFU, 0xFFFFFFFFU})
+        EXPECT_EQ(static_cast<uint32_t>(Upper(static_cast<wchar_t>(character))), character)
+            << std::hex << character;
+}
+
 // Greek vowels with a small iota below: in capitals the iota is a letter of its own, so that there are two.
 // The system gives the form for titles instead, a capital with the same small iota.
 bool HasTwoCapitals(uint32_t unit) {

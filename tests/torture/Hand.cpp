@@ -5,7 +5,7 @@
 #include <exception>
 #include <ostream>
 
-#include "errors/WarningBox.h"
+#include "errors/MessageBoxes.h"
 #include "tests/torture/ShortMemory.h"
 #include "ui/Choices.h"
 #include "ui/ListView.h"

@@ -1,7 +1,7 @@
 #include "editors/AddMask.h"
 #include "editors/AddProfile.h"
 #include "editors/AddRule.h"
-#include "errors/ErrBox.h"
+#include "errors/MessageBoxes.h"
 #include "settings/ConflictDlg.h"
 #include "tests/config/GoldenTree.h"
 #include "tests/torture/Ids.h"

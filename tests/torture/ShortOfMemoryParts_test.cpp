@@ -5,8 +5,7 @@
 #include <functional>
 #include <new>
 
-#include "certs/Candidates.h"
-#include "certs/ChosenNames.h"
+#include "certs/PickerNames.h"
 #include "crypto/CryptoContext.h"
 #include "crypto/NameList.h"
 #include "platform/memory/MemoryMachine.h"

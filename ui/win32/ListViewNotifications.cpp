@@ -1,7 +1,7 @@
 // What list view windows tell and ask.
 #include <algorithm>
 
-#include "text/Upper.h"
+#include "text/Case.h"
 #include "ui/win32/ListViewMirror.h"
 
 namespace ui::win32 {

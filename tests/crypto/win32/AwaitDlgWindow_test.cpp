@@ -2,7 +2,7 @@
 #include <windows.h>
 
 #include "crypto/OpenCryptoContext.h"
-#include "errors/ProgramTitle.h"
+#include "errors/MessageBoxes.h"
 #include "tests/crypto/CryptoTest.h"
 
 namespace tests {

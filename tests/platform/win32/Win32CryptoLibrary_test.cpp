@@ -182,8 +182,8 @@ TEST_F(Win32CryptoLibraryTest, TheStandInWithoutItsOwnersExplainsItself) {
     EXPECT_EQ(context, nullptr);
     const auto stack = errors::TakeLibraryErrors(library, nullptr);
     ASSERT_EQ(stack.size(), 1U);
-    EXPECT_EQ(stack[0].ErrorText, "cannot read the file, code 2");
-    EXPECT_EQ(stack[0].SourceFile, "stand-in-owners.txt");
+    EXPECT_EQ(stack[0].errorText, "cannot read the file, code 2");
+    EXPECT_EQ(stack[0].sourceFile, "stand-in-owners.txt");
     FreeLibrary(GetModuleHandleW(LibraryPath().c_str()));  // or the file could not be taken away
 }
 

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "errors/ErrBox.h"
+#include "errors/MessageBoxes.h"
 #include "tests/support/win32/Input.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/ui/Gallery.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "errors/ErrBox.h"
+#include "errors/MessageBoxes.h"
 #include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/ui/Gallery.h"

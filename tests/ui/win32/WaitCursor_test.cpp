@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "errors/ErrBox.h"
+#include "errors/MessageBoxes.h"
 #include "tests/support/World.h"
 
 namespace tests {

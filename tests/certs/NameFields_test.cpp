@@ -1,14 +1,62 @@
-#include "certs/NameParts.h"
+#include "certs/NameFields.h"
 
 #include <gtest/gtest.h>
 
-#include "certs/FieldTable.h"
-
 namespace {
 
+using certs::NameField;
 using Parts = std::vector<std::wstring_view>;
 
-TEST(NameParts, ANameIsCutAtCommasBeforeAKey) {
+TEST(NameFields, HoldsEveryFieldWithItsKeyInOrder) {
+    const std::vector<NameField> expected{
+        {L"Common name (CN)", L"CN"},
+        {L"Surname (SN)", L"SN"},
+        {L"Given name (GN)", L"GN"},
+        {L"Country (C)", L"C"},
+        {L"State (ST)", L"ST"},
+        {L"Locality (L)", L"L"},
+        {L"Street (STREET)", L"STREET"},
+        {L"Organization (O)", L"O"},
+        {L"Organization unit (OU)", L"OU"},
+        {L"Title (T)", L"T"},
+        {L"Primary State Registration Number (OGRN)", L"OGRN"},
+        {L"Primary State Registration Number of the Sole Proprietor (OGRNIP)", L"OGRNIP"},
+        {L"Insurance Number of Individual Ledger Account (SNILS)", L"SNILS"},
+        {L"Individual Taxpayer Number (INN)", L"INN"},
+        {L"Domain constrain (DC)", L"DC"},
+        {L"Address RFC822 (EMAIL)", L"EMAIL"},
+        {L"(UNSTRUCTUREDNAME)", L"UNSTRUCTUREDNAME"},
+        {L"(UNSTRUCTUREDADDRESS)", L"UNSTRUCTUREDADDRESS"},
+    };
+    EXPECT_EQ(certs::Fields(), expected);
+}
+
+TEST(NameFields, OffersTheFieldsWhoseLabelBeginsWithAWord) {
+    const std::vector<std::wstring> offered = certs::OfferedFieldLabels();
+    EXPECT_EQ(certs::OfferedFieldCount(), 16U);
+    ASSERT_EQ(offered.size(), 16U);
+    for (size_t i = 0; i < offered.size(); ++i) EXPECT_EQ(offered[i], certs::Fields()[i].label);
+}
+
+TEST(NameFields, AKeyStandsBetweenTheLastBrackets) {
+    const std::pair<std::wstring_view, std::wstring_view> cases[] = {
+        {L"Common name (CN)", L"CN"},
+        {L"small (cn)", L"CN"},
+        {L"two (A) (B)", L"B"},
+        {L"nested ((X)", L"X"},
+        {L"(ALONE)", L"ALONE"},
+        {L"none", L""},
+        {L"not at the end (CN) ", L""},
+        {L"only closing CN)", L""},
+        {L"nothing inside ()", L""},
+        {L")", L""},
+        {L"", L""},
+    };
+    for (const auto& [label, key] : cases)
+        EXPECT_EQ(certs::AttributeKey(label), key) << testing::PrintToString(label);
+}
+
+TEST(NameFields, ANameIsCutAtCommasBeforeAKey) {
     const std::pair<std::wstring_view, Parts> cases[] = {
         {L"", {L""}},
         {L"CN=A", {L"CN=A"}},
@@ -28,14 +76,14 @@ TEST(NameParts, ANameIsCutAtCommasBeforeAKey) {
         EXPECT_EQ(certs::CutName(name), parts) << testing::PrintToString(name);
 }
 
-TEST(NameParts, EveryKeyOfTheTableCuts) {
+TEST(NameFields, EveryKeyOfTheTableCuts) {
     for (const certs::NameField& field : certs::Fields()) {
-        const std::wstring name = L"X=1," + field.Key + L"=2";
-        EXPECT_EQ(certs::CutName(name).size(), 2U) << testing::PrintToString(field.Key);
+        const std::wstring name = L"X=1," + field.key + L"=2";
+        EXPECT_EQ(certs::CutName(name).size(), 2U) << testing::PrintToString(field.key);
     }
 }
 
-TEST(NameParts, ANameIsShownWithALineForEachOfferedField) {
+TEST(NameFields, ANameIsShownWithALineForEachOfferedField) {
     const std::pair<std::wstring_view, std::wstring_view> cases[] = {
         {L"", L""},
         {L"CN=A,O=B,C=RU", L"CN=A\nO=B\nC=RU"},
@@ -52,7 +100,7 @@ TEST(NameParts, ANameIsShownWithALineForEachOfferedField) {
         EXPECT_EQ(certs::NameInLines(name), lines) << testing::PrintToString(name);
 }
 
-TEST(NameParts, ASortKeyReachesFromTheFieldToTheEnd) {
+TEST(NameFields, ASortKeyReachesFromTheFieldToTheEnd) {
     struct Case {
         std::wstring_view name;
         std::wstring_view field;

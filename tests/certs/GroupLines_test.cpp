@@ -1,4 +1,4 @@
-#include "certs/GroupsText.h"
+#include "certs/GroupsFile.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ Lines Read(std::string_view bytes) {
     return lines;
 }
 
-TEST(GroupsText, TellsOfTheLinesThatCanBeNames) {
+TEST(GroupLines, TellsOfTheLinesThatCanBeNames) {
     const std::pair<std::string, Lines> cases[] = {
         {"", {}},
         {"CN=A\r\n", {"CN=A"}},
@@ -40,7 +40,7 @@ TEST(GroupsText, TellsOfTheLinesThatCanBeNames) {
     for (const auto& [bytes, lines] : cases) EXPECT_EQ(Read(bytes), lines) << testing::PrintToString(bytes);
 }
 
-TEST(GroupsText, WrittenLinesComeBack) {
+TEST(GroupLines, WrittenLinesComeBack) {
     std::mt19937 random(9);
     for (int round = 0; round < 200; ++round) {
         Lines lines(random() % 6);
@@ -54,7 +54,7 @@ TEST(GroupsText, WrittenLinesComeBack) {
     }
 }
 
-TEST(GroupsText, HugeTextsAreReadInOneGo) {
+TEST(GroupLines, HugeTextsAreReadInOneGo) {
     EXPECT_EQ(Read(std::string(20'000'000, '\r')), Lines{});
     std::string lines;
     for (int i = 0; i < 1'000'000; ++i) lines += "\r\n\r\r\n";

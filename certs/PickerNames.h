@@ -1,6 +1,8 @@
-// The owners that the user has chosen.
+// The owner names in the certificate picker: those among which the user chooses, and the chosen ones.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +13,34 @@
 
 namespace certs {
 
+// Each name once, and which of them a filter lets through.
+class Candidates {
+  public:
+    const crypto::NameList& Names() const { return names_; }
+    // An equal name that is already there stays the only one.
+    void Add(std::wstring_view name) { names_.Add(name); }
+    void Clear();
+
+    // The names to be shown, in the order in which they came: those that are not empty and hold the filter
+    // text, whatever the case.
+    std::vector<NameId> Listed(std::wstring_view filterText);
+
+  private:
+    // Names that came together, in upper case and one behind the other: what a filter searches. Two bytes are
+    // enough for a unit on every system.
+    struct UpperNames {
+        size_t first;
+        size_t end;
+        std::u16string units;
+    };
+    void PrepareFilter();
+    std::vector<NameId> NotEmpty() const;
+
+    crypto::NameList names_;
+    std::vector<UpperNames> upper_;
+};
+
+// The names that the user has chosen.
 class ChosenNames {
   public:
     // Takes the names over as they are, equal ones included.
