@@ -1,12 +1,10 @@
 #include "app/BrisgateDlg.h"
 
 #include <algorithm>
-#include <map>
 #include <new>
 #include <unordered_set>
 #include <utility>
 
-#include "app/AboutDlg.h"
 #include "config/Load.h"
 #include "config/RoundTrip.h"
 #include "config/Save.h"
@@ -65,9 +63,8 @@ void CBrisgateDlg::OnInitDialog() {
 }
 
 void CBrisgateDlg::InitWindow() {
-    SetMenuBar(MainMenu());
+    CreateMenus();
     SetCaption(errors::ProgramTitle);
-    AppendToSystemMenu(command::About, L"About programm...");
     SetIcon(ui::Icon::App);
     for (auto* named : {&addProfile_, &editProfile_, &deleteProfile_, &exportRules_, &importRules_})
         named->SetText(named->Tooltip());
@@ -178,7 +175,6 @@ void CBrisgateDlg::OpenProfile() {
     csProfileLabel_.SetText(text::Format(L"CS profile's num: %d", profile.ZCSProfile.size()));
     EnableProfileControls(true);
     RefillRules();
-    EnableMenuItems(ProfileCommands(), true);
 }
 
 config::ServiceProfile* CBrisgateDlg::OpenedProfile() {
@@ -188,47 +184,10 @@ config::ServiceProfile* CBrisgateDlg::OpenedProfile() {
     return found == configuration_.Profiles.end() ? nullptr : &*found;
 }
 
-void CBrisgateDlg::EnableProfileControls(bool enabled) {
-    const std::initializer_list<ui::Control*> controls{
-        &profileLabel_, &csProfileLabel_, &rules_,         &addRule_,     &copyRule_,
-        &editRule_,     &deleteRule_,     &makeFirst_,     &moveUp_,      &moveDown_,
-        &makeLast_,     &editProfile_,    &deleteProfile_, &exportRules_, &importRules_};
-    for (ui::Control* control : controls) control->Enable(enabled);
-}
-
 void CBrisgateDlg::RefillRules() {
     ruleList_.Empty();
     ruleList_.Fill(search_.Text());
     SpreadProfileColumn();
-}
-
-void CBrisgateDlg::OnMenuCommand(int command) {
-    const std::map<int, void (CBrisgateDlg::*)()> handlers{
-        {command::Save, &CBrisgateDlg::Save},
-        {command::LogPath, &CBrisgateDlg::EditLogSettings},
-        {command::Configurations, &CBrisgateDlg::EditExtensions},
-        {command::Exit, &CBrisgateDlg::OnCancel},
-        {command::AddProfile, &CBrisgateDlg::AddProfile},
-        {command::OpenProfile, &CBrisgateDlg::OpenProfile},
-        {command::EditProfile, &CBrisgateDlg::EditProfile},
-        {command::DeleteProfile, &CBrisgateDlg::DeleteProfile},
-        {command::ImportRules, &CBrisgateDlg::ImportRules},
-        {command::ExportRules, &CBrisgateDlg::ExportRules},
-        {command::AddRule, &CBrisgateDlg::AddRule},
-        {command::CopyRule, &CBrisgateDlg::CopyRule},
-        {command::EditRule, &CBrisgateDlg::EditRule},
-        {command::DeleteRule, &CBrisgateDlg::DeleteRules},
-        {command::MakeFirst, &CBrisgateDlg::MakeFirst},
-        {command::MoveUp, &CBrisgateDlg::MoveUp},
-        {command::MoveDown, &CBrisgateDlg::MoveDown},
-        {command::MakeLast, &CBrisgateDlg::MakeLast},
-    };
-    TakeNewTicks();
-    if (const auto handler = handlers.find(command); handler != handlers.end()) (this->*handler->second)();
-}
-
-void CBrisgateDlg::OnSystemCommand(int command) {
-    if (command == command::About) CAboutDlg(Screen(), this).DoModal();
 }
 
 void CBrisgateDlg::Save() {

@@ -3,10 +3,10 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
-#include "app/MainMenu.h"
 #include "app/RuleList.h"
 #include "config/Records.h"
 #include "config/RedoRecord.h"
@@ -29,11 +29,24 @@ class CBrisgateDlg : public ui::Dialog {
     void OnInitDialog() override;
     void OnOK() override;      // save and exit
     void OnCancel() override;  // exit without saving
-    void OnMenuCommand(int command) override;
-    void OnSystemCommand(int command) override;
+    void OnMenuCommand(int id) override;
+    void OnSystemCommand(int id) override;
     void OnShortcut() override { TakeNewTicks(); }
     void OnResized() override;
 
+    // What the user can ask for in the menu bar.
+    struct Command {
+        int id;
+        const wchar_t* menu;
+        const wchar_t* text;
+        void (CBrisgateDlg::*run)();
+        ui::IconButton CBrisgateDlg::*profileButton =
+            nullptr;  // that also asks for it, when it needs a profile
+
+        constexpr bool NeedsProfile() const { return profileButton != nullptr; }
+    };
+    static std::span<const Command> Commands();
+    void CreateMenus();
     void AddShortcuts();
     void InitWindow();
     bool Load();
@@ -47,7 +60,7 @@ class CBrisgateDlg : public ui::Dialog {
     int RunForm(ui::Dialog& form);
     void OpenProfile();
     config::ServiceProfile* OpenedProfile();
-    void EnableProfileControls(bool enabled);
+    void EnableProfileControls(bool enabled);  // and commands
     void RefillRules();
 
     struct EditedProfile {

@@ -83,7 +83,6 @@ void CBrisgateDlg::CloseProfile() {
     profileLabel_.SetText(L"Profile: ");
     csProfileLabel_.SetText(text::Format(L"CS profile's num: %d", 0));
     EnableProfileControls(false);
-    EnableMenuItems(ProfileCommands(), false);
 }
 
 }  // namespace app
