@@ -21,7 +21,8 @@ configure_file(resources/version.h.in ${CMAKE_BINARY_DIR}/resources/version.h @O
 configure_file(resources/brisgate.manifest.in ${CMAKE_BINARY_DIR}/resources/brisgate.manifest @ONLY)
 
 file(GLOB resource_files CONFIGURE_DEPENDS resources/icons.rc resources/icons/*.ico resources/*.manifest)
-list(APPEND resource_files ${CMAKE_BINARY_DIR}/resources/version.h ${CMAKE_BINARY_DIR}/resources/brisgate.manifest)
+list(APPEND resource_files ${CMAKE_SOURCE_DIR}/ui/Icons.inc ${CMAKE_BINARY_DIR}/resources/version.h
+     ${CMAKE_BINARY_DIR}/resources/brisgate.manifest)
 set_source_files_properties(resources/brisgate.rc PROPERTIES OBJECT_DEPENDS "${resource_files}")
 
 add_executable(brisgate WIN32 app/win32/main.cpp resources/brisgate.rc)

@@ -8,9 +8,35 @@
 #include <string>
 
 #include "ui/Geometry.h"
-#include "ui/Keys.h"
 
 namespace ui {
+
+// Keys and what is held with them, with the system's codes.
+namespace key {
+inline constexpr int Tab = 9;
+inline constexpr int Enter = 13;
+inline constexpr int Escape = 27;
+inline constexpr int Space = 32;
+inline constexpr int End = 35;
+inline constexpr int Home = 36;
+inline constexpr int Up = 38;
+inline constexpr int Down = 40;
+inline constexpr int Insert = 45;
+inline constexpr int Delete = 46;
+inline constexpr int Menu = 93;  // the one beside the right Ctrl
+inline constexpr int F1 = 112;
+inline constexpr int F2 = 113;
+inline constexpr int F10 = 121;
+}  // namespace key
+
+// A key that is no part of a text. Letters have the code of their capital.
+struct KeyChord {
+    int key = 0;
+    bool control = false;
+    bool alt = false;
+    bool shift = false;
+    bool operator==(const KeyChord&) const = default;
+};
 
 class Dialog;
 class Label;
@@ -88,7 +114,7 @@ class Control {
     void SetText(std::wstring text);
 
     // What a screen reader calls a control that has no caption, if that is not the text of the label right
-    // before it (ui/Names.h).
+    // before it (SpokenName).
     const std::wstring& Name() const { return name_; }
     void SetName(std::wstring name);
 

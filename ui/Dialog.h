@@ -12,7 +12,6 @@
 #include "ui/Control.h"
 #include "ui/Geometry.h"
 #include "ui/Icons.h"
-#include "ui/Menu.h"
 #include "ui/Screen.h"
 
 namespace ui {
@@ -25,6 +24,20 @@ struct DialogStyle {
     bool resizable = false;
     bool minimizeBox = false;
     bool systemMenu = true;  // with the close box
+};
+
+// A menu bar as plain data.
+struct MenuItem {
+    int command = 0;
+    std::wstring text;
+    bool enabled = true;
+    bool operator==(const MenuItem&) const = default;
+};
+
+struct Menu {
+    std::wstring title;
+    std::vector<MenuItem> items;
+    bool operator==(const Menu&) const = default;
 };
 
 enum class SizeKind { Restored, Minimized, Maximized };
@@ -195,5 +208,16 @@ class Dialog {
     Size growth_;
     uint32_t growthDpi_ = 96;
 };
+
+// What controls are called by a screen reader, which looks for a caption and then for the text right before
+// the control. Where there is none to be seen, or it does not read well, the window puts an invisible one: a
+// name plate.
+
+// Whether the control of the dialog can get the focus, has no caption, and no label right before it that says
+// its name.
+bool NeedsNamePlate(const Dialog& dialog, const Control& control);
+
+// Empty: the user hears nothing but the kind of the control.
+std::wstring SpokenName(const Dialog& dialog, const Control& control);
 
 }  // namespace ui

@@ -4,8 +4,7 @@
 #include "app/BrisgateApp.h"
 #include "platform/win32/Module.h"
 #include "platform/win32/Win32Machine.h"
-#include "ui/win32/ComponentApartment.h"
-#include "ui/win32/SystemFunctions.h"
+#include "ui/win32/Pickers.h"
 #include "ui/win32/Win32Screen.h"
 
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* /*commandLine*/, int /*show*/) {
@@ -14,7 +13,6 @@ int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* /*c
     platform::win32::LoadFromSystemOnly();
     // The library may block for minutes, which is no reason to offer the user to end the program.
     DisableProcessWindowsGhosting();
-    ui::win32::RegisterControlClasses();
     platform::win32::Win32Machine machine;
     ui::win32::Win32Screen screen(machine.ScreenMetrics);
     platform::win32::Win32Guide guide;

@@ -14,7 +14,6 @@
 #include "crypto/LibrarySearch.h"
 #include "demo/StandInLibrary.h"
 #include "platform/win32/Win32Machine.h"
-#include "ui/win32/SystemFunctions.h"
 #include "ui/win32/Win32Screen.h"
 
 namespace {
@@ -84,7 +83,6 @@ void CALLBACK LookForPicker(HWND /*none*/, UINT /*message*/, UINT_PTR timer, DWO
 }  // namespace
 
 int main() {
-    ui::win32::RegisterControlClasses();
     platform::win32::Win32Machine machine;
     ui::win32::Win32Screen screen(machine.ScreenMetrics);
     const errors::ErrorReporter reporter(machine.Machine, screen);

@@ -12,8 +12,7 @@
 #include "demo/FileContent.h"
 #include "demo/StandInLibrary.h"
 #include "demo/Utf8.h"
-#include "platform/win32/Win32CodePage.h"
-#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32Machine.h"
 
 namespace {
 

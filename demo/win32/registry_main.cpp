@@ -16,8 +16,7 @@
 
 #include "demo/FileContent.h"
 #include "demo/RegistryTool.h"
-#include "platform/win32/Win32Files.h"
-#include "platform/win32/Win32Registry.h"
+#include "platform/win32/Win32Machine.h"
 
 namespace {
 

@@ -1,9 +1,5 @@
 #include "platform/win32/Module.h"
 
-#include <windows.h>
-
-#include "platform/win32/NoErrorBoxes.h"
-
 namespace platform::win32 {
 
 void UnloadModule::operator()(void* module) const {
@@ -49,6 +45,11 @@ Module LoadResources(const std::wstring& path) {
 
 AnyFunction FindExport(void* module, const char* name) {
     return std::bit_cast<AnyFunction>(GetProcAddress(static_cast<HMODULE>(module), name));
+}
+
+AnyFunction FindSystemFunction(const wchar_t* dll, const char* name) {
+    const HMODULE module = LoadLibraryExW(dll, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    return module == nullptr ? nullptr : FindExport(module, name);
 }
 
 }  // namespace platform::win32

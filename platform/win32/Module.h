@@ -2,6 +2,8 @@
 // current folder or the search path, where somebody could have put a false one.
 #pragma once
 
+#include <windows.h>
+
 #include <bit>
 #include <memory>
 #include <optional>
@@ -10,6 +12,18 @@
 #include "platform/Win32Codes.h"
 
 namespace platform::win32 {
+
+// Keeps the system from boxes of its own while one lives: that a medium is missing, or a library damaged.
+class NoErrorBoxes {
+  public:
+    NoErrorBoxes() { SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &former_); }
+    ~NoErrorBoxes() { SetThreadErrorMode(former_, nullptr); }
+    NoErrorBoxes(const NoErrorBoxes&) = delete;
+    NoErrorBoxes& operator=(const NoErrorBoxes&) = delete;
+
+  private:
+    DWORD former_ = 0;
+};
 
 struct UnloadModule {
     void operator()(void* module) const;
@@ -39,6 +53,15 @@ AnyFunction FindExport(void* module, const char* name);
 template <class Function>
 Function* FindExport(void* module, const char* name) {
     return std::bit_cast<Function*>(FindExport(module, name));
+}
+
+// A function of a DLL that would not always be loaded from the system's own folder if it were imported. Null
+// when there is none. The DLL stays loaded for the life of the process.
+AnyFunction FindSystemFunction(const wchar_t* dll, const char* name);
+
+template <class Function>
+Function* SystemFunction(const wchar_t* dll, const char* name) {
+    return std::bit_cast<Function*>(FindSystemFunction(dll, name));
 }
 
 }  // namespace platform::win32

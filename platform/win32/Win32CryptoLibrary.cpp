@@ -1,4 +1,4 @@
-#include "platform/win32/Win32CryptoLibrary.h"
+#include "platform/win32/Win32Machine.h"
 
 #include <windows.h>
 
@@ -6,6 +6,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "platform/win32/Module.h"
 #include "text/Format.h"
 
 namespace platform::win32 {

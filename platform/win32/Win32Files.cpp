@@ -1,9 +1,9 @@
-#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32Machine.h"
 
 #include <windows.h>
 
 #include "platform/win32/Length.h"
-#include "platform/win32/NoErrorBoxes.h"
+#include "platform/win32/Module.h"
 
 namespace platform::win32 {
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/win32/Win32Registry.h"
+#include "platform/win32/Win32Machine.h"
 
 #include <windows.h>
 

@@ -10,7 +10,7 @@
 #include "tests/app/FormSheet.h"
 #include "tests/support/Overlap.h"
 #include "ui/Controls.h"
-#include "ui/Names.h"
+#include "ui/Dialog.h"
 
 namespace tests {
 namespace {

@@ -6,8 +6,8 @@
 #include "demo/Utf8.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
+#include "ui/Dialog.h"
 #include "ui/ListView.h"
-#include "ui/Names.h"
 
 namespace tests {
 namespace {

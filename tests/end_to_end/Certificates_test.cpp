@@ -8,8 +8,8 @@
 #include <string>
 
 #include "demo/RegistryText.h"
-#include "platform/win32/Win32CryptoLibrary.h"
-#include "platform/win32/Win32Registry.h"
+#include "platform/win32/Module.h"
+#include "platform/win32/Win32Machine.h"
 #include "tests/end_to_end/Editor.h"
 
 namespace tests {

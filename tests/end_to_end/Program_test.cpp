@@ -8,7 +8,7 @@
 #include "demo/RegistryText.h"
 #include "errors/MessageBoxes.h"
 #include "platform/memory/MemoryRegistry.h"
-#include "platform/win32/Win32Registry.h"
+#include "platform/win32/Win32Machine.h"
 #include "tests/end_to_end/Editor.h"
 
 namespace tests {

@@ -9,7 +9,7 @@
 #include "tests/torture/ShortMemory.h"
 #include "ui/Choices.h"
 #include "ui/ListView.h"
-#include "ui/memory/Keyboard.h"
+#include "ui/memory/Input.h"
 
 namespace tests::torture {
 namespace {

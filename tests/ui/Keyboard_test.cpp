@@ -1,5 +1,5 @@
 // Keys in dialogs without real windows do what the system's dialog manager and controls make of them.
-#include "ui/memory/Keyboard.h"
+#include "ui/memory/Input.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "ui/ListView.h"
-#include "ui/memory/Keyboard.h"
+#include "ui/memory/Input.h"
 
 namespace ui::memory {
 namespace {

@@ -12,7 +12,7 @@
 #include "platform/Machine.h"
 #include "ui/Dialog.h"
 #include "ui/Window.h"
-#include "ui/memory/RowSelection.h"
+#include "ui/memory/Input.h"
 #include "ui/memory/ShownState.h"
 
 namespace ui::memory {

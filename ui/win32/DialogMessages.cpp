@@ -9,12 +9,36 @@
 #include <utility>
 
 #include "ui/win32/DialogWindow.h"
-#include "ui/win32/DroppedFiles.h"
 
 namespace ui::win32 {
 namespace {
 
 constexpr const wchar_t* OwnProperty = L"ui::win32::DialogWindow";
+
+// Files and folders that the user dragged from another program and let go of over a window.
+class DroppedFiles {
+  public:
+    explicit DroppedFiles(HDROP drop) : drop_(drop) {}
+    ~DroppedFiles() { DragFinish(drop_); }
+    DroppedFiles(const DroppedFiles&) = delete;
+    DroppedFiles& operator=(const DroppedFiles&) = delete;
+
+    // In the client area of the window.
+    POINT Place() const {
+        POINT place{};
+        DragQueryPoint(drop_, &place);
+        return place;
+    }
+    std::wstring FirstPath() const {
+        std::wstring path(size_t{DragQueryFileW(drop_, 0, nullptr, 0)} + 1, L'\0');
+        const UINT length = DragQueryFileW(drop_, 0, path.data(), static_cast<UINT>(path.size()));
+        path.resize(length);
+        return path;
+    }
+
+  private:
+    const HDROP drop_;
+};
 
 }  // namespace
 
@@ -55,7 +79,7 @@ INT_PTR DialogWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexc
 
 INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCDESTROY) Detach();
-    if (ended_) return FALSE;  // nothing is told to a dialog that has ended
+    if (stage_ == Stage::Ended) return FALSE;
     switch (message) {
         case WM_INITDIALOG:
             return OnInit();
@@ -73,7 +97,7 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
             OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam));
             return FALSE;
         case WM_DROPFILES:
-            OnDrop(DroppedFiles(reinterpret_cast<HDROP>(wParam)));
+            OnDrop(reinterpret_cast<HDROP>(wParam));
             return Reply(0);
         case WM_QUERYENDSESSION:
             return Reply(MayEndSession(lParam));
@@ -91,7 +115,7 @@ INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool DialogWindow::Press(const KeyChord& chord) noexcept {
-    if (!initialised_ || ended_) return false;
+    if (stage_ != Stage::InUse) return false;
     ++depth_;
     bool pressed = true;
     try {
@@ -142,35 +166,19 @@ INT_PTR DialogWindow::OnNotify(NMHDR& notification) {
     return writing_ > 0 ? FALSE : Reply(mirror->OnNotify(notification));
 }
 
-void DialogWindow::OnDrop(const DroppedFiles& dropped) {
+void DialogWindow::AcceptDrops() const {
+    constexpr UINT CopyGlobalData = 0x0049;
+    // The drop itself, and what carries the files from a program without an administrator's rights.
+    for (const UINT message : {UINT{WM_DROPFILES}, UINT{WM_COPYDATA}, CopyGlobalData})
+        ChangeWindowMessageFilterEx(window_, message, MSGFLT_ALLOW, nullptr);
+    DragAcceptFiles(window_, TRUE);
+}
+
+void DialogWindow::OnDrop(HDROP drop) {
+    const DroppedFiles dropped(drop);
     const HWND target =
         ChildWindowFromPointEx(window_, dropped.Place(), CWP_SKIPINVISIBLE | CWP_SKIPDISABLED);
     if (ControlMirror* const mirror = MirrorOf(target)) mirror->OnDrop(dropped.FirstPath());
-}
-
-void DialogWindow::OnSize(WPARAM kind, Size client) {
-    if (!opened_ || fitting_) return;
-    const SizeKind before = std::exchange(sizeKind_, kind == SIZE_MINIMIZED   ? SizeKind::Minimized
-                                                     : kind == SIZE_MAXIMIZED ? SizeKind::Maximized
-                                                                              : SizeKind::Restored);
-    if (nextDpi_ && sizeKind_ == SizeKind::Restored) {
-        const uint32_t dpi = *nextDpi_;
-        nextDpi_.reset();
-        TakeDpi(dpi);
-        RECT outer{};
-        GetWindowRect(window_, &outer);
-        return FitTo({outer.left, outer.top});
-    }
-    // The system says its size once more when a window is first shown.
-    if (before == sizeKind_ && client == dialog_.ClientSize()) return;
-    dialog_.UserResized(sizeKind_, client);
-}
-
-void DialogWindow::OnMinMaxInfo(MINMAXINFO& info) const {
-    if (!opened_ || fitting_) return;
-    const Size smallest = dialog_.MinimumTrackSize();
-    if (smallest.width > 0) info.ptMinTrackSize.x = smallest.width;
-    if (smallest.height > 0) info.ptMinTrackSize.y = smallest.height;
 }
 
 // Controls hear of it from their dialog alone.
@@ -217,12 +225,6 @@ ControlMirror* DialogWindow::MirrorOf(const Control& control) const {
 ControlMirror* DialogWindow::SenderOf(const NMHDR& notification) const {
     if (ControlMirror* const mirror = MirrorOf(notification.hwndFrom)) return mirror;
     return MirrorOf(GetParent(notification.hwndFrom));  // the header of a list
-}
-
-Size DialogWindow::Client() const {
-    RECT client{};
-    GetClientRect(window_, &client);
-    return {client.right, client.bottom};
 }
 
 }  // namespace ui::win32

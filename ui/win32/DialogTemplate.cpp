@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "ui/Names.h"
+#include "ui/Dialog.h"
 
 namespace ui::win32 {
 namespace {

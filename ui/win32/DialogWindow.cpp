@@ -3,20 +3,55 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/Names.h"
+#include "platform/win32/Resolution.h"
+#include "ui/Dialog.h"
 #include "ui/Screen.h"
 #include "ui/win32/DialogTemplate.h"
-#include "ui/win32/DroppedFiles.h"
-#include "ui/win32/MirrorFactory.h"
 #include "ui/win32/Placing.h"
-#include "ui/win32/SystemFunctions.h"
+#include "ui/win32/WindowKinds.h"
 
 namespace ui::win32 {
 namespace {
 
-constexpr UINT MoveFlags = SWP_NOZORDER | SWP_NOACTIVATE;
+bool TakesInput(HWND window) {
+    return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
+}
+
+BOOL CALLBACK CountOne(HWND window, LPARAM count) {
+    if (TakesInput(window)) ++*reinterpret_cast<size_t*>(count);
+    return TRUE;
+}
+
+// Never beyond what has been reserved: nothing may be thrown through the system's code.
+BOOL CALLBACK NoteOne(HWND window, LPARAM list) {
+    auto& windows = *reinterpret_cast<std::vector<HWND>*>(list);
+    if (TakesInput(window) && windows.size() < windows.capacity()) windows.push_back(window);
+    return TRUE;
+}
 
 }  // namespace
+
+TaskModality::TaskModality() : activeBefore_(GetActiveWindow()) {
+    size_t count = 0;
+    EnumThreadWindows(GetCurrentThreadId(), CountOne, reinterpret_cast<LPARAM>(&count));
+    disabled_.reserve(count);
+    EnumThreadWindows(GetCurrentThreadId(), NoteOne, reinterpret_cast<LPARAM>(&disabled_));
+    for (const HWND window : disabled_) EnableWindow(window, FALSE);
+}
+
+TaskModality::~TaskModality() {
+    Enable();
+}
+
+void TaskModality::EndBefore(HWND modal) {
+    Enable();
+    if (GetActiveWindow() == modal && TakesInput(activeBefore_)) SetActiveWindow(activeBefore_);
+}
+
+void TaskModality::Enable() {
+    for (const HWND window : std::exchange(disabled_, {}))
+        if (IsWindow(window) != FALSE) EnableWindow(window, TRUE);
+}
 
 DialogWindow::DialogWindow(Dialog& dialog, ExceptionTaker taker)
     : dialog_(dialog),
@@ -34,20 +69,19 @@ int DialogWindow::RunModal(HWND owner) {
     const DWORD error = GetLastError();
     taskModality_.reset();
     if (exception_) std::rethrow_exception(std::exchange(exception_, nullptr));
-    if (!ended_) throw ScreenError(error, L"Opening a window");
+    if (!HasEnded()) throw ScreenError(error, L"Opening a window");
     return static_cast<int>(result);
 }
 
 void DialogWindow::OpenModeless(HWND owner) {
-    modal_ = false;
     const DialogTemplate layout(dialog_);
     const HWND window = CreateDialogIndirectParamW(GetModuleHandleW(nullptr), layout.Data(), owner, Procedure,
                                                    reinterpret_cast<LPARAM>(this));
     const DWORD error = GetLastError();
     if (exception_) std::rethrow_exception(std::exchange(exception_, nullptr));
-    if (ended_) return;
+    if (HasEnded()) return;
     if (window == nullptr) throw ScreenError(error, L"Opening a window");
-    unattended_ = true;
+    isAttended_ = false;
     ShowWindow(window, SW_SHOW);
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ERASENOW | RDW_ALLCHILDREN);
     // The caller may be about to keep the thread busy for long. What has been drawn is sure to reach the
@@ -58,19 +92,19 @@ void DialogWindow::OpenModeless(HWND owner) {
 }
 
 void DialogWindow::Fail(std::exception_ptr exception) {
-    if (initialised_ && !ended_ && dialog_.Survives(exception)) return;
-    if (unattended_ && taker_) {
+    if (stage_ == Stage::InUse && dialog_.Survives(exception)) return;
+    if (!isAttended_) {
         taker_(std::move(exception));
     } else if (!exception_) {
         exception_ = std::move(exception);
     }
     dialog_.Close();
-    if (!ended_) End(IdCancel);
+    if (!HasEnded()) End(IdCancel);
 }
 
 INT_PTR DialogWindow::OnInit() {
-    const uint32_t dpi = DpiOf(window_);
-    KeepSystemFromRescaling(window_);
+    const uint32_t dpi = platform::win32::DpiOf(window_);
+    platform::win32::KeepSystemFromRescaling(window_);
     rescaling_.Attach(window_);
     {
         const Writing writing(*this);
@@ -78,10 +112,10 @@ INT_PTR DialogWindow::OnInit() {
         ShowAll();
         ReportOpeningBounds();
     }
-    opened_ = true;
+    stage_ = Stage::Opening;
     dialog_.Opened(*this, Client(), dpi);
-    if (ended_) return TRUE;
-    initialised_ = true;
+    if (HasEnded()) return TRUE;
+    stage_ = Stage::InUse;
     for (const auto& mirror : mirrors_) mirror->Complete();
     if (!place_) CenterOnOwner(window_);
     // The focus that the program chose holds only if the system is told that it need not choose any.
@@ -91,7 +125,7 @@ INT_PTR DialogWindow::OnInit() {
 void DialogWindow::MakeMirrors() {
     tooltips_.Attach(window_);
     for (Control* control : dialog_.Controls())
-        mirrors_.push_back(MakeMirror(*control, GetDlgItem(window_, control->Id())));
+        mirrors_.push_back(KindOf(*control).makeMirror(GetDlgItem(window_, control->Id())));
 }
 
 void DialogWindow::ShowAll() {
@@ -101,17 +135,12 @@ void DialogWindow::ShowAll() {
     for (const MenuItem& entry : dialog_.SystemMenuEntries()) AppendToSystemMenu(window_, entry);
     if (std::any_of(mirrors_.begin(), mirrors_.end(),
                     [](const auto& mirror) { return mirror->TakesPaths(); }))
-        AcceptDrops(window_);
+        AcceptDrops();
     for (const auto& mirror : mirrors_) {
         mirror->ShowAll();
         mirror->ShowName(SpokenName(dialog_, mirror->Mirrored()));
         tooltips_.SetText(mirror->Window(), mirror->Mirrored().Tooltip());
     }
-}
-
-void DialogWindow::ReportOpeningBounds() {
-    for (const auto& mirror : mirrors_)
-        mirror->Mirrored().SetOpeningBounds(BoundsIn(window_, mirror->Window()));
 }
 
 void DialogWindow::Show(const Control& control, Aspect aspect) {
@@ -164,16 +193,14 @@ void DialogWindow::Show(const Dialog& dialog, DialogAspect aspect) {
 
 void DialogWindow::ShowMenuBar() {
     const Size client = Client();
-    // The bar takes its room from outside: the controls keep theirs and need not hear of it.
-    const bool wasOpened = std::exchange(opened_, false);
+    // The bar takes its room from outside: the controls keep theirs.
     if (menuBar_.Show(window_, dialog_.MenuBar())) ResizeClient(window_, client);
-    opened_ = wasOpened;
 }
 
 void DialogWindow::ShowIcon() {
-    const uint32_t dpi = DpiOf(window_);
-    IconHandle largeIcon = LoadPicture(dialog_.Icon(), SystemMetric(SM_CXICON, dpi));
-    IconHandle smallIcon = LoadPicture(dialog_.Icon(), SystemMetric(SM_CXSMICON, dpi));
+    const uint32_t dpi = platform::win32::DpiOf(window_);
+    IconHandle largeIcon = LoadPicture(dialog_.Icon(), platform::win32::SystemMetric(SM_CXICON, dpi));
+    IconHandle smallIcon = LoadPicture(dialog_.Icon(), platform::win32::SystemMetric(SM_CXSMICON, dpi));
     SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(largeIcon.get()));
     SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon.get()));
     largeIcon_.swap(largeIcon);
@@ -188,60 +215,14 @@ void DialogWindow::ShowFocus() const {
     mirror->TakeShown();
 }
 
-void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
-    const Writing writing(*this);
-    if (!MoveAtOnce()) MoveOneByOne();
-    for (const auto& mirror : mirrors_) {
-        mirror->Moved();
-        tooltips_.Follow(mirror->Window());
-    }
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-}
-
-// False: the system had no room to collect the moves.
-bool DialogWindow::MoveAtOnce() const {
-    HDWP moves = BeginDeferWindowPos(static_cast<int>(mirrors_.size()));
-    for (const auto& mirror : mirrors_) {
-        if (moves == nullptr) return false;
-        const Rect to = mirror->BoundsWithDrop();
-        moves = DeferWindowPos(moves, mirror->Window(), nullptr, to.x, to.y, to.width, to.height, MoveFlags);
-    }
-    return moves != nullptr && EndDeferWindowPos(moves) != FALSE;
-}
-
-void DialogWindow::MoveOneByOne() const {
-    for (const auto& mirror : mirrors_) {
-        const Rect to = mirror->BoundsWithDrop();
-        SetWindowPos(mirror->Window(), nullptr, to.x, to.y, to.width, to.height, MoveFlags);
-    }
-}
-
 void DialogWindow::End(int result) {
-    if (std::exchange(ended_, true) || window_ == nullptr) return;
-    if (modal_) {
+    if (std::exchange(stage_, Stage::Ended) == Stage::Ended || window_ == nullptr) return;
+    if (IsModal()) {
         if (taskModality_) taskModality_->EndBefore(window_);
         EndDialog(window_, result);
     } else {
         DestroyWindow(window_);
     }
-}
-
-int DialogWindow::ClientWidth(const Control& control) const {
-    const ControlMirror* const mirror = MirrorOf(control);
-    RECT client{};
-    if (mirror != nullptr) GetClientRect(mirror->Window(), &client);
-    return client.right;
-}
-
-Rect DialogWindow::NormalRect() const {
-    return NormalRectOf(window_);
-}
-
-void DialogWindow::SetNormalRect(const Rect& rect) {
-    place_ = rect;
-    MoveNormalRect(window_, rect);
-    // A monitor with another resolution has made the window larger or smaller on the way.
-    if (NormalRect() != rect) MoveNormalRect(window_, rect);
 }
 
 }  // namespace ui::win32

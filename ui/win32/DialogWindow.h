@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <shellapi.h>
+
 #include <exception>
 #include <functional>
 #include <memory>
@@ -14,20 +16,37 @@
 #include "ui/Window.h"
 #include "ui/win32/ControlMirror.h"
 #include "ui/win32/IconLoader.h"
-#include "ui/win32/MenuBar.h"
-#include "ui/win32/Rescaling.h"
-#include "ui/win32/TaskModality.h"
-#include "ui/win32/Tooltips.h"
+#include "ui/win32/MenusAndTooltips.h"
+#include "ui/win32/Placing.h"
 
 namespace ui::win32 {
 
-class DroppedFiles;
+// What makes a window without an owner modal all the same: while one lives, no other window of the thread
+// takes input; windows that are opened meanwhile do.
+class TaskModality {
+  public:
+    TaskModality();
+    ~TaskModality();
+    TaskModality(const TaskModality&) = delete;
+    TaskModality& operator=(const TaskModality&) = delete;
+
+    // To be called before the modal window goes, with that window: the one in which the user was at work
+    // before comes to the front in its place.
+    void EndBefore(HWND modal);
+
+  private:
+    void Enable();
+
+    const HWND activeBefore_;
+    std::vector<HWND> disabled_;
+};
 
 class DialogWindow : public ui::Window {
   public:
-    // Takes what handlers of a modeless dialog throw, which has no run to leave through.
+    // Takes what handlers of a modeless dialog throw once it is open: it has no run to leave through.
     using ExceptionTaker = std::function<void(std::exception_ptr)>;
 
+    // With a taker the window is modeless, without one it is modal.
     explicit DialogWindow(Dialog& dialog, ExceptionTaker taker = {});
     ~DialogWindow() override;
     DialogWindow(const DialogWindow&) = delete;
@@ -42,8 +61,8 @@ class DialogWindow : public ui::Window {
     static DialogWindow* Of(HWND window);
 
     HWND Handle() const { return window_; }
+    bool IsModal() const { return taker_ == nullptr; }
     Dialog& Mirrored() const { return dialog_; }
-    bool IsModal() const { return modal_; }
     // The window is gone, and none of its messages is being worked on.
     bool IsOver() const { return window_ == nullptr && depth_ == 0; }
     // A key pressed in the dialog, before its window gets it. True: it was a shortcut.
@@ -55,13 +74,22 @@ class DialogWindow : public ui::Window {
     void Show(const Dialog& dialog, DialogAspect aspect) override;
     void ShowBounds(const Dialog& dialog) override;
     void End(int result) override;
-    bool HasEnded() const override { return ended_; }
+    bool HasEnded() const override { return stage_ == Stage::Ended; }
     int ClientWidth(const Control& control) const override;
     Rect NormalRect() const override;
     void SetNormalRect(const Rect& rect) override;
 
   private:
-    // While one lives, what the controls notify of is the echo of what the program itself is changing.
+    // In this order, none twice.
+    enum class Stage {
+        Making,   // the window and its controls do not show the dialog yet, which hears of nothing
+        Opening,  // the dialog initialises itself, and is told of sizes and asked for their limits
+        InUse,    // by the user
+        Ended,    // nothing is told to the dialog any more
+    };
+
+    // While one lives, what the controls notify of, and how large the window becomes, is the echo of what the
+    // program itself is changing.
     class Writing {
       public:
         explicit Writing(DialogWindow& window) : window_(window) { ++window_.writing_; }
@@ -77,6 +105,7 @@ class DialogWindow : public ui::Window {
     INT_PTR Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexcept;
     INT_PTR Handle(UINT message, WPARAM wParam, LPARAM lParam);
     INT_PTR Reply(LRESULT result) const;
+    bool HearsOfSizes() const { return stage_ != Stage::Making && writing_ == 0; }
 
     void Attach(HWND window);
     void Detach();
@@ -87,7 +116,8 @@ class DialogWindow : public ui::Window {
     void OnCommand(int id, int notification, HWND control);
     void HearCommand(int id, int notification, HWND control);
     INT_PTR OnNotify(NMHDR& notification);
-    void OnDrop(const DroppedFiles& dropped);
+    void AcceptDrops() const;
+    void OnDrop(HDROP drop);
     void OnSize(WPARAM kind, Size client);
     void OnMinMaxInfo(MINMAXINFO& info) const;
     INT_PTR OnScaledSize(uint32_t dpi, SIZE& size) const;
@@ -114,6 +144,8 @@ class DialogWindow : public ui::Window {
     Dialog& dialog_;
     const ExceptionTaker taker_;
     HWND window_ = nullptr;
+    Stage stage_ = Stage::Making;
+    bool isAttended_ = true;  // RunModal, or OpenModeless until it returns, throws what handlers throw
     std::vector<std::unique_ptr<ControlMirror>> mirrors_;
     Tooltips tooltips_;
     MenuBar menuBar_;
@@ -122,17 +154,11 @@ class DialogWindow : public ui::Window {
     IconHandle smallIcon_;
     IconHandle largeIcon_;
     SizeKind sizeKind_ = SizeKind::Restored;
-    int writing_ = 0;  // how many of our own changes are being made right now
-    int depth_ = 0;    // how many messages are being worked on
-    bool modal_ = true;
-    bool unattended_ = false;  // modeless and open: nobody waits for its end
-    bool opened_ = false;      // the dialog is told of sizes and asked for their limits
-    bool initialised_ = false;
-    bool fitting_ = false;             // the window is getting the size that the dialog has already
+    int writing_ = 0;                  // how many of our own changes are being made right now
+    int depth_ = 0;                    // how many messages are being worked on
     std::optional<Rect> place_;        // where the program wants the window to be when it is first shown
     std::optional<uint32_t> nextDpi_;  // to be taken when the window is no longer minimised
-    bool ended_ = false;
-    bool staysInSession_ = false;  // the system shows why
+    bool staysInSession_ = false;      // the system shows why
     std::exception_ptr exception_;
 };
 

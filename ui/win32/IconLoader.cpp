@@ -3,57 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <span>
-#include <utility>
 #include <vector>
+
+#include "platform/win32/Module.h"
 
 namespace ui::win32 {
 namespace {
-
-constexpr std::array<std::pair<Icon, const wchar_t*>, 36> Resources{{
-    {Icon::None, nullptr},
-    {Icon::App, L"APP"},
-    {Icon::Save, L"SAVE"},
-    {Icon::LogSettings, L"LOG_SETTINGS"},
-    {Icon::RuleAdd, L"RULE_ADD"},
-    {Icon::RuleCopy, L"RULE_COPY"},
-    {Icon::RuleEdit, L"RULE_EDIT"},
-    {Icon::RuleDelete, L"RULE_DELETE"},
-    {Icon::RuleFirst, L"RULE_FIRST"},
-    {Icon::RuleUp, L"RULE_UP"},
-    {Icon::RuleDown, L"RULE_DOWN"},
-    {Icon::RuleLast, L"RULE_LAST"},
-    {Icon::ProfileAdd, L"PROFILE_ADD"},
-    {Icon::ProfileEdit, L"PROFILE_EDIT"},
-    {Icon::ProfileDelete, L"PROFILE_DELETE"},
-    {Icon::RulesExport, L"RULES_EXPORT"},
-    {Icon::RulesImport, L"RULES_IMPORT"},
-    {Icon::Warning, L"WARNING"},
-    {Icon::Error, L"ERROR"},
-    {Icon::Information, L"INFORMATION"},
-    {Icon::FolderIn, L"FOLDER_IN"},
-    {Icon::FolderOut, L"FOLDER_OUT"},
-    {Icon::FolderError, L"FOLDER_ERROR"},
-    {Icon::Folder, L"FOLDER"},
-    {Icon::Recipients, L"RECIPIENTS"},
-    {Icon::Signers, L"SIGNERS"},
-    {Icon::Executable, L"EXECUTABLE"},
-    {Icon::MaskAdd, L"MASK_ADD"},
-    {Icon::MaskEdit, L"MASK_EDIT"},
-    {Icon::MaskDelete, L"MASK_DELETE"},
-    {Icon::ItemAdd, L"ITEM_ADD"},
-    {Icon::ItemDelete, L"ITEM_DELETE"},
-    {Icon::MoveDown, L"ARROW_DOWN_MOVE"},
-    {Icon::MoveUp, L"ARROW_UP_REMOVE"},
-    {Icon::SortDescending, L"SORT_DESCENDING"},
-    {Icon::SortAscending, L"SORT_ASCENDING"},
-}};
-
-const wchar_t* ResourceOf(Icon icon) {
-    const auto* const found = std::find_if(Resources.begin(), Resources.end(),
-                                           [icon](const auto& resource) { return resource.first == icon; });
-    return found == Resources.end() ? nullptr : found->second;
-}
 
 struct BitmapDeleter {
     void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
@@ -110,10 +65,9 @@ BitmapHandle Faded(HDC screen, HBITMAP picture) {
 }  // namespace
 
 IconHandle LoadPicture(Icon icon, int pixels) {
-    const wchar_t* const name = ResourceOf(icon);
-    if (name == nullptr) return {};
+    if (icon == Icon::None) return {};
     const HANDLE image =
-        LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_ICON, pixels, pixels, LR_DEFAULTCOLOR);
+        LoadImageW(GetModuleHandleW(nullptr), NameOf(icon), IMAGE_ICON, pixels, pixels, LR_DEFAULTCOLOR);
     return IconHandle(static_cast<HICON>(image));
 }
 
@@ -162,6 +116,35 @@ int ButtonPictureSizeFor(Size control, uint32_t dpi) {
     const int room = std::min(control.width, control.height) * 4 / 5;
     const int normal = Largest(AtNormalResolution, room * NormalDpi / scale);
     return LargestDrawn(std::min(normal * scale / NormalDpi, room));
+}
+
+namespace {
+
+using platform::win32::SystemFunction;
+
+constexpr const wchar_t* ControlsDll = L"comctl32.dll";
+
+}  // namespace
+
+void ImageListDeleter::operator()(HIMAGELIST list) const {
+    static const auto destroy = SystemFunction<BOOL WINAPI(HIMAGELIST)>(ControlsDll, "ImageList_Destroy");
+    if (destroy != nullptr) destroy(list);
+}
+
+ImageListHandle MakeImageList(std::span<const Icon> icons, int pixels) {
+    static const auto create =
+        SystemFunction<HIMAGELIST WINAPI(int, int, UINT, int, int)>(ControlsDll, "ImageList_Create");
+    static const auto replaceIcon =
+        SystemFunction<int WINAPI(HIMAGELIST, int, HICON)>(ControlsDll, "ImageList_ReplaceIcon");
+    if (create == nullptr || replaceIcon == nullptr) return {};
+    ImageListHandle list(create(pixels, pixels, ILC_COLOR32 | ILC_MASK, static_cast<int>(icons.size()), 0));
+    if (list == nullptr) return {};
+    constexpr int AtTheEnd = -1;
+    for (const Icon icon : icons) {
+        const IconHandle picture = LoadPicture(icon, pixels);
+        if (picture == nullptr || replaceIcon(list.get(), AtTheEnd, picture.get()) < 0) return {};
+    }
+    return list;
 }
 
 }  // namespace ui::win32

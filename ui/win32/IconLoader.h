@@ -1,10 +1,13 @@
-// The pictures of the program as the system's icons.
+// The pictures of the program as the system's icons, alone and in lists.
 #pragma once
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <type_traits>
 
 #include "ui/Geometry.h"
@@ -31,5 +34,14 @@ int PictureSizeFor(Size control);
 // The same for a button on a monitor of this resolution: what the button shows at the normal one, and the air
 // around it, grow with the resolution.
 int ButtonPictureSizeFor(Size control, uint32_t dpi);
+
+struct ImageListDeleter {
+    void operator()(HIMAGELIST list) const;
+};
+using ImageListHandle = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, ImageListDeleter>;
+
+// Pictures in a list, from which a control draws them by number: in this order, as squares of so many pixels;
+// none when one of them cannot be had.
+ImageListHandle MakeImageList(std::span<const Icon> icons, int pixels);
 
 }  // namespace ui::win32

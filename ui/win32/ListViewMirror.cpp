@@ -1,7 +1,6 @@
 #include "ui/win32/ListViewMirror.h"
 
-#include "ui/win32/IconLoader.h"
-#include "ui/win32/SystemFunctions.h"
+#include "platform/win32/Resolution.h"
 
 namespace ui::win32 {
 namespace {
@@ -36,7 +35,7 @@ HWND ListViewMirror::Header() const {
 void ListViewMirror::ShowAll() {
     if (list_.Style().checkBoxes) Send(LVM_SETCALLBACKMASK, LVIS_STATEIMAGEMASK);
     ShowExtendedStyle();
-    ShowHeaderPictures(DpiOf(Window()));
+    ShowHeaderPictures(platform::win32::DpiOf(Window()));
     ShowColumns();
     ShowRows();
     ShowSelection();
@@ -83,7 +82,7 @@ void ListViewMirror::ShowRescaled(uint32_t dpi) {
 void ListViewMirror::ShowHeaderPictures(uint32_t dpi) {
     if (!list_.Style().sortableHeaders) return;
     constexpr std::array ByArrow{Icon::SortDescending, Icon::SortAscending};
-    const int room = SystemMetric(SM_CXSMICON, dpi);
+    const int room = platform::win32::SystemMetric(SM_CXSMICON, dpi);
     ImageListHandle pictures = MakeImageList(ByArrow, PictureSizeFor({room, room}));
     SendMessageW(Header(), HDM_SETIMAGELIST, HDSIL_NORMAL, reinterpret_cast<LPARAM>(pictures.get()));
     headerPictures_.swap(pictures);  // the old ones go once the window has let go of them

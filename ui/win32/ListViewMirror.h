@@ -13,7 +13,7 @@
 
 #include "ui/ListView.h"
 #include "ui/win32/ControlMirror.h"
-#include "ui/win32/ImageList.h"
+#include "ui/win32/IconLoader.h"
 
 namespace ui::win32 {
 

@@ -2,7 +2,6 @@
 
 #include <cderr.h>
 #include <commdlg.h>
-#include <objbase.h>
 #include <shlobj.h>
 #include <shobjidl.h>
 

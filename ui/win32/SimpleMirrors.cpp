@@ -1,8 +1,7 @@
 #include "ui/win32/SimpleMirrors.h"
+#include "platform/win32/Resolution.h"
 
 #include <commctrl.h>
-
-#include "ui/win32/SystemFunctions.h"
 
 namespace ui::win32 {
 namespace {
@@ -96,8 +95,8 @@ void IconButtonMirror::Complete() {
 }
 
 void IconButtonMirror::ShowPicture() {
-    IconHandle icon =
-        LoadPicture(button_.Icon(), ButtonPictureSizeFor(ClientSizeOf(Window()), DpiOf(Window())));
+    IconHandle icon = LoadPicture(
+        button_.Icon(), ButtonPictureSizeFor(ClientSizeOf(Window()), platform::win32::DpiOf(Window())));
     fadedIcon_ = button_.IsEnabled() ? IconHandle() : FadedPicture(icon.get());
     if (fadedIcon_ != nullptr) icon = EmptyPicture();
     Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
@@ -115,7 +114,7 @@ std::optional<LRESULT> IconButtonMirror::Answer(NMHDR& question) const {
 
 void IconButtonMirror::DrawFaded(HDC canvas) const {
     const Size area = ClientSizeOf(Window());
-    const int size = ButtonPictureSizeFor(area, DpiOf(Window()));
+    const int size = ButtonPictureSizeFor(area, platform::win32::DpiOf(Window()));
     const int x = (area.width - size) / 2;
     const int y = (area.height - size) / 2;
     DrawIconEx(canvas, x, y, fadedIcon_.get(), size, size, 0, nullptr, DI_NORMAL);

@@ -2,10 +2,13 @@
 
 #include <windows.h>
 
+#include <commctrl.h>
+
 #include <algorithm>
 #include <array>
 #include <utility>
 
+#include "platform/win32/Module.h"
 #include "ui/win32/DialogWindow.h"
 #include "ui/win32/Pickers.h"
 
@@ -28,6 +31,31 @@ HWND HandleOf(const DialogWindow* window) {
     return window == nullptr ? nullptr : window->Handle();
 }
 
+bool IsHeld(int key) {
+    return GetKeyState(key) < 0;
+}
+
+// A key that is held down is pressed again and again: F1 would open page after page.
+bool AsksForHelpAgain(const MSG& message) {
+    constexpr LPARAM WasDown = LPARAM{1} << 30;
+    return message.wParam == VK_F1 && (message.lParam & WasDown) != 0;
+}
+
+bool IsShortcut(const MSG& message) {
+    if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN) return false;
+    if (AsksForHelpAgain(message)) return true;
+    DialogWindow* const dialog = DialogWindow::Of(GetAncestor(message.hwnd, GA_ROOT));
+    return dialog != nullptr && dialog->Press({.key = static_cast<int>(message.wParam),
+                                               .control = IsHeld(VK_CONTROL),
+                                               .alt = IsHeld(VK_MENU),
+                                               .shift = IsHeld(VK_SHIFT)});
+}
+
+LRESULT CALLBACK FilterKeys(int code, WPARAM wParam, LPARAM lParam) {
+    if (code == MSGF_DIALOGBOX && IsShortcut(*reinterpret_cast<const MSG*>(lParam))) return TRUE;
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
 struct Messages {
     UINT first;
     UINT last;
@@ -45,7 +73,31 @@ void DropPendingInput() {
     if (quit) PostQuitMessage(static_cast<int>(*quit));
 }
 
+// The library of the controls is not among those that the system always loads from its own folder, so it is
+// not imported.
+void RegisterControlClasses() {
+    using Init = BOOL WINAPI(const INITCOMMONCONTROLSEX*);
+    const auto init = platform::win32::SystemFunction<Init>(L"comctl32.dll", "InitCommonControlsEx");
+    constexpr INITCOMMONCONTROLSEX BasicClasses{sizeof(INITCOMMONCONTROLSEX), 0xFF};
+    if (init != nullptr) init(&BasicClasses);
+}
+
 }  // namespace
+
+// Shows the keys that are pressed in our dialogs to the dialog, before the window that they are meant for,
+// while one lives. Message boxes and the system's own dialogs are left alone.
+class Win32Screen::ShortcutKeys {
+  public:
+    ShortcutKeys() : hook_(SetWindowsHookExW(WH_MSGFILTER, FilterKeys, nullptr, GetCurrentThreadId())) {}
+    ~ShortcutKeys() {
+        if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
+    }
+    ShortcutKeys(const ShortcutKeys&) = delete;
+    ShortcutKeys& operator=(const ShortcutKeys&) = delete;
+
+  private:
+    const HHOOK hook_;
+};
 
 struct Win32Screen::Waiting {
     int count = 0;
@@ -74,7 +126,10 @@ class Win32Screen::Asking {
 
 Win32Screen::Win32Screen(const platform::ScreenMetrics& metrics)
     : metrics_(metrics),
-      waiting_(std::make_unique<Waiting>()) {}
+      shortcutKeys_(std::make_unique<const ShortcutKeys>()),
+      waiting_(std::make_unique<Waiting>()) {
+    RegisterControlClasses();
+}
 
 Win32Screen::~Win32Screen() = default;
 

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "ui/Screen.h"
-#include "ui/win32/ShortcutKeys.h"
 
 namespace ui::win32 {
 
@@ -14,6 +13,7 @@ class DialogWindow;
 
 class Win32Screen : public ui::Screen {
   public:
+    // Makes list views, tooltips, up-down controls and their like known to the system.
     explicit Win32Screen(const platform::ScreenMetrics& metrics);
     ~Win32Screen() override;
     Win32Screen(const Win32Screen&) = delete;
@@ -31,6 +31,7 @@ class Win32Screen : public ui::Screen {
   private:
     struct Waiting;
     class Asking;
+    class ShortcutKeys;
 
     DialogWindow* WindowOf(const Dialog* dialog) const;  // none when the dialog is not open
     void SweepClosed();
@@ -38,7 +39,7 @@ class Win32Screen : public ui::Screen {
     void ThrowStray();
 
     const platform::ScreenMetrics& metrics_;
-    const ShortcutKeys shortcutKeys_;
+    const std::unique_ptr<const ShortcutKeys> shortcutKeys_;
     std::vector<DialogWindow*> modal_;  // the innermost last
     std::vector<std::unique_ptr<DialogWindow>> modeless_;
     std::unique_ptr<Waiting> waiting_;

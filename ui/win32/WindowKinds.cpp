@@ -2,10 +2,10 @@
 
 #include <commctrl.h>
 
-#include "ui/Choices.h"
-#include "ui/Controls.h"
-#include "ui/ListView.h"
 #include "ui/Screen.h"
+#include "ui/win32/ChoiceMirrors.h"
+#include "ui/win32/ListViewMirror.h"
+#include "ui/win32/SimpleMirrors.h"
 
 namespace ui::win32 {
 namespace {
@@ -32,34 +32,53 @@ DWORD StyleOf(const ListStyle& list) {
 
 class KindFinder : public ControlVisitor {
   public:
-    void Visit(Label&) override { kind_ = {WC_STATICW, SS_LEFT}; }
-    void Visit(Picture&) override { kind_ = {WC_STATICW, SS_ICON | SS_CENTERIMAGE}; }
+    void Visit(Label& control) override { Take<CaptionMirror>(control, {WC_STATICW, SS_LEFT}); }
+    void Visit(Picture& control) override {
+        Take<PictureMirror>(control, {WC_STATICW, SS_ICON | SS_CENTERIMAGE});
+    }
     // Transparent, so that the dialog paints the inside, which a group box leaves alone.
-    void Visit(GroupBox&) override { kind_ = {WC_BUTTONW, BS_GROUPBOX, WS_EX_TRANSPARENT}; }
-    void Visit(Edit& control) override { kind_ = {WC_EDITW, StyleOf(control.Style())}; }
+    void Visit(GroupBox& control) override {
+        Take<CaptionMirror>(control, {WC_BUTTONW, BS_GROUPBOX, WS_EX_TRANSPARENT});
+    }
+    void Visit(Edit& control) override { Take<EditMirror>(control, {WC_EDITW, StyleOf(control.Style())}); }
     void Visit(Button& control) override {
         const DWORD type = control.Id() == IdOk ? BS_DEFPUSHBUTTON : BS_PUSHBUTTON;
-        kind_ = {WC_BUTTONW, type | BS_NOTIFY};
+        Take<PushButtonMirror>(control, {WC_BUTTONW, type | BS_NOTIFY});
     }
-    void Visit(IconButton&) override { kind_ = {WC_BUTTONW, BS_PUSHBUTTON | BS_ICON | BS_NOTIFY}; }
-    void Visit(CheckBox&) override { kind_ = {WC_BUTTONW, BS_CHECKBOX | BS_NOTIFY}; }
-    void Visit(ComboBox&) override {
-        kind_ = {WC_COMBOBOXW, CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL, 0, DropHeight};
+    void Visit(IconButton& control) override {
+        Take<IconButtonMirror>(control, {WC_BUTTONW, BS_PUSHBUTTON | BS_ICON | BS_NOTIFY});
     }
-    void Visit(EditableCombo&) override {
-        kind_ = {WC_COMBOBOXW, CBS_DROPDOWN | CBS_AUTOHSCROLL | CBS_HASSTRINGS | WS_VSCROLL, 0, DropHeight};
+    void Visit(CheckBox& control) override {
+        Take<CheckBoxMirror>(control, {WC_BUTTONW, BS_CHECKBOX | BS_NOTIFY});
     }
-    void Visit(ListBox&) override {
-        kind_ = {WC_LISTBOXW, WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT};
+    void Visit(ComboBox& control) override {
+        constexpr DWORD Style = CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL;
+        Take<ComboMirror>(control, {WC_COMBOBOXW, Style, 0, DropHeight});
     }
-    void Visit(UpDown&) override {
-        kind_ = {UPDOWN_CLASSW, UDS_ARROWKEYS | UDS_ALIGNRIGHT | UDS_NOTHOUSANDS};
+    void Visit(EditableCombo& control) override {
+        constexpr DWORD Style = CBS_DROPDOWN | CBS_AUTOHSCROLL | CBS_HASSTRINGS | WS_VSCROLL;
+        Take<EditableComboMirror>(control, {WC_COMBOBOXW, Style, 0, DropHeight});
     }
-    void Visit(ListView& control) override { kind_ = {WC_LISTVIEWW, StyleOf(control.Style())}; }
+    void Visit(ListBox& control) override {
+        constexpr DWORD Style = WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
+        Take<ListBoxMirror>(control, {WC_LISTBOXW, Style});
+    }
+    void Visit(UpDown& control) override {
+        Take<UpDownMirror>(control, {UPDOWN_CLASSW, UDS_ARROWKEYS | UDS_ALIGNRIGHT | UDS_NOTHOUSANDS});
+    }
+    void Visit(ListView& control) override {
+        Take<ListViewMirror>(control, {WC_LISTVIEWW, StyleOf(control.Style())});
+    }
 
-    const WindowKind& Kind() const { return kind_; }
+    WindowKind Kind() const { return kind_; }
 
   private:
+    template <class Mirror, class Mirrored>
+    void Take(Mirrored& control, const WindowKind& kind) {
+        kind_ = kind;
+        kind_.makeMirror = [&control](HWND window) { return std::make_unique<Mirror>(control, window); };
+    }
+
     WindowKind kind_;
 };
 

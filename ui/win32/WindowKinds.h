@@ -1,9 +1,13 @@
-// Which window class and which styles stand for each kind of control.
+// What stands for each kind of control on the screen: window class, styles, and the mirror that looks after
+// the window.
 #pragma once
 
 #include <windows.h>
 
-#include "ui/Control.h"
+#include <functional>
+#include <memory>
+
+#include "ui/win32/ControlMirror.h"
 
 namespace ui::win32 {
 
@@ -12,6 +16,7 @@ struct WindowKind {
     DWORD style = 0;  // without what follows from the control's state
     DWORD extendedStyle = 0;
     int dropHeight = 0;  // of a combo box's list, in dialog units
+    std::function<std::unique_ptr<ControlMirror>(HWND window)> makeMirror{};
 };
 
 WindowKind KindOf(Control& control);

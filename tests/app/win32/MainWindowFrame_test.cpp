@@ -6,11 +6,11 @@
 #include <vector>
 
 #include "app/AboutDlg.h"
+#include "platform/win32/Resolution.h"
 #include "tests/app/MainWindow.h"
 #include "tests/support/win32/Input.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "ui/win32/Placing.h"
-#include "ui/win32/SystemFunctions.h"
 
 namespace tests {
 namespace {
@@ -147,8 +147,8 @@ TEST_F(MainWindowFrame, ShowsTheProgramsIconInBothSizes) {
         const auto shown = [window](WPARAM kind) {
             return PixelsOf(reinterpret_cast<HICON>(SendMessageW(window, WM_GETICON, kind, 0)));
         };
-        const int large = ui::win32::SystemMetric(SM_CXICON, dialog.Dpi());
-        const int small = ui::win32::SystemMetric(SM_CXSMICON, dialog.Dpi());
+        const int large = platform::win32::SystemMetric(SM_CXICON, dialog.Dpi());
+        const int small = platform::win32::SystemMetric(SM_CXSMICON, dialog.Dpi());
         ASSERT_GT(large, small);
         EXPECT_EQ(shown(ICON_BIG).first, large);
         EXPECT_EQ(shown(ICON_SMALL).first, small);

@@ -1,6 +1,4 @@
 // Where the cryptographic library is looked for, and what becomes of one that is no use.
-#include "platform/win32/Win32CryptoLibrary.h"
-
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -9,7 +7,8 @@
 #include <string>
 
 #include "errors/LibraryErrors.h"
-#include "platform/win32/Win32Files.h"
+#include "platform/win32/Module.h"
+#include "platform/win32/Win32Machine.h"
 #include "tests/support/TestFiles.h"
 #include "tests/support/win32/ImportHook.h"
 

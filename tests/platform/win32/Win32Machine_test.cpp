@@ -9,6 +9,7 @@
 #include <ctime>
 #include <limits>
 
+#include "platform/win32/Module.h"
 #include "tests/support/TestFiles.h"
 #include "tests/support/win32/ImportHook.h"
 

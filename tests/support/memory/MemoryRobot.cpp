@@ -9,7 +9,7 @@
 #include "tests/support/memory/Typing.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
-#include "ui/memory/Keyboard.h"
+#include "ui/memory/Input.h"
 
 namespace tests {
 namespace {

@@ -3,58 +3,32 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cwctype>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
+#include "platform/win32/Resolution.h"
 #include "ui/win32/ControlMirror.h"
-#include "ui/win32/SystemFunctions.h"
 
 namespace tests {
 namespace {
 
 using ui::Icon;
 
-const std::map<Icon, std::wstring> Files{
-    {Icon::App, L"app"},
-    {Icon::Save, L"save"},
-    {Icon::LogSettings, L"log_settings"},
-    {Icon::RuleAdd, L"rule_add"},
-    {Icon::RuleCopy, L"rule_copy"},
-    {Icon::RuleEdit, L"rule_edit"},
-    {Icon::RuleDelete, L"rule_delete"},
-    {Icon::RuleFirst, L"rule_first"},
-    {Icon::RuleUp, L"rule_up"},
-    {Icon::RuleDown, L"rule_down"},
-    {Icon::RuleLast, L"rule_last"},
-    {Icon::ProfileAdd, L"profile_add"},
-    {Icon::ProfileEdit, L"profile_edit"},
-    {Icon::ProfileDelete, L"profile_delete"},
-    {Icon::RulesExport, L"rules_export"},
-    {Icon::RulesImport, L"rules_import"},
-    {Icon::Warning, L"warning"},
-    {Icon::Error, L"error"},
-    {Icon::Information, L"information"},
-    {Icon::FolderIn, L"folder_in"},
-    {Icon::FolderOut, L"folder_out"},
-    {Icon::FolderError, L"folder_error"},
-    {Icon::Folder, L"folder"},
-    {Icon::Recipients, L"recipients"},
-    {Icon::Signers, L"signers"},
-    {Icon::Executable, L"executable"},
-    {Icon::MaskAdd, L"mask_add"},
-    {Icon::MaskEdit, L"mask_edit"},
-    {Icon::MaskDelete, L"mask_delete"},
-    {Icon::ItemAdd, L"item_add"},
-    {Icon::ItemDelete, L"item_delete"},
-    {Icon::MoveDown, L"arrow_down_move"},
-    {Icon::MoveUp, L"arrow_up_remove"},
-    {Icon::SortDescending, L"sort_descending"},
-    {Icon::SortAscending, L"sort_ascending"},
-};
+// RuleAdd is drawn in rule_add.ico.
+std::filesystem::path FileOf(Icon icon) {
+    std::wstring file;
+    for (const wchar_t letter : std::wstring_view(ui::NameOf(icon))) {
+        if (!file.empty() && std::iswupper(letter) != 0) file += L'_';
+        file += static_cast<wchar_t>(std::towlower(letter));
+    }
+    return L"resources\\icons\\" + file + L".ico";
+}
 
 // A bitmap in memory that can be drawn on and read.
 class Canvas {
@@ -135,8 +109,7 @@ Points PointsOf(HICON icon, uint32_t ground) {
 }
 
 std::set<int> DrawnSizes(Icon icon) {
-    std::ifstream file(std::filesystem::path(L"resources\\icons\\" + Files.at(icon) + L".ico"),
-                       std::ios::binary);
+    std::ifstream file(FileOf(icon), std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
     constexpr size_t header = 6;
     constexpr size_t entry = 16;
@@ -147,9 +120,9 @@ std::set<int> DrawnSizes(Icon icon) {
 }
 
 ui::win32::IconHandle LoadDrawing(Icon icon, int size) {
-    const std::wstring file = L"resources\\icons\\" + Files.at(icon) + L".ico";
+    const std::filesystem::path file = FileOf(icon);
     const HANDLE drawing = LoadImageW(nullptr, file.c_str(), IMAGE_ICON, size, size, LR_LOADFROMFILE);
-    EXPECT_NE(nullptr, drawing) << testing::PrintToString(file);
+    EXPECT_NE(nullptr, drawing) << file.string();
     return ui::win32::IconHandle(static_cast<HICON>(drawing));
 }
 
@@ -171,7 +144,7 @@ bool PaintsDrawing(HWND window, ui::IconButton& button, Icon icon) {
     SetWindowTextW(window, text.c_str());
     button.SetIcon(before);
 
-    const int size = ui::win32::ButtonPictureSizeFor(bare.size, ui::win32::DpiOf(window));
+    const int size = ui::win32::ButtonPictureSizeFor(bare.size, platform::win32::DpiOf(window));
     const ui::win32::IconHandle drawing = LoadDrawing(icon, size);
     const ui::win32::IconHandle pale = ui::win32::FadedPicture(drawing.get());
     const Points expected = WithIconOver(bare, button.IsEnabled() ? drawing.get() : pale.get(), size);
@@ -181,7 +154,8 @@ bool PaintsDrawing(HWND window, ui::IconButton& button, Icon icon) {
 const std::vector<Icon>& AllPictures() {
     static const std::vector<Icon> all = [] {
         std::vector<Icon> icons;
-        for (const auto& [icon, file] : Files) icons.push_back(icon);
+        for (size_t number = 1; number < ui::IconNames.size(); ++number)
+            icons.push_back(static_cast<Icon>(number));
         return icons;
     }();
     return all;

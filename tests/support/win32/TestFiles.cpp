@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/win32/Win32Files.h"
+#include "platform/win32/Win32Machine.h"
 
 namespace tests {
 namespace {

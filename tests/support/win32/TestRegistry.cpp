@@ -4,7 +4,7 @@
 
 #include <stdexcept>
 
-#include "platform/win32/Win32Registry.h"
+#include "platform/win32/Win32Machine.h"
 
 namespace tests {
 namespace {

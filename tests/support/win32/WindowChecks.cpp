@@ -7,17 +7,17 @@
 #include <string>
 #include <utility>
 
+#include "platform/win32/Resolution.h"
 #include "tests/support/win32/Pictures.h"
 #include "tests/support/win32/TooltipWindow.h"
 #include "ui/Choices.h"
 #include "ui/Controls.h"
+#include "ui/Dialog.h"
 #include "ui/ListView.h"
-#include "ui/Names.h"
 #include "ui/win32/ControlMirror.h"
 #include "ui/win32/DialogTemplate.h"
 #include "ui/win32/IconLoader.h"
 #include "ui/win32/Placing.h"
-#include "ui/win32/SystemFunctions.h"
 
 #include <commctrl.h>
 
@@ -124,7 +124,7 @@ class Checker : public ui::ControlVisitor {
     void CheckPicture(const ui::IconButton& button) const {
         const Points shown = PointsIn(SendMessageW(window_, BM_GETIMAGE, IMAGE_ICON, 0));
         if (button.IsEnabled() || button.Icon() == ui::Icon::None) {
-            const int size = ui::win32::ButtonPictureSizeFor(SizeOf(button), ui::win32::DpiOf(window_));
+            const int size = ui::win32::ButtonPictureSizeFor(SizeOf(button), platform::win32::DpiOf(window_));
             EXPECT_TRUE(DrawingOf(button.Icon(), size) == shown) << "picture";
         } else {
             EXPECT_EQ((ui::Size{1, 1}), shown.size) << "picture";
@@ -241,7 +241,7 @@ void CheckMenus(HWND window, const ui::Dialog& dialog) {
 
 void CheckIcons(HWND window, const ui::Dialog& dialog) {
     for (const auto& [kind, metric] : {std::pair{ICON_BIG, SM_CXICON}, std::pair{ICON_SMALL, SM_CXSMICON}}) {
-        const int size = ui::win32::SystemMetric(metric, ui::win32::DpiOf(window));
+        const int size = platform::win32::SystemMetric(metric, platform::win32::DpiOf(window));
         const LRESULT shown = SendMessageW(window, WM_GETICON, static_cast<WPARAM>(kind), 0);
         EXPECT_TRUE(DrawingOf(dialog.Icon(), size) == PointsIn(shown)) << "icon of the window, " << size;
     }

@@ -2,9 +2,9 @@
 
 #include <bit>
 
+#include "platform/win32/Resolution.h"
 #include "ui/win32/ControlMirror.h"
 #include "ui/win32/DialogWindow.h"
-#include "ui/win32/SystemFunctions.h"
 
 #include <commctrl.h>
 
@@ -94,7 +94,7 @@ std::optional<SIZE> WindowsHabits::SizeAt(HWND dialog, uint32_t dpi) {
 // Without an answer the whole window grows evenly.
 void WindowsHabits::TellOfMonitor(HWND dialog) {
     if (IsIconic(dialog) != FALSE) return;
-    const uint32_t ownDpi = ui::win32::DpiOf(dialog);
+    const uint32_t ownDpi = platform::win32::DpiOf(dialog);
     const auto [shown, isNew] = shownAt_.try_emplace(dialog, ownDpi);
     const uint32_t before = shown->second;
     const uint32_t now = IsOnSecond(dialog) ? dpi_ : ownDpi;

@@ -8,8 +8,7 @@
 #include "tests/support/TestRegistry.h"
 #include "tests/support/win32/RecordingScreen.h"
 #include "tests/support/win32/Win32Robot.h"
-#include "ui/win32/ComponentApartment.h"
-#include "ui/win32/SystemFunctions.h"
+#include "ui/win32/Pickers.h"
 #include "ui/win32/Win32Screen.h"
 
 namespace tests {
@@ -19,8 +18,6 @@ namespace {
 // with the library that a test chooses.
 class RealWorld final : public World {
   public:
-    RealWorld() { ui::win32::RegisterControlClasses(); }
-
     platform::Machine& Machine() override { return machine_; }
     platform::memory::FaultyRegistry& Registry() override { return registry_; }
     platform::memory::MemoryCryptoLibrary& CryptoLibrary() override { return library_; }
