@@ -20,6 +20,9 @@
 namespace editors {
 
 class CAddRule : public ui::Dialog {
+    static constexpr ui::EditStyle textStyle{.longest = config::LongestText};
+    static constexpr ui::EditStyle pathStyle{.takesPaths = true, .longest = config::LongestText};
+
   public:
     // profile: the owner of the rule. rule: a rule without an operation is a new one. profile and memory must
     // outlive the dialog.
@@ -83,28 +86,21 @@ class CAddRule : public ui::Dialog {
     ui::IconButton pickPathIn_{*this,           1000,
                                {7, 62, 28, 20}, ui::Icon::FolderIn,
                                L"Input folder", [this] { PickFolder(form_.PathIn); }};
-    ui::Edit pathIn_{
-        *this, 1045, {41, 65, 210, 14}, form_.PathIn, {.takesPaths = true, .longest = config::LongestText}};
+    ui::Edit pathIn_{*this, 1045, {41, 65, 210, 14}, form_.PathIn, pathStyle};
     ui::IconButton pickPathOut_{*this,
                                 1043,
                                 {7, 84, 28, 20},
                                 ui::Icon::FolderOut,
                                 L"Output folder",
                                 [this] { PickFolder(form_.PathOut); }};
-    ui::Edit pathOut_{
-        *this, 1046, {41, 87, 210, 14}, form_.PathOut, {.takesPaths = true, .longest = config::LongestText}};
+    ui::Edit pathOut_{*this, 1046, {41, 87, 210, 14}, form_.PathOut, pathStyle};
     ui::IconButton pickPathError_{
         *this, 1044, {7, 106, 28, 20}, ui::Icon::FolderError, L"Error folder", [this] {
             PickFolder(form_.PathError);
         }};
-    ui::Edit pathError_{*this,
-                        1047,
-                        {41, 109, 210, 14},
-                        form_.PathError,
-                        {.takesPaths = true, .longest = config::LongestText}};
+    ui::Edit pathError_{*this, 1047, {41, 109, 210, 14}, form_.PathError, pathStyle};
     ui::IconButton action_{*this, 1050, {7, 128, 28, 20}, ui::Icon::Recipients, L"", [this] { DoAction(); }};
-    ui::Edit actionField_{
-        *this, 1049, {41, 131, 210, 14}, {.takesPaths = true, .longest = config::LongestText}};
+    ui::Edit actionField_{*this, 1049, {41, 131, 210, 14}, pathStyle};
 
     ui::ListView masks_{*this, 1001, {258, 62, 97, 86}};
     ui::IconButton addMask_{
@@ -116,18 +112,18 @@ class CAddRule : public ui::Dialog {
 
     ui::Label labelA_{*this, 1108, {7, 159, 98, 8}};
     ui::ComboBox listA_{*this, 1105, {107, 157, 86, 14}, form_.Choices[RowA]};
-    ui::Edit textA_{*this, 1130, {107, 157, 86, 14}, form_.Texts[RowA], {.longest = config::LongestText}};
+    ui::Edit textA_{*this, 1130, {107, 157, 86, 14}, form_.Texts[RowA], textStyle};
     ui::Edit numberA_{*this, 1139, {107, 157, 86, 14}, form_.Numbers[RowA], [this] { ReadAndPush(); }};
     ui::Label labelB_{*this, 1109, {201, 159, 98, 8}};
     ui::ComboBox listB_{*this, 1106, {301, 157, 86, 14}, form_.Choices[RowB]};
-    ui::Edit textB_{*this, 1131, {301, 157, 86, 14}, form_.Texts[RowB], {.longest = config::LongestText}};
+    ui::Edit textB_{*this, 1131, {301, 157, 86, 14}, form_.Texts[RowB], textStyle};
     ui::Edit numberB_{*this, 1140, {301, 157, 86, 14}, form_.Numbers[RowB], [this] { ReadAndPush(); }};
     ui::Label labelC_{*this, 1110, {7, 179, 98, 8}};
     ui::ComboBox listC_{*this, 1107, {107, 177, 86, 14}, form_.Choices[RowC]};
-    ui::Edit textC_{*this, 1136, {107, 177, 86, 14}, form_.Texts[RowC], {.longest = config::LongestText}};
+    ui::Edit textC_{*this, 1136, {107, 177, 86, 14}, form_.Texts[RowC], textStyle};
     ui::Edit numberC_{*this, 1141, {107, 177, 86, 14}, form_.Numbers[RowC], [this] { ReadAndPush(); }};
     ui::Label labelD_{*this, 1138, {201, 179, 98, 8}};
-    ui::Edit textD_{*this, 1137, {301, 177, 86, 14}, form_.Texts[RowD], {.longest = config::LongestText}};
+    ui::Edit textD_{*this, 1137, {301, 177, 86, 14}, form_.Texts[RowD], textStyle};
 
     // The single mask of the older format: never shown, never written back.
     ui::Label oldMaskLabel_{*this, 1123, {7, 203, 30, 8}, L"Mask"};

@@ -9,31 +9,6 @@
 
 namespace settings {
 
-using config::GlobalSettings;
-
-const std::array<Extension, ExtensionCount>& Extensions() {
-    static constexpr std::array<Extension, ExtensionCount> extensions{{
-        {&GlobalSettings::SigExt, L"Please, choose extension for files with attached signature."},
-        {&GlobalSettings::DsigExt, L"Please, choose extension for files with detached signature."},
-        {&GlobalSettings::EncExt, L"Please, choose extension for encrypted files."},
-        {&GlobalSettings::B64Ext, L"Please, choose extension for b64 files."},
-        {&GlobalSettings::HashExt, L"Please, choose extension for hash files."},
-        {&GlobalSettings::VerifyFileExt,
-         L"Please, choose extension for files with signature verification report."},
-        {&GlobalSettings::ZIPArchiveExt, L""},
-        {&GlobalSettings::GZIPArchiveExt, L""},
-    }};
-    return extensions;
-}
-
-std::optional<size_t> FirstMissing(const GlobalSettings& settings) {
-    for (size_t i = 0; i < ExtensionCount; ++i) {
-        const Extension& extension = Extensions().at(i);
-        if (!extension.whenEmpty.empty() && (settings.*extension.setting).empty()) return i;
-    }
-    return std::nullopt;
-}
-
 bool HoldsExtension(const std::vector<std::wstring>& extensions, std::wstring_view extension) {
     const std::wstring upper = text::Upper(extension);
     return std::any_of(extensions.begin(), extensions.end(),
@@ -50,7 +25,7 @@ void CAddExtDlg::OnOK() {
     EndDialog(ui::IdOk);
 }
 
-CConfigPage::CConfigPage(ui::Screen& screen, ui::Dialog* owner, GlobalSettings settings)
+CConfigPage::CConfigPage(ui::Screen& screen, ui::Dialog* owner, config::GlobalSettings settings)
     : Dialog(screen, owner, {.size = {290, 204}, .guidePage = L"settings"}, L"Configurations"),
       settings_(std::move(settings)) {
     AddShortcut({.key = ui::key::Insert}, &additional_, add_);
@@ -60,20 +35,26 @@ CConfigPage::CConfigPage(ui::Screen& screen, ui::Dialog* owner, GlobalSettings s
 void CConfigPage::OnInitDialog() {
     modified_ = false;
     additional_.Replace(settings_.ExtExt);
-    for (size_t i = 0; i < ExtensionCount; ++i) edits_.at(i)->SetText(settings_.*Extensions().at(i).setting);
-}
-
-void CConfigPage::Read() {
-    for (size_t i = 0; i < ExtensionCount; ++i) settings_.*Extensions().at(i).setting = edits_.at(i)->Text();
+    LoadControls(settings_);
 }
 
 void CConfigPage::Apply() {
-    Read();
+    StoreControls(settings_);
     if (!modified_) return;
-    if (const auto missing = FirstMissing(settings_)) {
-        errors::Warn(Screen(), this, std::wstring(Extensions().at(*missing).whenEmpty));
-        edits_.at(*missing)->SetFocus();
-        return;
+    struct Required {
+        ui::Edit* extension;
+        const wchar_t* whenEmpty;
+    };
+    for (const Required& required :
+         {Required{&signed_, L"Please, choose extension for files with attached signature."},
+          {&detached_, L"Please, choose extension for files with detached signature."},
+          {&encrypted_, L"Please, choose extension for encrypted files."},
+          {&base64_, L"Please, choose extension for b64 files."},
+          {&hash_, L"Please, choose extension for hash files."},
+          {&report_, L"Please, choose extension for files with signature verification report."}}) {
+        if (!required.extension->Text().empty()) continue;
+        errors::Warn(Screen(), this, required.whenEmpty);
+        return required.extension->SetFocus();
     }
     settings_.ExtExt = additional_.Items();
     modified_ = false;
@@ -83,7 +64,7 @@ void CConfigPage::OnOK() {
     if (modified_ &&
         !errors::Confirm(Screen(), this, L"Some changes has not been saved. Exit without saving?"))
         return;
-    Read();
+    StoreControls(settings_);
     EndDialog(ui::IdOk);
 }
 
