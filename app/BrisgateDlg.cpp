@@ -21,7 +21,6 @@ CBrisgateDlg::CBrisgateDlg(const config::Services& services)
           return profile == nullptr ? std::span<const config::Rule>()
                                     : std::span<const config::Rule>(profile->Rules);
       }) {
-    EnableProfileControls(false);
     AddShortcuts();
     profileLabel_.SetName(L"Opened profile");
     csProfileLabel_.SetName(L"Number of CS profiles");
@@ -64,6 +63,7 @@ void CBrisgateDlg::OnInitDialog() {
 
 void CBrisgateDlg::InitWindow() {
     CreateMenus();
+    EnableProfileControls(false);
     SetCaption(errors::ProgramTitle);
     SetIcon(ui::Icon::App);
     for (auto* named : {&addProfile_, &editProfile_, &deleteProfile_, &exportRules_, &importRules_})

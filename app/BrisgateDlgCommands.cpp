@@ -47,7 +47,7 @@ void CBrisgateDlg::CreateMenus() {
     for (const Command& command : Commands()) {
         if (command.menu == onNoMenu) continue;
         if (menus.empty() || menus.back().title != command.menu) menus.push_back({command.menu, {}});
-        menus.back().items.push_back({command.id, command.text, !command.NeedsProfile()});
+        menus.back().items.push_back({command.id, command.text});
     }
     SetMenuBar(std::move(menus));
     AppendToSystemMenu(aboutCommand, L"About programm...");

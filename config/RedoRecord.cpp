@@ -198,9 +198,7 @@ bool RedoRecord::Make(RegistryStore& own, const RedoChange& change) {
 
 bool RedoRecord::Remove() {
     RegistryStore own = store_.Another();
-    const KeyOutcome parent = own.OpenIfThere(ServiceHive, EditorParent, context_);
-    return parent == KeyOutcome::Missing ||
-           (parent == KeyOutcome::Opened && own.DeleteKeyTreeIfThere(EditorKey, context_));
+    return own.DeleteKeyTreeIfThere(ServiceHive, EditorParent, EditorKey, context_);
 }
 
 }  // namespace config

@@ -119,6 +119,13 @@ bool RegistryStore::DeleteKeyTreeIfThere(const std::wstring& name, const errors:
            ReportKey(context, result, deleting, current_.root, current_.path + L"\\" + name);
 }
 
+bool RegistryStore::DeleteKeyTreeIfThere(RootKey root, const std::wstring& parent, const std::wstring& name,
+                                         const errors::ReportContext& context) {
+    Win32Code result = TryOpen(root, parent);
+    if (result == code::Success) result = DeleteTree(current_.handle, name);
+    return result == code::FileNotFound || ReportKey(context, result, deleting, root, parent + L"\\" + name);
+}
+
 Win32Code RegistryStore::DeleteTree(KeyHandle parent, const std::wstring& name) {
     KeyHandle key = KeyHandle::None;
     if (const Win32Code result = registry_.OpenSubkey(parent, name, key); result != code::Success)

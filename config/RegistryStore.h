@@ -56,6 +56,9 @@ class RegistryStore {
                                      const std::wstring& reportedPath);
     // True, too, when there is no such key.
     [[nodiscard]] bool DeleteKeyTreeIfThere(const std::wstring& name, const errors::ReportContext& context);
+    // The same with the subkey of a key that becomes the current one, which need not be there either.
+    [[nodiscard]] bool DeleteKeyTreeIfThere(platform::RootKey root, const std::wstring& parent,
+                                            const std::wstring& name, const errors::ReportContext& context);
 
     ReadOutcome ReadInteger(const std::wstring& name, int32_t& target, const errors::ReportContext& context,
                             int32_t defaultValue);

@@ -16,8 +16,7 @@ namespace tests {
 namespace {
 
 constexpr int operations = 24, checkSignature = 6, execute = 23;  // places in the list of operations
-constexpr int operationList = 1042, addMask = 1124, maskField = 1095, actionColumn = 8;
-constexpr int addProfile = 1031, logSettings = 1022, configurationsCommand = 32822, aboutCommand = 16;
+constexpr int actionColumn = 8;
 
 }  // namespace
 
@@ -35,31 +34,31 @@ void AllForms::Tour(Look look) {
             VisitSigners();
             user_.Click(ui::IdCancel);
         });
-        user_.DoubleClickRow(mainid::Rules, 0);
+        user_.DoubleClickRow(id::Rules, 0);
         user_.PressCloseBox();
     });
 }
 
 void AllForms::VisitSettings() {
     Expect<settings::CConflictDlg>();
-    user_.Click(logSettings);
+    user_.Click(id::LogPath);
     Expect<settings::CConfigPage>([this] {
         Expect<settings::CAddExtDlg>();
-        user_.Click(261);
+        user_.Click(extid::Add);
     });
-    user_.ChooseMenu(configurationsCommand);
+    user_.ChooseMenu(command::Configurations);
     Expect<app::CAboutDlg>();
-    user_.ChooseSystemMenu(aboutCommand);
+    user_.ChooseSystemMenu(command::About);
     Expect<errors::WarningBox>();
-    user_.RightClickCell(mainid::Rules, 0, actionColumn);
+    user_.RightClickCell(id::Rules, 0, actionColumn);
 }
 
 void AllForms::VisitProfileEditor() {
     Expect<editors::CAddProfile>([this] {
         Expect<editors::CAddCSProfDlg>();
-        user_.Click(1098);
+        user_.Click(profileid::Add);
     });
-    user_.Click(addProfile);
+    user_.Click(id::AddProfile);
 }
 
 // It comes and goes by itself while the user waits.
@@ -72,23 +71,23 @@ void AllForms::VisitWaitForm() {
 // A rule is given what it lacks, one thing after the other.
 void AllForms::VisitNewRule() {
     Expect<editors::CAddRule>([this] {
-        user_.Choose(operationList, 0);
-        for (const int folder : {1045, 1046, 1047}) {
+        user_.Choose(ruleid::Operation, 0);
+        for (const int folder : {ruleid::PathIn, ruleid::PathOut, ruleid::PathError}) {
             BeRefused();
             user_.Paste(folder, files_->Folder());
         }
         user_.Expect<editors::AddMask>([this](editors::AddMask& form) {
             look_(form, {});
-            user_.Type(maskField, L"*.txt");
+            user_.Type(ruleid::MaskCombo, L"*.txt");
             user_.Click(ui::IdOk);
         });
-        user_.Click(addMask);
+        user_.Click(ruleid::AddMask);
         BeRefused();
-        user_.Choose(operationList, execute);
-        user_.Paste(actionField, L"");
+        user_.Choose(ruleid::Operation, execute);
+        user_.Paste(ruleid::ActionField, L"");
         BeRefused();
     });
-    user_.Click(mainid::AddRule);
+    user_.Click(id::AddRule);
 }
 
 void AllForms::BeRefused() {
@@ -98,27 +97,27 @@ void AllForms::BeRefused() {
 
 void AllForms::VisitOperations() {
     for (int operation = 0; operation < operations; ++operation) {
-        user_.Choose(operationList, operation);
-        look_(user_.Top(), user_.Get<ui::ComboBox>(operationList).SelectedItem());
+        user_.Choose(ruleid::Operation, operation);
+        look_(user_.Top(), user_.Get<ui::ComboBox>(ruleid::Operation).SelectedItem());
     }
 }
 
 void AllForms::VisitRecipients() {
-    user_.Choose(operationList, 0);
+    user_.Choose(ruleid::Operation, 0);
     Expect<certs::CPreEncryptDlg>([this] {
         Expect<certs::CFilterDlg>();
-        user_.Click(fromLdap);
+        user_.Click(pickid::FromLdap);
     });
-    user_.Click(actionButton);
+    user_.Click(ruleid::ActionButton);
 }
 
 void AllForms::VisitSigners() {
-    user_.Choose(operationList, checkSignature);
+    user_.Choose(ruleid::Operation, checkSignature);
     Expect<certs::SignerList>([this] {
         Expect<certs::CPreEncryptDlg>();
         user_.Click(signersid::Add);
     });
-    user_.Click(actionButton);
+    user_.Click(ruleid::ActionButton);
 }
 
 }  // namespace tests

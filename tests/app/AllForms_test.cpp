@@ -126,18 +126,5 @@ TEST_F(AllForms, CanBeReadInOrderAndHaveRoomForEverything) {
     });
 }
 
-TEST_F(AllForms, CallTheFieldOfTheActionButtonWhatItHolds) {
-    const auto name = [this] { return ui::SpokenName(user_.Top(), user_.Top().Find(actionField)); };
-    WithTheRule([&] {
-        EXPECT_EQ(name(), L"Recipients");
-        user_.Choose(1042, 6);
-        EXPECT_EQ(name(), L"Signer lists");
-        user_.Choose(1042, 8);
-        EXPECT_EQ(name(), L"Second Output folder");
-        user_.Choose(1042, 23);
-        EXPECT_EQ(name(), L"Executable file");
-    });
-}
-
 }  // namespace
 }  // namespace tests

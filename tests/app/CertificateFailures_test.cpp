@@ -14,7 +14,7 @@ class CertificateFailures : public CertificateJourney {
   protected:
     // The user presses the action button; there is no picker, and the recipients are those of before.
     void PickerStaysAway() {
-        user_.Click(actionButton);
+        user_.Click(ruleid::ActionButton);
         EXPECT_EQ(ActionField(), L"2");
     }
     size_t CountOf(const std::string& call) const {
@@ -39,7 +39,7 @@ TEST_F(CertificateFailures, WithoutTheLibraryThereIsNoPicker) {
         world_->CryptoLibrary().Install(demo::StandInLibrary::Exports());
         OpenPicker([this] { user_.Click(ui::IdCancel); });
     });
-    EXPECT_EQ(screen_.modelessCount, 2);
+    EXPECT_EQ(screen_.modeless.size(), 2U);
 }
 
 TEST_F(CertificateFailures, ALibraryThatDoesNotOpenAContextTellsItsErrors) {
@@ -63,7 +63,7 @@ TEST_F(CertificateFailures, SignerListsStayAsTheyWereWithoutAContext) {
     systemMessages_.SetSystemText(127, L"Procedure not found.\r\n");
     RunProgram([this] {
         user_.Expect<editors::CAddRule>([this](editors::CAddRule&) {
-            user_.Choose(1042, 6);
+            user_.Choose(ruleid::Operation, 6);
             OpenSignerLists([this] {
                 ExpectFailureBox(
                     L"Cryptocontext initialization.\r\nError 0x7F - Procedure not found.\r\n\r\nThere is no "
@@ -76,7 +76,7 @@ TEST_F(CertificateFailures, SignerListsStayAsTheyWereWithoutAContext) {
             EXPECT_EQ(ActionField(), L"0");
             user_.Click(ui::IdCancel);
         });
-        user_.DoubleClickRow(mainid::Rules, 0);
+        user_.DoubleClickRow(id::Rules, 0);
         user_.PressCloseBox();
     });
 }
@@ -107,14 +107,14 @@ TEST_F(SilentNetwork, TheUserGoesOnWithoutIt) {
         const ui::Dialog* const editor = &user_.Top();
         ExpectBoxes(ui::IdOk);
         OpenPicker([this] {
-            EXPECT_FALSE(user_.CanUse(fromLdap));
-            EXPECT_TRUE(user_.CanUse(fromGroup));
+            EXPECT_FALSE(user_.CanUse(pickid::FromLdap));
+            EXPECT_TRUE(user_.CanUse(pickid::FromGroup));
             AddFromLocalStore();
             EXPECT_EQ(Candidates().size(), 2U);
             user_.Click(ui::IdOk);
         });
         EXPECT_EQ(ActionField(), L"2");
-        EXPECT_EQ(screen_.boxOwners, std::vector<const ui::Dialog*>{editor});
+        EXPECT_EQ(screen_.owners, std::vector<const ui::Dialog*>{editor});
     });
     // The recipients are looked for where the profile says, in the network too: 0x4.
     EXPECT_EQ(library_.Calls(),
@@ -193,7 +193,7 @@ TEST_F(CertificateFailures, ASearchThatFailsKeepsThePickerOpen) {
                 boxes::Report, ui::IdOk);
             user_.Click(ui::IdOk);
             EXPECT_EQ(Chosen().size(), 2U);
-            EXPECT_EQ(screen_.boxOwners, (std::vector<const ui::Dialog*>(2, &user_.Top())));
+            EXPECT_EQ(screen_.owners, (std::vector<const ui::Dialog*>(2, &user_.Top())));
             library_.SetAnswer(StandInCall::FindCert, 0);
             user_.Click(ui::IdOk);
         });
@@ -206,13 +206,13 @@ TEST_F(CertificateFailures, AContextThatDoesNotCloseLosesNothing) {
     library_.SetAnswer(StandInCall::Uninitialize, failed);
     WithTheRule([this] {
         OpenPicker([this] {
-            user_.ClickCheckBox(chosenList, 0);
-            user_.Click(remove);
+            user_.ClickCheckBox(pickid::Chosen, 0);
+            user_.Click(pickid::Remove);
             user_.Click(ui::IdOk);
         });
         EXPECT_EQ(ActionField(), L"1");
     });
-    EXPECT_TRUE(screen_.boxOwners.empty());
+    EXPECT_TRUE(screen_.owners.empty());
 }
 
 TEST_F(CertificateFailures, AProfileWithoutLdapNeverAsksTheNetwork) {
@@ -221,7 +221,7 @@ TEST_F(CertificateFailures, AProfileWithoutLdapNeverAsksTheNetwork) {
         "UseAIA = { \"1\" }\n");
     WithTheRule([this] {
         OpenPicker([this] {
-            EXPECT_FALSE(user_.CanUse(fromLdap));
+            EXPECT_FALSE(user_.CanUse(pickid::FromLdap));
             user_.Click(ui::IdOk);
         });
     });

@@ -55,18 +55,6 @@ void CertificateJourney::SeedEncryptingRule(const std::string& settings) {
     Seed(encryptingRule);
 }
 
-void CertificateJourney::PutFile(const std::wstring& path, std::string_view content) {
-    platform::FileHandle file = platform::FileHandle::None;
-    uint32_t written = 0;
-    ASSERT_EQ(files_->Files().Create(path, file), 0U);
-    EXPECT_EQ(files_->Files().Write(file, std::as_bytes(std::span(content)), written), 0U);
-    EXPECT_EQ(files_->Files().Close(file), 0U);
-}
-
-std::string CertificateJourney::Content(const std::wstring& path) {
-    return demo::FileContent(files_->Files(), path);
-}
-
 void CertificateJourney::RunProgram(const Script& script) {
     user_.Expect<app::CBrisgateDlg>([&script](app::CBrisgateDlg&) { script(); });
     platform::memory::MemoryGuide guide;
@@ -80,24 +68,25 @@ void CertificateJourney::WithTheRule(const Script& script) {
             script();
             user_.Click(ui::IdCancel);
         });
-        user_.DoubleClickRow(mainid::Rules, 0);
+        user_.DoubleClickRow(id::Rules, 0);
         user_.PressCloseBox();
     });
 }
 
 void CertificateJourney::AddRule(const std::wstring& operation, const Script& script) {
     user_.Expect<editors::CAddRule>([&](editors::CAddRule&) {
-        user_.Choose(1042, static_cast<int>(config::OperationIndex(operation).value()));
-        for (const int folder : {1045, 1046, 1047}) user_.Paste(folder, files_->Folder());
+        user_.Choose(ruleid::Operation, static_cast<int>(config::OperationIndex(operation).value()));
+        for (const int folder : {ruleid::PathIn, ruleid::PathOut, ruleid::PathError})
+            user_.Paste(folder, files_->Folder());
         user_.Expect<editors::AddMask>([this](editors::AddMask&) {
-            user_.Type(1095, L"*.txt");
+            user_.Type(ruleid::MaskCombo, L"*.txt");
             user_.Click(ui::IdOk);
         });
-        user_.Click(1124);
+        user_.Click(ruleid::AddMask);
         script();
         user_.Click(ui::IdOk);
     });
-    user_.Click(mainid::AddRule);
+    user_.Click(id::AddRule);
 }
 
 void CertificateJourney::EditFirstRule(const Script& script) {
@@ -105,41 +94,41 @@ void CertificateJourney::EditFirstRule(const Script& script) {
         script();
         user_.Click(ui::IdOk);
     });
-    user_.DoubleClickRow(mainid::Rules, 0);
+    user_.DoubleClickRow(id::Rules, 0);
 }
 
 void CertificateJourney::SaveAndLeave() {
-    user_.Click(mainid::Save);
+    user_.Click(id::Save);
     user_.PressCloseBox();
 }
 
 void CertificateJourney::OpenPicker(const Script& script) {
     user_.Expect<certs::CPreEncryptDlg>([&script](certs::CPreEncryptDlg&) { script(); });
-    user_.Click(actionButton);
+    user_.Click(ruleid::ActionButton);
 }
 
 void CertificateJourney::OpenSignerLists(const Script& script) {
     user_.Expect<certs::SignerList>([&script](certs::SignerList&) { script(); });
-    user_.Click(actionButton);
+    user_.Click(ruleid::ActionButton);
 }
 
 void CertificateJourney::SearchLdap(int field, const std::wstring& sample) {
     user_.Expect<certs::CFilterDlg>([this, field, sample](certs::CFilterDlg&) {
-        user_.Choose(1202, field);
-        user_.Type(1204, sample);
+        user_.Choose(pickid::FilterField, field);
+        user_.Type(pickid::FilterSample, sample);
         user_.Click(ui::IdOk);
     });
-    user_.Click(fromLdap);
+    user_.Click(pickid::FromLdap);
 }
 
 void CertificateJourney::OpenGroup(const std::wstring& path) {
     user_.ExpectFilePicker(ui::FilePickerKind::Open, path);
-    user_.Click(fromGroup);
+    user_.Click(pickid::FromGroup);
 }
 
 void CertificateJourney::SaveGroup(const std::optional<std::wstring>& path) {
     user_.ExpectFilePicker(ui::FilePickerKind::Save, path);
-    user_.Click(save);
+    user_.Click(pickid::Save);
 }
 
 void CertificateJourney::Check(const Names& candidates) {
@@ -149,31 +138,25 @@ void CertificateJourney::Check(const Names& candidates) {
         if (place == shown.end()) {
             ADD_FAILURE() << testing::PrintToString(name) << " is no candidate";
         } else {
-            user_.ClickCheckBox(candidateList, static_cast<size_t>(place - shown.begin()));
+            user_.ClickCheckBox(pickid::Candidates, static_cast<size_t>(place - shown.begin()));
         }
     }
 }
 
 void CertificateJourney::Choose(const Names& candidates) {
-    user_.Click(clear);
+    user_.Click(pickid::Clear);
     Check(candidates);
-    user_.Click(choose);
+    user_.Click(pickid::Choose);
 }
 
 void CertificateJourney::ExpectWarningBox(const std::wstring& text, ui::Icon icon,
                                           const std::wstring& caption) {
     user_.Expect<errors::WarningBox>([=, this](errors::WarningBox& box) {
-        EXPECT_EQ(user_.Text(1160), text);
+        EXPECT_EQ(user_.Text(boxid::WarningText), text);
         EXPECT_EQ(box.Icon(), icon);
         EXPECT_EQ(box.Caption(), caption);
         user_.Click(ui::IdCancel);
     });
-}
-
-CertificateJourney::Names CertificateJourney::Shown(int list) const {
-    Names names;
-    for (size_t row = 0; row < user_.RowCount(list); ++row) names.push_back(user_.Row(list, row).at(0));
-    return names;
 }
 
 }  // namespace tests

@@ -15,15 +15,15 @@ class RecipientsJourney : public CertificateJourney {
   protected:
     RecipientsJourney() {
         SeedProfile();
-        PutFile(Path(L"guests.grx"), "CN=Guest,O=Elsewhere\r\nCN=Anna Keller,O=Kontor,C=DE\r\n");
+        files_->Put(Path(L"guests.grx"), "CN=Guest,O=Elsewhere\r\nCN=Anna Keller,O=Kontor,C=DE\r\n");
     }
 
     void ExpectOpenedContext() {
         EXPECT_EQ(library_.Calls(),
                   (Calls{"Initialize \"Office\" 0x80000040",
                          "FindCert 0xE04 scope 0 \"CN=QQQ,C=RU\" fields 4", "FreeFindResult", "Ctrl 4"}));
-        EXPECT_EQ(screen_.modelessCount, 1);
-        EXPECT_TRUE(screen_.boxOwners.empty());
+        EXPECT_EQ(screen_.modeless.size(), 1U);
+        EXPECT_TRUE(screen_.owners.empty());
     }
     // Anna and Clara from the local store, kept in a file; then only Clara's file, the network and the
     // guests.
@@ -32,8 +32,8 @@ class RecipientsJourney : public CertificateJourney {
         EXPECT_EQ(Candidates(), (Names{clara, anna, boris}));
         Check({clara, boris});
         SaveGroup(Path(L"kept.grx"));
-        user_.ExpectBox(L"Delete all list items?", boxes::Question, ui::IdYes, Title);
-        user_.Click(deleteAll);
+        ExpectQuestion(L"Delete all list items?", ui::IdYes);
+        user_.Click(pickid::DeleteAll);
         EXPECT_EQ(Candidates(), Names{});
         SearchLdap(0, L"ivan*");
         EXPECT_EQ(Candidates(), (Names{ivan, ivana}));  // not Peter, in whose name another Ivan stands
@@ -42,27 +42,27 @@ class RecipientsJourney : public CertificateJourney {
         EXPECT_EQ(Candidates(), (Names{ivan, ivana, clara, boris, guest, anna}));
     }
     void ChooseAmongThem() {
-        user_.ClickHeader(candidateList, 0);
+        user_.ClickHeader(pickid::Candidates, 0);
         EXPECT_EQ(Candidates(), (Names{anna, boris, clara, guest, ivan, ivana}));
-        user_.ClickHeader(candidateList, 0);
+        user_.ClickHeader(pickid::Candidates, 0);
         EXPECT_EQ(Candidates().front(), ivana);
-        user_.Choose(sortField, 7);  // the organisation, still downwards
+        user_.Choose(pickid::SortField, 7);  // the organisation, still downwards
         EXPECT_EQ(Candidates(), (Names{anna, ivana, guest, ivan, boris, clara}));
-        user_.Type(filterText, L"bank");
+        user_.Type(pickid::Filter, L"bank");
         EXPECT_EQ(Candidates(), (Names{ivan, boris}));
-        user_.Click(selectAll);
-        user_.Click(choose);
-        user_.Type(filterText, L"");
+        user_.Click(pickid::SelectAll);
+        user_.Click(pickid::Choose);
+        user_.Type(pickid::Filter, L"");
         Choose({ivana, guest, clara, boris});
         EXPECT_EQ(Chosen(), (Names{ivan, boris, ivana, clara, guest}));
-        user_.ClickCheckBox(chosenList, 3);
-        user_.Click(remove);
+        user_.ClickCheckBox(pickid::Chosen, 3);
+        user_.Click(pickid::Remove);
         EXPECT_EQ(Chosen(), (Names{ivan, boris, ivana, guest}));
     }
     void ExpectQuestionForTheGuest(int answer) {
-        user_.ExpectBox(
+        ExpectQuestion(
             std::wstring(L"No certificates found for user ") + guest + L".\r\nContinue to check other users?",
-            boxes::Question, answer, Title);
+            answer);
     }
 };
 
@@ -84,7 +84,8 @@ TEST_F(RecipientsJourney, FromEverySourceIntoTheRegistryAndBack) {
         });
         SaveAndLeave();
     });
-    EXPECT_EQ(Content(Path(L"kept.grx")), "CN=Clara Weiss,O=Atelier,C=FR\r\nCN=Boris Petrov,O=Bank,C=RU\r\n");
+    EXPECT_EQ(files_->Content(Path(L"kept.grx")),
+              "CN=Clara Weiss,O=Atelier,C=FR\r\nCN=Boris Petrov,O=Bank,C=RU\r\n");
     const std::string saved = Dump();
     for (const char* line :
          {"Ext num = 3\n", "C0 = \"CN=Ivan Orlov,O=Bank,C=RU\"\n", "C1 = \"CN=Boris Petrov,O=Bank,C=RU\"\n",
@@ -111,8 +112,8 @@ TEST_F(RecipientsJourney, EveryoneMayBeTakenOut) {
         "Operation = \"ENCR\"\nExt num = 1\nC0 = \"CN=Anna Keller,O=Kontor,C=DE\"\n");
     WithTheRule([this] {
         OpenPicker([this] {
-            user_.ClickCheckBox(chosenList, 0);
-            user_.Click(remove);
+            user_.ClickCheckBox(pickid::Chosen, 0);
+            user_.Click(pickid::Remove);
             user_.Click(ui::IdOk);
         });
         EXPECT_EQ(ActionField(), L"0");
@@ -135,7 +136,7 @@ class SignersJourney : public CertificateJourney {
         return rows;
     }
     void Refused(const std::wstring& warning) {
-        user_.ExpectBox(warning, boxes::Hint, ui::IdOk, Title);
+        ExpectHint(warning);
         user_.Click(ui::IdOk);
     }
 
@@ -145,7 +146,7 @@ class SignersJourney : public CertificateJourney {
             AddFromLocalStore();
             Choose({anna, clara});
             Refused(L"No list name");
-            user_.Type(listName, L"chiefs");
+            user_.Type(pickid::Name, L"chiefs");
             user_.Click(ui::IdOk);
         });
     }
@@ -162,9 +163,9 @@ class SignersJourney : public CertificateJourney {
             SearchLdap(16, L"*");
             EXPECT_EQ(Candidates().size(), 6U);
             Choose({ivan});
-            user_.Type(listName, L"chiefs");
+            user_.Type(pickid::Name, L"chiefs");
             Refused(L"List with this name already exists");
-            user_.Type(listName, L"clerks");
+            user_.Type(pickid::Name, L"clerks");
             user_.Click(ui::IdOk);
         });
     }
@@ -172,13 +173,13 @@ class SignersJourney : public CertificateJourney {
         user_.ClickRow(signersid::List, 0);
         PickSigners(signersid::Edit, [this] {
             EXPECT_EQ(user_.Top().Caption(), L"Edit list");
-            EXPECT_EQ(user_.Text(listName), L"chiefs");
+            EXPECT_EQ(user_.Text(pickid::Name), L"chiefs");
             EXPECT_EQ(Chosen(), (Names{clara, anna}));
             AddFromLocalStore();
             Choose({anna});  // may stay where it is
-            user_.Type(listName, L"clerks");
+            user_.Type(pickid::Name, L"clerks");
             Refused(L"List with this name already exists");
-            user_.Type(listName, L"bosses");
+            user_.Type(pickid::Name, L"bosses");
             user_.Click(ui::IdOk);
         });
     }
@@ -201,7 +202,7 @@ TEST_F(SignersJourney, TwoListsThatShareNobodyIntoTheRegistryAndBack) {
         });
         SaveAndLeave();
     });
-    EXPECT_EQ(screen_.modelessCount, 3);  // one context for each picker
+    EXPECT_EQ(screen_.modeless.size(), 3U);  // one context for each picker
     const std::string saved = Dump();
     WithTheRule([this] {
         EXPECT_EQ(ActionField(), L"2");
@@ -212,7 +213,7 @@ TEST_F(SignersJourney, TwoListsThatShareNobodyIntoTheRegistryAndBack) {
                 L"CN=Ivan Orlov,O=Bank,C=RU",
                 ui::Icon::Information, L"Signer list");
             user_.DoubleClickRow(signersid::List, 1);
-            user_.ExpectBox(L"Delete 1 list(s)?", boxes::Question, ui::IdYes, Title);
+            ExpectQuestion(L"Delete 1 list(s)?", ui::IdYes);
             user_.Click(signersid::Delete);
             EXPECT_EQ(Lists(), (std::vector<Names>{{L"bosses", L"2"}}));
             user_.Click(ui::IdCancel);
@@ -259,8 +260,8 @@ TEST_F(SignersJourney, AnEditedListReplacesTheOldOneInTheRegistry) {
             OpenSignerLists([this] {
                 user_.ClickRow(signersid::List, 0);
                 PickSigners(signersid::Edit, [this] {
-                    user_.ClickCheckBox(chosenList, 0);
-                    user_.Click(remove);
+                    user_.ClickCheckBox(pickid::Chosen, 0);
+                    user_.Click(pickid::Remove);
                     user_.Click(ui::IdOk);
                 });
                 user_.Click(ui::IdOk);

@@ -15,9 +15,6 @@ namespace {
 
 class EndOfSession : public MainWindowRulesTest {
   protected:
-    static constexpr int logSettings = 1022, configurations = 32822, aboutCommand = 16, saveCommand = 57603,
-                         addMask = 1124;
-
     // Works in the main window and leaves, whatever has changed.
     void Work(const std::function<void()>& script) {
         Run([&] {
@@ -83,7 +80,7 @@ TEST_F(EndOfSession, IsHeldUpByATickThatIsNotTakenOverYet) {
         user_.ClickCheckBox(id::Rules, 1);
         EXPECT_TRUE(MayEnd()) << "the box is as it was";
         user_.ClickCheckBox(id::Rules, 2);
-        user_.ChooseMenu(saveCommand);
+        user_.ChooseMenu(command::Save);
         EXPECT_TRUE(MayEnd());
     });
 }
@@ -110,8 +107,8 @@ TEST_F(EndOfSession, IsHeldUpByEveryFormWithEdits) {
         ExpectHeldUpWhileOpen<editors::CAddRule>([this] { user_.DoubleClickRow(id::Rules, 0); });
         ExpectHeldUpWhileOpen<editors::CAddProfile>([this] { user_.Click(id::AddProfile); });
         ExpectHeldUpWhileOpen<editors::CAddProfile>([this] { user_.Click(id::EditProfile); });
-        ExpectHeldUpWhileOpen<settings::CConflictDlg>([this] { user_.Click(logSettings); });
-        ExpectHeldUpWhileOpen<settings::CConfigPage>([this] { user_.ChooseMenu(configurations); });
+        ExpectHeldUpWhileOpen<settings::CConflictDlg>([this] { user_.Click(id::LogPath); });
+        ExpectHeldUpWhileOpen<settings::CConfigPage>([this] { user_.ChooseMenu(command::Configurations); });
     });
 }
 
@@ -122,7 +119,7 @@ TEST_F(EndOfSession, IsHeldUpByAFormWhileAnotherIsAboveIt) {
                 EXPECT_FALSE(MayEnd());
                 user_.Click(ui::IdCancel);
             });
-            user_.Click(addMask);
+            user_.Click(ruleid::AddMask);
             EXPECT_FALSE(MayEnd());
             user_.Click(ui::IdCancel);
         });
@@ -136,7 +133,7 @@ TEST_F(EndOfSession, IsNotHeldUpByABoxWithoutEdits) {
             EXPECT_TRUE(MayEnd());
             user_.Click(ui::IdOk);
         });
-        user_.ChooseSystemMenu(aboutCommand);
+        user_.ChooseSystemMenu(command::About);
     });
 }
 

@@ -3,18 +3,8 @@
 namespace tests {
 
 void MainWindowTest::SeedSmallConfiguration() {
-    Seed(R"([HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\1]
-ProfileName = "Office"
-BasePath = "C:\Keys"
-
-[HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\2]
-ProfileName = "Bank"
-BasePath = "C:\Bank"
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice]
-LogPath = "C:\Logs"
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha]
+    Seed(OfficeAndBank);
+    Seed(R"([HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha]
 ZCSProfile = { "Office", "Bank" }
 
 [HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice\Alpha\rules\Rule 0]
@@ -52,13 +42,6 @@ ZCSProfile = { "Bank" }
 Operation = "DELE"
 Descryption = "Delete drafts"
 )");
-}
-
-std::vector<std::wstring> MainWindowTest::RuleColumn(size_t column) const {
-    std::vector<std::wstring> cells;
-    for (size_t row = 0; row < user_.RowCount(id::Rules); ++row)
-        cells.push_back(user_.Row(id::Rules, row).at(column));
-    return cells;
 }
 
 int32_t MainWindowTest::StoredInteger(const std::wstring& path, const std::wstring& name) {

@@ -6,23 +6,24 @@
 
 #include "app/BrisgateDlg.h"
 #include "tests/support/Fixture.h"
+#include "tests/support/Ids.h"
 
 namespace tests {
 
-namespace id {
-inline constexpr int SaveIcon = 1021;
-inline constexpr int SearchCaption = 1120;
-inline constexpr int Search = 1079;
-inline constexpr int ProfileLabel = 1041;
-inline constexpr int CsProfileLabel = 1042;
-inline constexpr int Profiles = 1001;
-inline constexpr int Rules = 1030;
-inline constexpr int Configurations = 1036;
-inline constexpr int OpenProfile = 1053;
-inline constexpr int Save = 1000;
-}  // namespace id
-
 inline constexpr wchar_t ServiceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
+
+// Two store profiles, and where the log is.
+inline constexpr char OfficeAndBank[] = R"([HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\1]
+ProfileName = "Office"
+BasePath = "C:\Keys"
+
+[HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\2]
+ProfileName = "Bank"
+BasePath = "C:\Bank"
+
+[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice]
+LogPath = "C:\Logs"
+)";
 
 class MainWindowTest : public WorldTest {
   protected:
@@ -36,7 +37,7 @@ class MainWindowTest : public WorldTest {
         return app::CBrisgateDlg(services_).DoModal();
     }
     // The cells of one column of the rule list, top to bottom.
-    std::vector<std::wstring> RuleColumn(size_t column) const;
+    std::vector<std::wstring> RuleColumn(size_t column) const { return user_.Column(id::Rules, column); }
     int32_t StoredInteger(const std::wstring& path, const std::wstring& name);
 };
 

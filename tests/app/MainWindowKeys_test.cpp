@@ -43,7 +43,7 @@ TEST_F(MainWindowKeys, AddEditCopyAndDeleteRules) {
     WithRule(1, [&] {
         user_.Press(Key::D, Held::Control);
         EXPECT_EQ(Descriptions(), (Texts{L"a", L"b", L"b", L"c", L"d", L"e"}));
-        user_.ExpectBox(L"Delete 1 rule(s)?", boxes::Question, ui::IdYes);
+        ExpectQuestion(L"Delete 1 rule(s)?", ui::IdYes);
         user_.Press(Key::Delete);
         ExpectRenaming(L"c", L"edited");
         user_.ClickRow(id::Rules, 2);
@@ -113,7 +113,7 @@ TEST_F(MainWindowKeys, TheMenuKeyShowsTheDetailsOfExtra) {
             std::wstring byKey;
             const auto look = [this](std::wstring& text) {
                 user_.Expect<errors::WarningBox>([this, &text](errors::WarningBox& box) {
-                    text = box.Caption() + L": " + user_.Text(1160);
+                    text = box.Caption() + L": " + user_.Text(boxid::WarningText);
                     user_.Press(Key::Escape);
                 });
             };

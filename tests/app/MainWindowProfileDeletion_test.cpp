@@ -53,7 +53,7 @@ TEST_F(MainWindowProfileDeletion, DeletingTheOnlyProfileAsksAndThenRefuses) {
         ExpectDeleteQuestion(L"Beta", ui::IdNo);
         user_.Click(id::DeleteProfile);
         ExpectDeleteQuestion(L"Beta", ui::IdYes);
-        user_.ExpectBox(L"Last profile cannot be deleted.", boxes::Hint, ui::IdOk, Caption);
+        ExpectHint(L"Last profile cannot be deleted.");
         user_.Click(id::DeleteProfile);
         EXPECT_EQ(Profiles(), Texts{L"Beta"});
         EXPECT_EQ(RuleColumn(1), Texts{L"Delete drafts"});
@@ -64,7 +64,7 @@ TEST_F(MainWindowProfileDeletion, DeletingTheOnlyProfileAsksAndThenRefuses) {
     EXPECT_NE(Dump().find("morcelservice\\Beta\\rules\\Rule 0]"), std::string::npos);
     Run([&](CBrisgateDlg&) {
         ExpectDeleteQuestion(L"Beta", ui::IdYes);
-        user_.ExpectBox(L"Last profile cannot be deleted.", boxes::Hint, ui::IdOk);
+        ExpectHint(L"Last profile cannot be deleted.");
         user_.Click(id::DeleteProfile);  // no change
         LeaveUnchanged();
     });
@@ -121,7 +121,9 @@ TEST_F(MainWindowProfileDeletion, WithoutAnOpenedNameTheCommandsThatNeedOneDoNot
         user_.Click(id::Save);
         for (const wchar_t* search : {L"", L"e"}) {
             user_.Type(id::Search, search);
-            for (const int command : app::ProfileCommands()) dialog.UserChoseMenu(command);
+            for (const ui::Menu& menu : dialog.MenuBar())
+                for (const ui::MenuItem& item : menu.items)
+                    if (!item.enabled) dialog.UserChoseMenu(item.command);
         }
         EXPECT_EQ(Profiles(), Texts{L"Alpha"});
         LeaveUnchanged();

@@ -11,17 +11,8 @@ void MainWindowProfilesTest::SeedProfiles(const Texts& names) {
     }
 }
 
-MainWindowProfilesTest::Texts MainWindowProfilesTest::Profiles() const {
-    Texts names;
-    for (size_t row = 0; row < user_.RowCount(id::Profiles); ++row)
-        names.push_back(user_.Row(id::Profiles, row).at(0));
-    return names;
-}
-
 void MainWindowProfilesTest::ExpectProfileCommands(const app::CBrisgateDlg& dialog, bool enabled) {
-    for (const int control :
-         {1023, 1037, 1024, 1025, 1026, 1027, 1028, 1029, 1032, 1033, 1034, 1035, 1041, 1042, 1030})
-        EXPECT_EQ(dialog.Find(control).IsEnabled(), enabled) << control;
+    for (const int control : id::NeedProfile) EXPECT_EQ(dialog.Find(control).IsEnabled(), enabled) << control;
     for (const ui::Menu& menu : dialog.MenuBar())
         for (const ui::MenuItem& item : menu.items) {
             const bool always = menu.title == L"File" || item.command == command::AddProfile;
@@ -29,14 +20,18 @@ void MainWindowProfilesTest::ExpectProfileCommands(const app::CBrisgateDlg& dial
         }
 }
 
-void MainWindowProfilesTest::LeaveChanged() {
-    user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes, boxes::Title);
-    user_.PressCloseBox();
+void MainWindowProfilesTest::DeleteOffice() {
+    ExpectQuestion(
+        L"Rule(s) '1' of profile 'Alpha' are using sertificates of CS profile 'Office'.\r\n"
+        L"Validation of these rules will be nessesary for proper work.\r\n"
+        L"Delete CS profile 'Office' from list?",
+        ui::IdYes);
+    user_.Click(profileid::Delete);
 }
 
 void MainWindowProfilesTest::ExpectNaming(const std::wstring& name) {
     ExpectEditor([this, name](editors::CAddProfile&) {
-        user_.Type(NameField, name);
+        user_.Type(profileid::Name, name);
         user_.Click(ui::IdOk);
     });
 }

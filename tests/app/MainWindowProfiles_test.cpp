@@ -10,8 +10,6 @@ namespace {
 using app::CBrisgateDlg;
 using editors::CAddProfile;
 
-constexpr int csProfileList = 1001, addCsProfile = 1098, deleteCsProfile = 1099;  // of the editor
-
 // A profile that has been added stays closed, although its row may be selected by the program.
 TEST_F(MainWindowProfilesTest, OpeningIsAlsoACommandAndAHiddenButton) {
     Run([&](CBrisgateDlg& dialog) {
@@ -82,8 +80,8 @@ TEST_F(MainWindowProfilesTest, AddingAppendsTheProfileAndKeepsTheOpenedOne) {
             ExpectEditor([&](CAddProfile& editor) {
                 EXPECT_EQ(editor.Caption(), L"Add profile");
                 EXPECT_EQ(editor.Parent(), &dialog);
-                EXPECT_EQ(user_.Get<ui::ListBox>(csProfileList).Items(), Texts{L"Office"});
-                user_.Type(NameField, L"Aaa");
+                EXPECT_EQ(user_.Get<ui::ListBox>(profileid::CsProfiles).Items(), Texts{L"Office"});
+                user_.Type(profileid::Name, L"Aaa");
                 user_.Click(ui::IdOk);
             });
             byMenu ? user_.ChooseMenu(command::AddProfile) : user_.Click(id::AddProfile);
@@ -103,7 +101,7 @@ TEST_F(MainWindowProfilesTest, AddingAppendsTheProfileAndKeepsTheOpenedOne) {
 TEST_F(MainWindowProfilesTest, AddingCanBeGivenUp) {
     Run([&](CBrisgateDlg&) {
         ExpectEditor([&](CAddProfile&) {
-            user_.Type(NameField, L"New");
+            user_.Type(profileid::Name, L"New");
             user_.Press(Key::Escape);
         });
         user_.Click(id::AddProfile);
@@ -118,9 +116,8 @@ TEST_F(MainWindowProfilesTest, TheEditorKnowsTheNamesOfAllProfiles) {
         user_.Click(id::AddProfile);
         ExpectEditor([&](CAddProfile&) {
             for (const wchar_t* taken : {L"Alpha", L"Beta", L"New"}) {
-                user_.Type(NameField, taken);
-                user_.ExpectBox(std::wstring(L"Profile '") + taken + L"' allready exists.", boxes::Hint,
-                                ui::IdOk);
+                user_.Type(profileid::Name, taken);
+                ExpectHint(std::wstring(L"Profile '") + taken + L"' allready exists.");
                 user_.Click(ui::IdOk);
             }
             user_.Press(Key::Escape);
@@ -155,9 +152,9 @@ TEST_F(MainWindowProfilesTest, EditingOpensTheEditorOnTheOpenedProfile) {
             ExpectEditor([&](CAddProfile& editor) {
                 EXPECT_EQ(editor.Caption(), L"Edit profile");
                 EXPECT_EQ(editor.Parent(), &dialog);
-                EXPECT_EQ(user_.Text(NameField), L"Beta");
-                EXPECT_EQ(user_.Get<ui::ListBox>(csProfileList).Items(), Texts{L"Bank"});
-                user_.Type(NameField, L"Other");
+                EXPECT_EQ(user_.Text(profileid::Name), L"Beta");
+                EXPECT_EQ(user_.Get<ui::ListBox>(profileid::CsProfiles).Items(), Texts{L"Bank"});
+                user_.Type(profileid::Name, L"Other");
                 user_.Press(Key::Escape);
             });
         };
@@ -237,12 +234,7 @@ C0 = "CN=Boris"
 )");
     Run([&](CBrisgateDlg&) {
         ExpectEditor([this](CAddProfile&) {
-            user_.ExpectBox(
-                L"Rule(s) '1' of profile 'Alpha' are using sertificates of CS profile 'Office'.\r\n"
-                L"Validation of these rules will be nessesary for proper work.\r\n"
-                L"Delete CS profile 'Office' from list?",
-                boxes::Question, ui::IdYes);
-            user_.Click(deleteCsProfile);
+            DeleteOffice();
             user_.Click(ui::IdOk);
         });
         user_.Click(id::EditProfile);
@@ -259,15 +251,10 @@ C0 = "CN=Boris"
 TEST_F(MainWindowProfilesTest, AStoreProfileTakenOutAndAddedAgainWasRemovedForTheRules) {
     Run([&](CBrisgateDlg&) {
         ExpectEditor([this](CAddProfile&) {
-            user_.ExpectBox(
-                L"Rule(s) '1' of profile 'Alpha' are using sertificates of CS profile 'Office'.\r\n"
-                L"Validation of these rules will be nessesary for proper work.\r\n"
-                L"Delete CS profile 'Office' from list?",
-                boxes::Question, ui::IdYes);
-            user_.Click(deleteCsProfile);
+            DeleteOffice();
             user_.Expect<editors::CAddCSProfDlg>([this](editors::CAddCSProfDlg&) { user_.Click(ui::IdOk); });
-            user_.Click(addCsProfile);
-            EXPECT_EQ(user_.Get<ui::ListBox>(csProfileList).Items(), (Texts{L"Bank", L"Office"}));
+            user_.Click(profileid::Add);
+            EXPECT_EQ(user_.Get<ui::ListBox>(profileid::CsProfiles).Items(), (Texts{L"Bank", L"Office"}));
             user_.Click(ui::IdOk);
         });
         user_.Click(id::EditProfile);
@@ -297,8 +284,7 @@ ZCSProfile = { "Office" }
 )");
     Run([&](CBrisgateDlg&) {
         for (const bool byMenu : {false, true}) {
-            user_.ExpectBox(L"No CS profiles found.", ui::box::Ok | ui::box::ExclamationIcon, ui::IdOk,
-                            L"ZEMA AC QLD Service - configuration");
+            ExpectHint(L"No CS profiles found.");
             byMenu ? user_.ChooseMenu(command::AddProfile) : user_.Click(id::AddProfile);
         }
         EXPECT_EQ(user_.RowCount(id::Profiles), 1U);

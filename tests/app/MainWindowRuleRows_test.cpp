@@ -17,7 +17,7 @@ TEST_F(MainWindowRuleRows, DeleteTakesTheRulesAtTheRowsPositions) {
     Run([&] {
         user_.Type(id::Search, L"d");
         user_.ClickRow(id::Rules, 0);
-        user_.ExpectBox(L"Delete 1 rule(s)?", boxes::Question, ui::IdYes, boxes::Title);
+        ExpectQuestion(L"Delete 1 rule(s)?", ui::IdYes);
         user_.Press(Key::Delete);
         EXPECT_EQ(Descriptions(), Texts{L"d"});
         EXPECT_EQ(AllDescriptions(), (Texts{L"b", L"c", L"d", L"e"}));

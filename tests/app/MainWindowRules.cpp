@@ -12,17 +12,7 @@ constexpr int HashFile = 2;  // in the list of operations
 }  // namespace
 
 void MainWindowRulesTest::SetUp() {
-    Seed(R"([HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\1]
-ProfileName = "Office"
-BasePath = "C:\Keys"
-
-[HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\2]
-ProfileName = "Bank"
-BasePath = "C:\Bank"
-
-[HKEY_LOCAL_MACHINE\SOFTWARE\TALVERON\morcelservice]
-LogPath = "C:\Logs"
-)");
+    Seed(OfficeAndBank);
     configuration_.Profiles.resize(1);
     configuration_.Profiles[0].Name = L"Alpha";
     configuration_.Profiles[0].ZCSProfile = {L"Office", L"Bank"};
@@ -70,15 +60,6 @@ void MainWindowRulesTest::Select(const Rows& rows) {
         user_.ClickRow(id::Rules, row, row == rows[0] ? Held::Nothing : Held::Control);
 }
 
-void MainWindowRulesTest::ExpectLeaveQuestion(int answer) {
-    user_.ExpectBox(boxes::LeaveText, boxes::Question, answer, boxes::Title);
-}
-
-void MainWindowRulesTest::LeaveChanged() {
-    ExpectLeaveQuestion(ui::IdYes);
-    user_.PressCloseBox();
-}
-
 void MainWindowRulesTest::SaveChanged() {
     ExpectLeaveQuestion(ui::IdNo);
     user_.PressCloseBox();
@@ -123,13 +104,8 @@ void MainWindowRulesTest::ExpectNewRule(const std::wstring& description) {
 }
 
 std::wstring MainWindowRulesTest::Put(const std::wstring& name, std::string_view bytes) {
-    const std::wstring path = files_->Folder() + L"\\" + name;
-    platform::FileHandle file{};
-    uint32_t written = 0;
-    EXPECT_EQ(files_->Files().Create(path, file), 0U);
-    EXPECT_EQ(files_->Files().Write(file, std::as_bytes(std::span(bytes)), written), 0U);
-    EXPECT_EQ(files_->Files().Close(file), 0U);
-    return path;
+    files_->Put(files_->Path(name), bytes);
+    return files_->Path(name);
 }
 
 }  // namespace tests

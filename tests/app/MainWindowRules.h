@@ -8,20 +8,10 @@
 
 #include "tests/app/MainWindow.h"
 #include "tests/editors/RuleEditor.h"
+#include "tests/support/MachineWith.h"
 #include "tests/support/TestFiles.h"
 
 namespace tests {
-
-namespace id {
-inline constexpr int AddRule = 1023, CopyRule = 1037, EditRule = 1024, DeleteRule = 1025, MakeFirst = 1026,
-                     MoveUp = 1027, MoveDown = 1028, MakeLast = 1029, ExportRules = 1034, ImportRules = 1035;
-}
-
-namespace command {
-inline constexpr int ImportRules = 32811, ExportRules = 32812, AddRule = 32815, EditRule = 32816,
-                     DeleteRule = 32817, MakeFirst = 32818, MoveUp = 32819, MoveDown = 32820,
-                     MakeLast = 32821, CopyRule = 32828;
-}
 
 // A main window whose profile "Alpha" has the store profiles "Office" and "Bank" and five rules, described
 // "a" to "e", each of which the editor accepts as it is.
@@ -46,9 +36,6 @@ class MainWindowRulesTest : public MainWindowTest {
         byMenu ? user_.ChooseMenu(command) : user_.Click(button);
     }
 
-    void ExpectLeaveQuestion(int answer);
-    void LeaveUnchanged() { user_.PressCloseBox(); }
-    void LeaveChanged();
     // Has the change been noted? Then saves and leaves.
     void SaveChanged();
     // After a command that changed the list: which row is selected and was brought into view, and that the
@@ -71,10 +58,7 @@ class MainWindowRulesTest : public MainWindowTest {
     void Store();  // puts the rules into the registry
 
     const std::unique_ptr<TestFiles> files_ = MakeTestFiles();
-    const platform::Machine machine_{
-        world_->Machine().Registry,       files_->Files(),          world_->Machine().CodePage,
-        world_->Machine().SystemMessages, world_->Machine().Clock,  world_->Machine().InstanceLock,
-        world_->Machine().ScreenMetrics,  world_->Machine().Memory, world_->Machine().CryptoLibrary};
+    const platform::Machine machine_ = MachineWith(world_->Machine(), {.Files = &files_->Files()});
     PreparedCertificates certificates_{*world_};
     const config::Services filesAndAll_{machine_, certificates_, reporter_, store_};
     config::Configuration configuration_;

@@ -36,15 +36,15 @@ TEST_F(MainWindowRulesTest, ACopyIsTheSameInEveryField) {
 TEST_F(MainWindowRulesTest, DeleteAsksAndRemovesTheSelectedRules) {
     Run([&] {
         Select({0, 2, 3});
-        user_.ExpectBox(L"Delete 3 rule(s)?", boxes::Question, ui::IdNo, boxes::Title);
+        ExpectQuestion(L"Delete 3 rule(s)?", ui::IdNo);
         user_.Click(id::DeleteRule);
         EXPECT_EQ(Descriptions().size(), 5U);
-        user_.ExpectBox(L"Delete 3 rule(s)?", boxes::Question, ui::IdYes, boxes::Title);
+        ExpectQuestion(L"Delete 3 rule(s)?", ui::IdYes);
         user_.ChooseMenu(command::DeleteRule);
         EXPECT_EQ(Descriptions(), (Texts{L"b", L"e"}));
         ExpectNoneSelected();
         Select({1});
-        user_.ExpectBox(L"Delete 1 rule(s)?", boxes::Question, ui::IdYes, boxes::Title);
+        ExpectQuestion(L"Delete 1 rule(s)?", ui::IdYes);
         user_.Press(Key::Delete);
         EXPECT_EQ(Descriptions(), Texts{L"b"});
         LeaveChanged();
@@ -54,12 +54,12 @@ TEST_F(MainWindowRulesTest, DeleteAsksAndRemovesTheSelectedRules) {
 TEST_F(MainWindowRulesTest, AfterDeletingTheKeyboardGoesOnWhereTheRulesWere) {
     Run([&] {
         Select({1, 2});
-        user_.ExpectBox(L"Delete 2 rule(s)?", boxes::Question, ui::IdYes);
+        ExpectQuestion(L"Delete 2 rule(s)?", ui::IdYes);
         user_.Press(Key::Delete);
         EXPECT_EQ(List().FocusedRow(), 1U);
         ExpectNoneSelected();
         Select({2});
-        user_.ExpectBox(L"Delete 1 rule(s)?", boxes::Question, ui::IdYes);
+        ExpectQuestion(L"Delete 1 rule(s)?", ui::IdYes);
         user_.Press(Key::Delete);
         EXPECT_EQ(List().FocusedRow(), 1U);
         ExpectNoneSelected();

@@ -13,7 +13,7 @@ using config::Rule;
 using config::ServiceProfile;
 using tests::FileCall;
 using tests::Journal;
-using Box = tests::WatchedScreen::Box;
+using Box = tests::RecordingScreen::Box;
 using tests::Record;
 namespace code = platform::code;
 namespace field = tests::field;
@@ -137,11 +137,7 @@ TEST_F(ProfileExchange, RecordsTooShortForARuleCountAsAnImportOfNothing) {
 TEST_F(ProfileExchange, AFailedImportIsReportedAndChangesNothing) {
     Put(file_, tests::FullRecord);
     const ServiceProfile before = profile_;
-    const std::pair<FileCall, std::wstring> cases[] = {{FileCall::Open, L"Opening file "},
-                                                       {FileCall::Size, L"Getting size of file "},
-                                                       {FileCall::Read, L"Reading file "},
-                                                       {FileCall::Close, L"Closing file "}};
-    for (const auto& [step, operation] : cases) {
+    for (const auto& [step, operation, journal] : tests::ReadingSteps) {
         watched_.faults = {{step, Fault}};
         EXPECT_FALSE(Import(file_));
         ExpectReported(operation + file_, Fault);
@@ -155,10 +151,7 @@ TEST_F(ProfileExchange, AFailedImportIsReportedAndChangesNothing) {
 }
 
 TEST_F(ProfileExchange, AFailedExportIsReported) {
-    const std::pair<FileCall, std::wstring> cases[] = {{FileCall::Create, L"Creating file "},
-                                                       {FileCall::Write, L"Writing file "},
-                                                       {FileCall::Close, L"Closing file "}};
-    for (const auto& [step, operation] : cases) {
+    for (const auto& [step, operation, journal] : tests::WritingSteps) {
         watched_.faults = {{step, Fault}};
         Export(file_);
         ExpectReported(operation + file_, Fault);
@@ -189,7 +182,7 @@ TEST_F(ProfileExchange, AUserCarriesRulesFromOneProfileToAnother) {
     user_.ExpectFilePicker(ui::FilePickerKind::Open, file_);
     EXPECT_TRUE(app::ImportRules(services, nullptr, other));
     EXPECT_EQ(other.Rules, profile_.Rules);
-    user_.ExpectBox(L"Profile contains no rules.", ui::box::Ok | ui::box::ExclamationIcon, ui::IdOk);
+    ExpectHint(L"Profile contains no rules.");
     app::ExportRules(services, nullptr, ServiceProfile());
 }
 

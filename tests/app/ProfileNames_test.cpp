@@ -19,11 +19,11 @@ class ProfileNames : public MainWindowTest {
         SeedSmallConfiguration();
         Run([&](CBrisgateDlg&) {
             user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) {
-                user_.Paste(1037, name);
-                user_.Click(1076);
+                user_.Paste(profileid::Name, name);
+                user_.Click(profileid::VerifyFile);
                 user_.Click(ui::IdOk);
             });
-            user_.Click(1031);
+            user_.Click(id::AddProfile);
             EXPECT_EQ(user_.Row(id::Profiles, 2), Texts{name});
             user_.Click(ui::IdOk);
         });
@@ -63,10 +63,10 @@ TEST_F(ProfileNames, ABackslashNeverGetsIntoAName) {
     SeedSmallConfiguration();
     Run([&](CBrisgateDlg&) {
         user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) {
-            user_.Type(1037, L"A\\B");
+            user_.Type(profileid::Name, L"A\\B");
             user_.Click(ui::IdOk);
         });
-        user_.Click(1031);
+        user_.Click(id::AddProfile);
         EXPECT_EQ(user_.Row(id::Profiles, 2), Texts{L"AB"});
         user_.Click(id::Save);
         user_.PressCloseBox();
@@ -79,10 +79,10 @@ TEST_F(ProfileNames, OneThatDiffersOnlyInCaseIsAskedAbout) {
     const std::string before = Dump();
     Run([&](CBrisgateDlg&) {
         user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) {
-            user_.Type(1037, L"bETA");
+            user_.Type(profileid::Name, L"bETA");
             user_.Click(ui::IdOk);
         });
-        user_.Click(1031);
+        user_.Click(id::AddProfile);
         user_.ExpectBox(
             L"Some texts cannot be read back once they are saved:\r\n"
             L"\r\nProfile 'bETA', Name: differs from another name at most in case"
@@ -90,7 +90,7 @@ TEST_F(ProfileNames, OneThatDiffersOnlyInCaseIsAskedAbout) {
             boxes::Risk, ui::IdNo);
         user_.Click(id::Save);
         EXPECT_EQ(Dump(), before);
-        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
+        ExpectLeaveQuestion(ui::IdYes);
         user_.PressCloseBox();
     });
     EXPECT_EQ(Listed(), (Texts{L"Alpha", L"Beta"}));
@@ -101,13 +101,12 @@ TEST_F(ProfileNames, TooLongANameNeverReachesTheRegistry) {
     const std::string before = Dump();
     Run([&](CBrisgateDlg&) {
         user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) {
-            user_.Paste(1037, std::wstring(260, L'x'));
-            user_.ExpectBox(L"Profile name cannot be longer than 15 symbols.",
-                            ui::box::Ok | ui::box::ExclamationIcon, ui::IdOk);
+            user_.Paste(profileid::Name, std::wstring(260, L'x'));
+            ExpectHint(L"Profile name cannot be longer than 15 symbols.");
             user_.Click(ui::IdOk);
             user_.Click(ui::IdCancel);
         });
-        user_.Click(1031);
+        user_.Click(id::AddProfile);
         user_.PressCloseBox();
     });
     EXPECT_EQ(Dump(), before);
@@ -117,11 +116,11 @@ TEST_F(ProfileNames, ARenamedProfileTakesItsRulesAndSettingsAlong) {
     SeedSmallConfiguration();
     Run([&](CBrisgateDlg&) {
         user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) {
-            user_.Type(1037, L"Omega");
-            user_.Click(1093);
+            user_.Type(profileid::Name, L"Omega");
+            user_.Click(profileid::RenameConfFiles);
             user_.Click(ui::IdOk);
         });
-        user_.Click(1032);
+        user_.Click(id::EditProfile);
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(Listed(), (Texts{L"Beta", L"Omega"}));
@@ -143,8 +142,8 @@ ServerTSP = { "http://tsp", "0" }
     const std::string before = Dump();
     Run([&](CBrisgateDlg&) {
         user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) {
-            user_.Choose(1001, 2);
-            user_.Choose(1001, 1);
+            user_.Choose(profileid::CsProfiles, 2);
+            user_.Choose(profileid::CsProfiles, 1);
             user_.Click(ui::IdOk);
         });
         user_.DoubleClickRow(id::Profiles, 1);

@@ -5,8 +5,6 @@
 namespace tests {
 namespace {
 
-constexpr int storeProfiles = 1051;  // the rule editor's list of them
-
 class SelectedStoreProfile : public CertificateJourney {
   protected:
     // Three store profiles; no list has the same value for the second as for another.
@@ -42,7 +40,7 @@ class SelectedStoreProfile : public CertificateJourney {
                 script();
                 user_.Click(ui::IdCancel);
             });
-            user_.DoubleClickRow(mainid::Rules, 0);
+            user_.DoubleClickRow(id::Rules, 0);
             user_.PressCloseBox();
         });
         app::CBrisgateDlg(services_).DoModal();
@@ -53,7 +51,7 @@ TEST_F(SelectedStoreProfile, OpensTheContextAndFillsThePicker) {
     SeedThree(onlyTheSecondIsQuiet, "ENCR");
     InTheEditor([this] {
         OpenPicker([this] {
-            EXPECT_FALSE(user_.CanUse(fromLdap));
+            EXPECT_FALSE(user_.CanUse(pickid::FromLdap));
             user_.Click(ui::IdCancel);
         });
     });
@@ -73,7 +71,7 @@ TEST_F(SelectedStoreProfile, IsProbedAndRefreshedInItsOwnTime) {
             clock_.Advance(seconds);
             library_.ForgetCalls();
             OpenPicker([&] {
-                EXPECT_TRUE(user_.CanUse(fromLdap));
+                EXPECT_TRUE(user_.CanUse(pickid::FromLdap));
                 EXPECT_EQ(library_.Calls(), calls);
                 user_.Click(ui::IdCancel);
             });
@@ -84,14 +82,14 @@ TEST_F(SelectedStoreProfile, IsProbedAndRefreshedInItsOwnTime) {
 TEST_F(SelectedStoreProfile, IsTheOneChosenInTheEditor) {
     SeedThree(onlyTheSecondIsQuiet, "CHCK");
     InTheEditor([this] {
-        user_.Choose(storeProfiles, 2);
+        user_.Choose(ruleid::StoreProfile, 2);
         OpenSignerLists([this] {
             user_.Expect<certs::CPreEncryptDlg>(
                 [this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
             user_.Click(signersid::Add);
             user_.Click(ui::IdCancel);
         });
-        user_.Choose(storeProfiles, 1);
+        user_.Choose(ruleid::StoreProfile, 1);
         OpenSignerLists([this] {
             user_.Expect<certs::CPreEncryptDlg>(
                 [this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });

@@ -11,9 +11,6 @@ using app::CBrisgateDlg;
 using settings::CConfigPage;
 using settings::CConflictDlg;
 
-constexpr int logPathButton = 1022;
-constexpr int logPathCommand = 32787;
-constexpr int configurationsCommand = 32822;
 class SettingsCommandsTest : public SettingsTest {
   protected:
     void SetUp() override { SeedSmallConfiguration(); }
@@ -57,7 +54,7 @@ TEST_F(SettingsCommandsTest, LogSettingsAreTakenOverSavedAndLoadedAgain) {
                 user_.Paste(logid::Size, size);
                 user_.Press(Key::Enter);
             });
-            byMenu ? user_.ChooseMenu(logPathCommand) : user_.Click(logPathButton);
+            byMenu ? user_.ChooseMenu(command::LogPath) : user_.Click(id::LogPath);
             user_.Click(id::Save);
             user_.PressCloseBox();
         });
@@ -69,7 +66,7 @@ TEST_F(SettingsCommandsTest, LogSettingsAreTakenOverSavedAndLoadedAgain) {
                 EXPECT_EQ(user_.Text(logid::Size), size);
                 user_.Press(Key::Escape);
             });
-            user_.Click(logPathButton);
+            user_.Click(id::LogPath);
             user_.PressCloseBox();
         });
     }
@@ -78,8 +75,8 @@ TEST_F(SettingsCommandsTest, LogSettingsAreTakenOverSavedAndLoadedAgain) {
 TEST_F(SettingsCommandsTest, OkInTheLogSettingsCountsAsAChangeEvenWithoutOne) {
     RunMain([&](CBrisgateDlg&) {
         ExpectLogSettings([&](CConflictDlg&) { user_.Click(ui::IdOk); });
-        user_.Click(logPathButton);
-        AskToLeave(ui::IdYes);
+        user_.Click(id::LogPath);
+        ExpectLeaveQuestion(ui::IdYes);
         user_.PressCloseBox();
     });
 }
@@ -94,7 +91,7 @@ TEST_F(SettingsCommandsTest, GivenUpLogSettingsLeaveEverythingAsItWas) {
                 user_.Paste(logid::Size, L"500");
                 leave == 0 ? user_.Click(ui::IdCancel) : user_.PressCloseBox();
             });
-            user_.ChooseMenu(logPathCommand);
+            user_.ChooseMenu(command::LogPath);
         }
         user_.PressCloseBox();  // without a question
     });
@@ -106,13 +103,13 @@ TEST_F(SettingsCommandsTest, TheDialogOpensWithTheValuesTakenOverLast) {
             user_.Paste(logid::Size, L"900");
             user_.Click(ui::IdOk);
         });
-        user_.Click(logPathButton);
+        user_.Click(id::LogPath);
         ExpectLogSettings([&](CConflictDlg&) {
             EXPECT_EQ(user_.Text(logid::Size), L"900");
             user_.Click(ui::IdCancel);
         });
-        user_.Click(logPathButton);
-        AskToLeave(ui::IdYes);  // giving up later does not undo what was taken over
+        user_.Click(id::LogPath);
+        ExpectLeaveQuestion(ui::IdYes);  // giving up later does not undo what was taken over
         user_.PressCloseBox();
     });
 }
@@ -124,7 +121,7 @@ TEST_F(SettingsCommandsTest, AStoredSizeThatIsTooSmallOpensAs400) {
             EXPECT_EQ(user_.Text(logid::Size), L"400");
             user_.Click(ui::IdOk);
         });
-        user_.Click(logPathButton);
+        user_.Click(id::LogPath);
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(StoredInteger(ServiceRoot, L"Log filesize"), 400);
@@ -145,7 +142,7 @@ TEST_F(SettingsCommandsTest, ExtensionsAreTakenOverSavedAndLoadedAgain) {
             user_.Click(extid::Apply);
             user_.Click(ui::IdOk);
         });
-        user_.ChooseMenu(configurationsCommand);
+        user_.ChooseMenu(command::Configurations);
         user_.Click(id::Save);
         user_.PressCloseBox();
     });
@@ -158,7 +155,7 @@ TEST_F(SettingsCommandsTest, ExtensionsAreTakenOverSavedAndLoadedAgain) {
             EXPECT_EQ(user_.Get<ui::ListBox>(extid::Additional).Items(), (Texts{L"edi", L"zz", L"\x4E2D"}));
             user_.Click(ui::IdCancel);
         });
-        user_.ChooseMenu(configurationsCommand);
+        user_.ChooseMenu(command::Configurations);
         user_.PressCloseBox();
     });
 }
@@ -168,10 +165,10 @@ TEST_F(SettingsCommandsTest, AnEmptyExtensionTakenOverByOkIsSaved) {
         ExpectExtensions([&](CConfigPage&) {
             user_.Type(extid::Signed, L"");
             AddExtension(L"lost");
-            AskToLeave(ui::IdYes);
+            ExpectLeaveQuestion(ui::IdYes);
             user_.Click(ui::IdOk);
         });
-        user_.ChooseMenu(configurationsCommand);
+        user_.ChooseMenu(command::Configurations);
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(Stored(L"SigExt"), L"");
@@ -181,8 +178,8 @@ TEST_F(SettingsCommandsTest, AnEmptyExtensionTakenOverByOkIsSaved) {
 TEST_F(SettingsCommandsTest, OkInTheExtensionsCountsAsAChangeEvenWithoutOne) {
     RunMain([&](CBrisgateDlg&) {
         ExpectExtensions([&](CConfigPage&) { user_.Click(ui::IdOk); });
-        user_.ChooseMenu(configurationsCommand);
-        AskToLeave(ui::IdYes);
+        user_.ChooseMenu(command::Configurations);
+        ExpectLeaveQuestion(ui::IdYes);
         user_.PressCloseBox();
     });
 }
@@ -198,7 +195,7 @@ TEST_F(SettingsCommandsTest, GivenUpExtensionsLeaveEverythingAsItWas) {
                 user_.Click(extid::Apply);
                 user_.Press(Key::Escape);
             });
-            user_.ChooseMenu(configurationsCommand);
+            user_.ChooseMenu(command::Configurations);
         }
         user_.PressCloseBox();  // without a question
     });

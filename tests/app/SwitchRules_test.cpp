@@ -1,7 +1,14 @@
-// Switching rules on and off by the check boxes of their rows.
+// Switching rules on and off by the check boxes of their rows, also where a command comes before the list is
+// left.
+#include <gtest/gtest.h>
+
+#include <functional>
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "app/RuleList.h"
+#include "editors/AddProfile.h"
 #include "tests/app/MainWindowRules.h"
 
 namespace tests {
@@ -145,12 +152,11 @@ TEST_F(MainWindowSwitches, ARuleWithoutAnOperationKeepsItsSwitch) {
 
 // Deleting a profile empties the list, though the name of another one counts as opened.
 TEST_F(MainWindowSwitches, RulesThatAreNotListedAreNotSwitched) {
-    constexpr int deleteProfile = 1033;
     configuration_.Profiles.emplace_back().Name = L"Aaa";
     rules_[2].IsOn = 0;
     Run([&] {
-        user_.ExpectBox(L"Delete profile 'Aaa'?", boxes::Question, ui::IdYes);
-        user_.Click(deleteProfile);
+        ExpectQuestion(L"Delete profile 'Aaa'?", ui::IdYes);
+        user_.Click(id::DeleteProfile);
         EXPECT_EQ(List().RowCount(), 0U);
         List().UserLeft();
         user_.Click(ui::IdOk);
@@ -159,13 +165,12 @@ TEST_F(MainWindowSwitches, RulesThatAreNotListedAreNotSwitched) {
 }
 
 TEST_F(MainWindowSwitches, WithoutAnOpenedProfileThereIsNothingToSwitch) {
-    constexpr int deleteProfile = 1033;
     configuration_.Profiles.emplace_back().Name = L"Beta";
     rules_[2].IsOn = 2;
     Run([&] {
         user_.ClickRow(id::Profiles, 1);
-        user_.ExpectBox(L"Delete profile 'Beta'?", boxes::Question, ui::IdYes);
-        user_.Click(deleteProfile);
+        ExpectQuestion(L"Delete profile 'Beta'?", ui::IdYes);
+        user_.Click(id::DeleteProfile);
         EXPECT_EQ(user_.Text(id::ProfileLabel), L"Profile: ");
         List().UserLeft();
         user_.Type(id::Search, L"a");  // fills the list, with nothing
@@ -173,6 +178,106 @@ TEST_F(MainWindowSwitches, WithoutAnOpenedProfileThereIsNothingToSwitch) {
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(StoredSwitches(), (std::vector<int32_t>{1, 1, 2, 1, 1}));
+}
+
+class NewTicks : public MainWindowRulesTest {
+  protected:
+    bool IsOn(size_t rule) { return StoredRules().at(rule).IsOn != 0; }
+    void SaveAll() { user_.ChooseMenu(command::Save); }
+    // In a main window of its own: clears the first rule's box, gives the command and leaves.
+    void After(const char* what, const std::function<void()>& command) {
+        SCOPED_TRACE(what);
+        SetUp();
+        Run([&] {
+            user_.ClickCheckBox(id::Rules, 0);
+            command();
+        });
+    }
+};
+
+TEST_F(NewTicks, AreSavedByEveryWayToSave) {
+    After("Save in the menu", [&] {
+        SaveAll();
+        LeaveUnchanged();
+    });
+    EXPECT_FALSE(IsOn(0));
+    After("Enter", [&] { user_.Press(Key::Enter); });
+    EXPECT_FALSE(IsOn(0));
+    After("Save", [&] {
+        user_.Click(id::Save);
+        LeaveUnchanged();
+    });
+    EXPECT_FALSE(IsOn(0));
+}
+
+TEST_F(NewTicks, AreAskedAboutByEveryWayOut) {
+    const std::vector<std::function<void()>> waysOut{
+        [&] { user_.Press(Key::Escape); }, [&] { user_.PressCloseBox(); },
+        [&] { user_.ChooseMenu(command::Exit); }, [&] { user_.Click(ui::IdCancel); }};
+    for (const auto& leave : waysOut) {
+        After("a way out", [&] {
+            ExpectLeaveQuestion(ui::IdNo);
+            leave();
+            ExpectLeaveQuestion(ui::IdYes);
+            leave();
+        });
+        EXPECT_TRUE(IsOn(0)) << "nothing was saved";
+    }
+}
+
+TEST_F(NewTicks, AreInTheListThatACommandFillsAnew) {
+    const std::vector<std::function<void()>> commands{
+        [&] { user_.ChooseMenu(command::CopyRule); },
+        [&] { user_.ChooseMenu(command::MoveDown); },
+        [&] { user_.ChooseMenu(command::MakeLast); },
+        [&] {
+            ExpectQuestion(L"Delete 1 rule(s)?", ui::IdYes);
+            user_.Press(Key::Delete);
+        },
+        [&] {
+            ExpectRenaming(L"c", L"edited");
+            user_.DoubleClickRow(id::Rules, 2);
+        },
+    };
+    for (const auto& command : commands) {
+        After("a command", [&] {
+            user_.ClickRow(id::Rules, 2);
+            command();
+            EXPECT_FALSE(List().IsChecked(0));
+            SaveAll();
+            LeaveUnchanged();
+        });
+        EXPECT_FALSE(IsOn(0));
+    }
+}
+
+// Then boxes stand for other rules than those beside which they are seen.
+TEST_F(NewTicks, UnderASearchCountOnceTheListIsLeft) {
+    Run([&] {
+        user_.Type(id::Search, L"c");
+        user_.ClickCheckBox(id::Rules, 0);
+        SaveAll();
+        EXPECT_TRUE(IsOn(0));
+        EXPECT_TRUE(IsOn(2));
+        user_.Click(id::Search);
+        SaveAll();
+        EXPECT_FALSE(IsOn(0));
+        EXPECT_TRUE(IsOn(2));
+        LeaveUnchanged();
+    });
+}
+
+// The list is left for the editor, whose copy of the rules comes back.
+TEST_F(NewTicks, UnderASearchAreNotLostToTheProfileEditor) {
+    Run([&] {
+        user_.Type(id::Search, L"c");
+        user_.ClickCheckBox(id::Rules, 0);
+        user_.Expect<editors::CAddProfile>([&](editors::CAddProfile&) { user_.Click(ui::IdOk); });
+        user_.ChooseMenu(command::EditProfile);
+        SaveAll();
+        EXPECT_FALSE(IsOn(0));
+        LeaveUnchanged();
+    });
 }
 
 }  // namespace

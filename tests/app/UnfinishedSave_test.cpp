@@ -28,7 +28,7 @@ class UnfinishedSave : public tests::MainWindowTest {
     std::string Trees() { return demo::DumpRegistry(world_->Registry()); }
     void DeleteTheFirstRule() {
         user_.ClickRow(id::Rules, 0);
-        user_.ExpectBox(L"Delete 1 rule(s)?", tests::boxes::Question, ui::IdYes);
+        ExpectQuestion(L"Delete 1 rule(s)?", ui::IdYes);
         user_.Press(Key::Delete);
     }
     // The tree as it is once the first rule has been deleted and all has been saved.
@@ -128,10 +128,10 @@ TEST_F(UnfinishedSave, ARecordThatCannotBeReadStaysUntilTheNextSave) {
                                        std::byte{2}};
     tests::RecordKey(world_->Registry()).Set(tests::RecordName, {type, later});
     const std::string before = Trees();
-    user_.ExpectBox(unreadable, tests::boxes::Hint, ui::IdOk);
+    ExpectHint(unreadable);
     JustLook(3);
     EXPECT_EQ(Trees(), before);
-    user_.ExpectBox(unreadable, tests::boxes::Hint, ui::IdOk);
+    ExpectHint(unreadable);
     Run([&](app::CBrisgateDlg&) {
         user_.Click(id::Save);
         user_.PressCloseBox();
@@ -158,7 +158,7 @@ TEST_F(UnfinishedSave, WhereTheEarlierRecordCanNeitherBeReplacedNorRemovedNothin
         user_.Click(id::Save);
         world_->Registry().NoFaults();
         EXPECT_EQ(Trees(), before);
-        user_.ExpectBox(tests::boxes::LeaveText, tests::boxes::Question, ui::IdYes);
+        ExpectLeaveQuestion(ui::IdYes);
         user_.PressCloseBox();
     });
 }

@@ -47,7 +47,7 @@ class UnreadableSave : public MainWindowRulesTest {
 TEST_F(UnreadableSave, NoSavesNothingAndTheChangesStayUnsaved) {
     for (const auto& save : {std::function<void()>([&] { user_.Click(id::Save); }),
                              std::function<void()>([&] { user_.Click(id::SaveIcon); }),
-                             std::function<void()>([&] { user_.ChooseMenu(57603); })}) {
+                             std::function<void()>([&] { user_.ChooseMenu(command::Save); })}) {
         Run([&] {
             Import();
             ExpectQuestion(ui::IdNo);
@@ -109,10 +109,10 @@ TEST_F(UnreadableSave, ATickMadeBeforeIsKept) {
         Import();
         user_.ClickCheckBox(id::Rules, 0);
         ExpectQuestion(ui::IdNo);
-        user_.ChooseMenu(57603);
+        user_.ChooseMenu(command::Save);
         EXPECT_FALSE(List().IsChecked(0));
         ExpectQuestion(ui::IdYes);
-        user_.ChooseMenu(57603);
+        user_.ChooseMenu(command::Save);
         LeaveUnchanged();
     });
     EXPECT_NE(Dump().find("Is on = 0"), std::string::npos);

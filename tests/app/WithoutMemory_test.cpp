@@ -22,10 +22,7 @@ class WithoutMemoryTest : public MainWindowRulesTest {
         Start();
     }
     void Start() {
-        platform::Machine& real = world_->Machine();
-        const platform::Machine machine{real.Registry,       real.Files,  real.CodePage,
-                                        real.SystemMessages, real.Clock,  lock_,
-                                        real.ScreenMetrics,  real.Memory, real.CryptoLibrary};
+        const platform::Machine machine = MachineWith(world_->Machine(), {.InstanceLock = &lock_});
         platform::memory::MemoryGuide guide;
         app::CBrisgateApp(machine, world_->Screen(), guide).InitInstance();
     }
@@ -36,18 +33,15 @@ class WithoutMemoryTest : public MainWindowRulesTest {
             return 0;
         });
     }
-    void ExpectCommandEnded() {
-        user_.ExpectBox(commandEnded, ui::box::Ok | ui::box::ErrorIcon, ui::IdOk, Caption);
-    }
+    void ExpectCommandEnded() { user_.ExpectBox(commandEnded, boxes::Report, ui::IdOk, boxes::Title); }
 
     platform::memory::MemoryInstanceLock lock_;
-    static constexpr wchar_t Caption[] = L"ZEMA AC QLD Service - configuration";
 };
 
 TEST_F(WithoutMemoryTest, TheProgramEndsWhenItCannotLoad) {
     Store();
     RunOutAt(RegistryCall::Query, L"\\Handler timeout");
-    user_.ExpectBox(programEnds, ui::box::Ok | ui::box::ErrorIcon, ui::IdOk, Caption);
+    user_.ExpectBox(programEnds, boxes::Report, ui::IdOk, boxes::Title);
     Start();
 }
 

@@ -119,19 +119,7 @@ TEST_F(GroupsFile, APathBeyondTheCodePageCannotBeRead) {
 
 TEST_F(GroupsFile, EveryFailureOfReadingIsReportedOnceAndTheFileClosed) {
     Put(file_, "CN=A\r\n");
-    const std::tuple<FileCall, std::wstring, Journal> cases[] = {
-        {FileCall::Open, L"Opening file ", {"open", "box"}},
-        {FileCall::Size, L"Getting size of file ", {"open", "size", "box", "close"}},
-        {FileCall::Read, L"Reading file ", {"open", "size", "read", "box", "close"}},
-        {FileCall::Close, L"Closing file ", {"open", "size", "read", "close", "box"}},
-    };
-    for (const auto& [step, operation, journal] : cases) {
-        watched_.faults = {{step, Fault}};
-        EXPECT_EQ(Read(file_), std::nullopt);
-        ExpectReported(operation + file_, Fault);
-        EXPECT_EQ(TakeJournal(), journal);
-        EXPECT_EQ(watched_.openFiles, 0);
-    }
+    ExpectEachFailureOfReadingReported(file_, [this] { return Read(file_).has_value(); });
 }
 
 TEST_F(GroupsFile, AFileBeyondMemoryIsAFailedRead) {

@@ -87,7 +87,7 @@ TEST_F(PickerAccept, AFailedSearchStops) {
 
 TEST_F(PickerAccept, ASignerListNeedsAName) {
     const auto result = PickSigners(L"", {L"CN=A"}, [this](CPreEncryptDlg& picker) {
-        ExpectWarning(L"No list name");
+        ExpectHint(L"No list name");
         user_.Click(ui::IdOk);
         EXPECT_FALSE(picker.HasEnded());
         EXPECT_EQ(picker.Focus()->Id(), pickid::Name);
@@ -103,7 +103,7 @@ TEST_F(PickerAccept, ASignerListNeedsANameOfItsOwn) {
     lists_ = {{L"chiefs", {}}, {L"own", {L"CN=A"}}};
     const auto result = PickSigners(L"own", {L"CN=A"}, [this](CPreEncryptDlg& picker) {
         user_.Type(pickid::Name, L"chiefs");
-        ExpectWarning(L"List with this name already exists");
+        ExpectHint(L"List with this name already exists");
         user_.Click(ui::IdOk);
         EXPECT_FALSE(picker.HasEnded());
         EXPECT_TRUE(search_.asked.empty());
@@ -139,13 +139,13 @@ TEST_F(PickerAccept, ASignerListNeedsAMember) {
     search_.withoutCertificate = {L"CN=A"};
     PickSigners(L"own", {L"CN=A"}, [this](CPreEncryptDlg& picker) {
         ExpectQuestion(Missing(L"CN=A"), ui::IdYes);
-        ExpectWarning(L"No users selected.");
+        ExpectHint(L"No users selected.");
         user_.Click(ui::IdOk);
         EXPECT_FALSE(picker.HasEnded());
         EXPECT_EQ(Shown(pickid::Chosen), Names{L"CN=A"});
         Check(pickid::Chosen, {0});
         user_.Click(pickid::Remove);
-        ExpectWarning(L"No users selected.");
+        ExpectHint(L"No users selected.");
         user_.Click(ui::IdOk);
         EXPECT_FALSE(picker.HasEnded());
         Leave();

@@ -211,7 +211,7 @@ TEST_F(PickerLists, SignersOfOtherListsAreExcluded) {
             EXPECT_EQ(box.Parent(), &picker);
             EXPECT_EQ(box.Caption(), L"Warning:");
             EXPECT_EQ(box.Icon(), ui::Icon::Warning);
-            EXPECT_EQ(user_.Text(1160),
+            EXPECT_EQ(user_.Text(boxid::WarningText),
                       L"Following signers are used in other lists and had been excluded:\r\n\r\n"
                       L"Signer\r\n\"CN=B\"\r\nis used in list\r\n\"chiefs\"\r\n\r\n"
                       L"Signer\r\n\"CN=D\"\r\nis used in list\r\n\"\"\r\n\r\n");

@@ -19,7 +19,7 @@ class PickerSources : public CertsTest {
             user_.Type(pickid::FilterSample, sample);
             user_.Press(Key::Enter);
         });
-        if (outcome == Outcome::Nothing) ExpectWarning(L"No certificates found for your request");
+        if (outcome == Outcome::Nothing) ExpectHint(L"No certificates found for your request");
         user_.Click(pickid::FromLdap);
     }
     void OpenGroup(const std::optional<std::wstring>& path) {
@@ -158,11 +158,7 @@ TEST_F(PickerSources, AGroupsFileThatCannotBeReadAddsNothing) {
     PickRecipients({}, [this](CPreEncryptDlg&) {
         AddLocal({L"CN=A"});
         Check(pickid::Candidates, {0});
-        const std::pair<FileCall, std::wstring> cases[] = {{FileCall::Open, L"Opening file "},
-                                                           {FileCall::Size, L"Getting size of file "},
-                                                           {FileCall::Read, L"Reading file "},
-                                                           {FileCall::Close, L"Closing file "}};
-        for (const auto& [step, operation] : cases) {
+        for (const auto& [step, operation, journal] : ReadingSteps) {
             watched_.faults = {{step, Fault}};
             user_.ExpectFilePicker(FilePickerKind::Open, file_);
             ExpectReport(operation + file_, Fault);
@@ -240,12 +236,12 @@ TEST_F(PickerSources, OnlyShownRowsAreSaved) {
 TEST_F(PickerSources, SavingNeedsACheckedRow) {
     PickRecipients({}, [this](CPreEncryptDlg&) {
         AddLocal({L"CN=A"});
-        ExpectWarning(L"No users selected.");
+        ExpectHint(L"No users selected.");
         user_.Click(pickid::Save);
         Leave();
     });
     PickSigners(L"", {}, [this](CPreEncryptDlg&) {
-        ExpectWarning(L"No signers selected.");
+        ExpectHint(L"No signers selected.");
         user_.Click(pickid::Save);
         Leave();
     });
@@ -258,11 +254,8 @@ TEST_F(PickerSources, AFileThatCannotBeWrittenIsReported) {
     PickRecipients({}, [this](CPreEncryptDlg&) {
         AddLocal({L"CN=A"});
         Check(pickid::Candidates, {0});
-        const std::pair<FileCall, std::wstring> cases[] = {{FileCall::Create, L"Creating file "},
-                                                           {FileCall::Write, L"Writing file "},
-                                                           {FileCall::Close, L"Closing file "}};
         std::wstring proposal = Path(L"New group.grx");
-        for (const auto& [step, operation] : cases) {
+        for (const auto& [step, operation, journal] : WritingSteps) {
             watched_.faults = {{step, Fault}};
             user_.ExpectFilePicker(FilePickerKind::Save, file_);
             ExpectReport(operation + file_, Fault);

@@ -47,18 +47,10 @@ class SignerListTest : public CertsTest {
 
 TEST_F(SignerListTest, ShowsTheListsThatHaveANameInTheirOrder) {
     EXPECT_EQ(Edit([this](SignerList& form) {
-                  EXPECT_EQ(form.Caption(), L"Signer lists");
                   EXPECT_EQ(form.Icon(), ui::Icon::Signers);
                   EXPECT_EQ(Rows(), (std::vector<Names>{{L"chiefs", L"1"}, {L"clerks", L"2"}}));
                   EXPECT_EQ(user_.Get<ui::ListView>(signersid::List).Columns()[0].header, L"List name");
                   EXPECT_EQ(user_.Get<ui::ListView>(signersid::List).Columns()[1].header, L"Signers");
-                  EXPECT_FALSE(user_.Get<ui::ListView>(signersid::List).Style().singleSelection);
-                  EXPECT_FALSE(user_.Get<ui::ListView>(signersid::List).Style().checkBoxes);
-                  EXPECT_EQ(user_.Text(signersid::Add), L"Add");
-                  EXPECT_EQ(user_.Text(signersid::Edit), L"Edit");
-                  EXPECT_EQ(user_.Text(signersid::Delete), L"Delete");
-                  EXPECT_EQ(user_.Text(ui::IdOk), L"OK");
-                  EXPECT_EQ(user_.Text(ui::IdCancel), L"Exit");
                   user_.Click(ui::IdOk);
               }),
               lists_);
@@ -81,7 +73,7 @@ TEST_F(SignerListTest, AddsAListThroughThePicker) {
                              ui::Icon::Warning);
             user_.Click(pickid::Choose);
             user_.Type(pickid::Name, L"chiefs");
-            ExpectWarning(L"List with this name already exists");
+            ExpectHint(L"List with this name already exists");
             user_.Click(ui::IdOk);
             user_.Type(pickid::Name, L"guests");
             user_.Click(ui::IdOk);
@@ -219,7 +211,7 @@ TEST_F(SignerListTest, KeysAddEditDeleteAndShowOne) {
         std::wstring byKey;
         for (std::wstring* text : {&byMouse, &byKey}) {
             user_.Expect<errors::WarningBox>([this, text](errors::WarningBox&) {
-                *text = user_.Text(1160);
+                *text = user_.Text(boxid::WarningText);
                 user_.Press(Key::Escape);
             });
             text == &byMouse ? user_.DoubleClickRow(signersid::List, 1) : user_.Press(Key::Menu);
@@ -286,17 +278,8 @@ TEST_F(SignerListTest, ColumnsShareTheWidthOfTheList) {
     });
 }
 
-TEST_F(SignerListTest, ResizingGrowsTheListAndKeepsTheButtonsAtTheBottom) {
-    Edit([this](SignerList& form) {
-        std::map<int, ui::Rect> before;
-        for (ui::Control* control : form.Controls()) before[control->Id()] = control->Bounds();
-        user_.Resize({50, 40});
-        before[signersid::List].width += 50;
-        before[signersid::List].height += 40;
-        for (const int id : {signersid::Add, signersid::Edit, signersid::Delete, ui::IdOk, ui::IdCancel})
-            before[id].y += 40;
-        for (const int id : {ui::IdOk, ui::IdCancel}) before[id].x += 50;
-        for (const auto& [id, bounds] : before) EXPECT_EQ(form.Find(id).Bounds(), bounds) << id;
+TEST_F(SignerListTest, HasASmallestSize) {
+    Edit([this](SignerList&) {
         user_.Resize({-2000, -2000});
         EXPECT_EQ(user_.OuterSize(), (ui::Size{150, 75}));
         Leave();
@@ -304,14 +287,9 @@ TEST_F(SignerListTest, ResizingGrowsTheListAndKeepsTheButtonsAtTheBottom) {
 }
 
 TEST_F(SignerListTest, TabVisitsTheListAndTheButtons) {
-    Edit([this](SignerList& form) {
-        std::vector<int> order;
-        for (int i = 0; i < 6; ++i) {
-            order.push_back(form.Focus()->Id());
-            user_.Press(Key::Tab);
-        }
-        EXPECT_EQ(order, (std::vector<int>{signersid::List, signersid::Add, signersid::Edit,
-                                           signersid::Delete, ui::IdOk, ui::IdCancel}));
+    Edit([this](SignerList&) {
+        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{signersid::List, signersid::Add, signersid::Edit,
+                                                      signersid::Delete, ui::IdOk, ui::IdCancel}));
         user_.Press(Key::Escape);
     });
 }

@@ -55,12 +55,6 @@ class ConfigTest : public WorldTest {
         config::RegistryStore store(world_->Machine(), reporter);
         return config::SaveConfiguration(store, nullptr, configuration);
     }
-
-    // The next box is the report of this failure; the description comes from the system.
-    void ExpectReport(const std::wstring& operation, uint32_t code) {
-        user_.ExpectBoxBeginning(operation + L".\r\nError 0x" + text::Hexadecimal(code) + L" - ",
-                                 ui::box::Ok | ui::box::ErrorIcon, ui::IdOk);
-    }
 };
 
 }  // namespace tests

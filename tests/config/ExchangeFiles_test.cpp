@@ -67,45 +67,19 @@ TEST_F(ExchangeFiles, MayBeReadByOthersWhileTheyAreOpen) {
 
 TEST_F(ExchangeFiles, EveryFailureOfReadingIsReportedOnceAndTheFileClosed) {
     Put(file_, "12345");
-    struct Case {
-        FileCall step;
-        std::wstring operation;
-        Journal journal;
-    };
-    const Case cases[] = {
-        {FileCall::Open, L"Opening file ", {"open", "box"}},
-        {FileCall::Size, L"Getting size of file ", {"open", "size", "box", "close"}},
-        {FileCall::Read, L"Reading file ", {"open", "size", "read", "box", "close"}},
-        {FileCall::Close, L"Closing file ", {"open", "size", "read", "close", "box"}},
-    };
-    for (const Case& c : cases) {
-        watched_.faults = {{c.step, Fault}};
-        EXPECT_EQ(Read(file_), std::nullopt);
-        ExpectReported(c.operation + file_, Fault);
-        EXPECT_EQ(TakeJournal(), c.journal);
-        EXPECT_EQ(watched_.openFiles, 0);
-    }
+    ExpectEachFailureOfReadingReported(file_, [this] { return Read(file_).has_value(); });
 }
 
 TEST_F(ExchangeFiles, EveryFailureOfWritingIsReportedOnceAndTheFileClosed) {
-    struct Case {
-        FileCall step;
-        std::wstring operation;
-        Journal journal;
-        std::optional<std::string> left;
-    };
-    const Case cases[] = {
-        {FileCall::Create, L"Creating file ", {"create", "box"}, std::nullopt},
-        {FileCall::Write, L"Writing file ", {"create", "write", "box", "close"}, ""},
-        {FileCall::Close, L"Closing file ", {"create", "write", "close", "box"}, "12345"},
-    };
-    for (const Case& c : cases) {
-        watched_.faults = {{c.step, Fault}};
+    const std::optional<std::string> left[] = {std::nullopt, "", "12345"};
+    for (size_t i = 0; i < tests::WritingSteps.size(); ++i) {
+        const tests::FileStep& c = tests::WritingSteps[i];
+        watched_.faults = {{c.call, Fault}};
         EXPECT_FALSE(Write("12345"));
         ExpectReported(c.operation + file_, Fault);
         EXPECT_EQ(TakeJournal(), c.journal);
         EXPECT_EQ(watched_.openFiles, 0);
-        EXPECT_EQ(Content(file_), c.left);
+        EXPECT_EQ(Content(file_), left[i]);
     }
 }
 

@@ -2,7 +2,7 @@
 // itself and remembers what it showed, and one journal of what happened in which order.
 #pragma once
 
-#include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -16,7 +16,6 @@
 namespace tests {
 
 using platform::memory::FileCall;
-using Journal = std::vector<std::string>;
 
 class WatchedFiles final : public platform::Files {
   public:
@@ -85,91 +84,57 @@ class WatchedFiles final : public platform::Files {
     size_t writes_ = 0;  // into the file created last
 };
 
-// No window opens: what boxes and pickers look like is the business of other tests.
-class WatchedScreen final : public ui::Screen {
-  public:
-    WatchedScreen(ui::Screen& real, Journal& journal) : real_(real), journal_(journal) {}
-
-    struct Box {
-        std::wstring text;
-        std::wstring caption;
-        uint32_t flags = 0;
-        bool operator==(const Box&) const = default;
-    };
-    std::deque<Box> boxes;
-    std::vector<ui::FilePicker> pickers;
-    std::vector<const ui::Dialog*> owners;  // of boxes and pickers
-    std::optional<std::wstring> choice;  // the file that is chosen in every picker; none: the user gives up
-
-    int RunModal(ui::Dialog& dialog) override { return real_.RunModal(dialog); }
-    void OpenModeless(ui::Dialog& dialog) override { real_.OpenModeless(dialog); }
-    int ShowMessageBox(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
-                       uint32_t flags) override {
-        journal_.emplace_back("box");
-        owners.push_back(owner);
-        boxes.push_back({text, caption, flags});
-        return ui::IdOk;
-    }
-    std::optional<std::wstring> PickFolder(const ui::Dialog* owner, const std::wstring& folder) override {
-        return real_.PickFolder(owner, folder);
-    }
-    std::optional<std::wstring> PickFile(const ui::Dialog* owner, const ui::FilePicker& picker) override {
-        journal_.emplace_back("picker");
-        owners.push_back(owner);
-        pickers.push_back(picker);
-        return choice;
-    }
-    void ShowWaitCursor(bool shown) override { real_.ShowWaitCursor(shown); }
-    const platform::ScreenMetrics& Metrics() const override { return real_.Metrics(); }
-
-  private:
-    ui::Screen& real_;
-    Journal& journal_;
+// A step of reading or writing a whole file, what its report calls it, and what happens when it fails.
+struct FileStep {
+    FileCall call;
+    std::wstring operation;
+    Journal journal;
 };
+inline const std::vector<FileStep> ReadingSteps{
+    {FileCall::Open, L"Opening file ", {"open", "box"}},
+    {FileCall::Size, L"Getting size of file ", {"open", "size", "box", "close"}},
+    {FileCall::Read, L"Reading file ", {"open", "size", "read", "box", "close"}},
+    {FileCall::Close, L"Closing file ", {"open", "size", "read", "close", "box"}}};
+inline const std::vector<FileStep> WritingSteps{
+    {FileCall::Create, L"Creating file ", {"create", "box"}},
+    {FileCall::Write, L"Writing file ", {"create", "write", "box", "close"}},
+    {FileCall::Close, L"Closing file ", {"create", "write", "close", "box"}}};
 
 class ExchangeTest : public WorldTest {
   protected:
+    ExchangeTest() { screen_.AnswerByItself(&journal_); }
     void TearDown() override {
         EXPECT_EQ(watched_.openFiles, 0) << "a file stayed open";
         EXPECT_TRUE(screen_.boxes.empty()) << "a box that nobody expected";
     }
 
-    std::wstring Path(const std::wstring& name) const { return files_->Folder() + L"\\" + name; }
-
-    // Makes the file, or replaces it.
-    void Put(const std::wstring& path, std::string_view bytes) {
-        platform::FileHandle file = platform::FileHandle::None;
-        uint32_t written = 0;
-        ASSERT_EQ(files_->Files().Create(path, file), code::Success);
-        EXPECT_EQ(files_->Files().Write(file, std::as_bytes(std::span(bytes)), written), code::Success);
-        EXPECT_EQ(files_->Files().Close(file), code::Success);
-    }
-    // None: there is no such file.
-    std::optional<std::string> Content(const std::wstring& path) {
-        platform::FileHandle file = platform::FileHandle::None;
-        if (files_->Files().Open(path, file) != code::Success) return std::nullopt;
-        uint64_t size = 0;
-        uint32_t length = 0;
-        EXPECT_EQ(files_->Files().Size(file, size), code::Success);
-        std::string bytes(static_cast<size_t>(size), '\0');
-        EXPECT_EQ(files_->Files().Read(file, std::as_writable_bytes(std::span(bytes)), length),
-                  code::Success);
-        EXPECT_EQ(files_->Files().Close(file), code::Success);
-        return bytes;
-    }
+    std::wstring Path(const std::wstring& name) const { return files_->Path(name); }
+    void Put(const std::wstring& path, std::string_view bytes) { files_->Put(path, bytes); }
+    std::optional<std::string> Content(const std::wstring& path) { return files_->Content(path); }
 
     // The one box that has been shown, where there is one.
-    WatchedScreen::Box TakeBox() {
+    RecordingScreen::Box TakeBox() {
         EXPECT_EQ(screen_.boxes.size(), 1U);
         const auto boxes = std::exchange(screen_.boxes, {});
-        return boxes.empty() ? WatchedScreen::Box() : boxes.front();
+        return boxes.empty() ? RecordingScreen::Box() : boxes.front();
     }
     // It was the report of this failure; the description comes from the system.
     void ExpectReported(const std::wstring& operation, platform::Win32Code code) {
-        const WatchedScreen::Box box = TakeBox();
+        const RecordingScreen::Box box = TakeBox();
         const std::wstring beginning = operation + L".\r\nError 0x" + text::Hexadecimal(code) + L" - ";
         EXPECT_EQ(box.text.substr(0, beginning.size()), beginning);
         EXPECT_EQ(box.flags, ui::box::Ok | ui::box::ErrorIcon);
+    }
+    // Each step of reading the file fails in turn: it is reported once, nothing is read, and the file is
+    // closed.
+    void ExpectEachFailureOfReadingReported(const std::wstring& path, const std::function<bool()>& read) {
+        for (const auto& [call, operation, journal] : ReadingSteps) {
+            watched_.faults = {{call, Fault}};
+            EXPECT_FALSE(read());
+            ExpectReported(operation + path, Fault);
+            EXPECT_EQ(TakeJournal(), journal);
+            EXPECT_EQ(watched_.openFiles, 0);
+        }
     }
     Journal TakeJournal() { return std::exchange(journal_, {}); }
 
@@ -178,13 +143,10 @@ class ExchangeTest : public WorldTest {
     Journal journal_;
     const std::unique_ptr<TestFiles> files_ = MakeTestFiles();
     WatchedFiles watched_{files_->Files(), journal_};
-    WatchedScreen screen_{world_->Screen(), journal_};
+    RecordingScreen screen_{world_->Screen()};
     CountingMemory memory_{world_->Machine().Memory};
-    const platform::Machine machine_{world_->Machine().Registry,      watched_,
-                                     world_->Machine().CodePage,      world_->Machine().SystemMessages,
-                                     world_->Machine().Clock,         world_->Machine().InstanceLock,
-                                     world_->Machine().ScreenMetrics, memory_,
-                                     world_->Machine().CryptoLibrary};
+    const platform::Machine machine_ =
+        MachineWith(world_->Machine(), {.Files = &watched_, .Memory = &memory_});
     const errors::ErrorReporter watchedReporter_{machine_, screen_};
     config::RegistryStore watchedStore_{machine_, watchedReporter_};
     const config::Services exchange_{machine_, screen_, watchedReporter_, watchedStore_};

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "tests/config/ConfigTest.h"
-#include "tests/config/ReportsOnlyScreen.h"
 #include "tests/config/ValueKinds.h"
 
 namespace tests {
@@ -37,19 +36,19 @@ inline bool IsOfRecord(const RecordedCall& call) {
 // What is reported when that fails: a record that cannot be made is done without, one that cannot be removed
 // would be found by the next start.
 inline std::wstring RecordReport(const RecordedCall& call) {
-    if (call.call == RegistryCall::Open && !call.target.ends_with(L" editor"))
-        return L"Create (open) register key " + call.target;
-    const bool isRemoval = call.call == RegistryCall::OpenSubkey || call.call == RegistryCall::DeleteSubkey;
+    const bool isRemoval = call.call == RegistryCall::OpenSubkey || call.call == RegistryCall::DeleteSubkey ||
+                           (call.call == RegistryCall::Open && !call.target.ends_with(L" editor"));
     return isRemoval ? L"Delete register key " + ServicePath + L" editor" : std::wstring();
 }
 
 class FaultTest : public ConfigTest {
   protected:
+    FaultTest() { screen_.ExpectOnlyReports(); }
     // A close that is made to fail leaves its key open for good: the real registry was not asked.
     void TearDown() override { EXPECT_EQ(Registry().OpenKeys(), unclosed_); }
     void ExpectNoOtherKeyOpen() { EXPECT_EQ(Registry().OpenKeys(), unclosed_) << "a key stayed open"; }
 
-    ReportsOnlyScreen screen_{world_->Machine().ScreenMetrics};
+    RecordingScreen screen_{world_->Screen()};
     const errors::ErrorReporter faultReporter_{world_->Machine(), screen_};
     size_t unclosed_ = 0;
 };

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/config/FaultTest.h"
@@ -22,7 +23,7 @@ namespace code = platform::code;
 class LoadFaults : public tests::FaultTest {
   protected:
     std::optional<config::Configuration> LoadWithReports() {
-        screen_.reports.clear();
+        screen_.boxes.clear();
         return LoadReportingTo(faultReporter_);
     }
     std::vector<RecordedCall> CallsOfACleanLoad(const std::string& trees) {
@@ -66,7 +67,7 @@ void LoadFaults::CheckLoadWhoseCallFails(const std::string& trees, const std::ve
     Registry().FailNth(n, code::AccessDenied);
     const auto loaded = LoadWithReports();
     const Expected expected = ExpectedFor(calls, n);
-    EXPECT_EQ(screen_.reports,
+    EXPECT_EQ(screen_.Reports(),
               expected.report.empty() ? Reports{} : Reports{Report(expected.report, code::AccessDenied)});
     EXPECT_EQ(loaded.has_value(), !expected.ends);
     if (calls[n].call == RegistryCall::Close) ++unclosed_;
@@ -135,50 +136,34 @@ TEST_F(LoadFaults, EveryCallFromOneOn) {
         });
         const auto loaded = LoadWithReports();
         const bool onlyTheLastCloseIsLeft = first + 1 == count;
-        EXPECT_EQ(screen_.reports.empty(), onlyTheLastCloseIsLeft);
+        EXPECT_EQ(screen_.boxes.empty(), onlyTheLastCloseIsLeft);
         ExpectNoOtherKeyOpen();
     }
 }
 
 TEST_F(LoadFaults, AtThePlacesWhereItEndsThePathIsShown) {
-    struct Case {
-        RegistryCall call;
-        const wchar_t* target;
-        const wchar_t* operation;
+    const std::wstring library = L"HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles";
+    const std::wstring rules = tests::ServicePath + L"\\Exchange\\rules";
+    const std::pair<RegistryCall, std::wstring> cases[] = {
+        {RegistryCall::Open, library},
+        {RegistryCall::EnumerateSubkey, library},
+        {RegistryCall::Open, library + L"\\2"},
+        {RegistryCall::Create, tests::ServicePath},
+        {RegistryCall::EnumerateSubkey, tests::ServicePath},
+        {RegistryCall::Open, tests::ServicePath + L"\\Reports"},
+        {RegistryCall::Open, tests::ServicePath + L"\\Reports\\rules"},
+        {RegistryCall::EnumerateSubkey, rules},
+        {RegistryCall::Open, rules + L"\\Rule 1"},
+        {RegistryCall::EnumerateSubkey, rules + L"\\Rule 1"},
+        {RegistryCall::Open, rules + L"\\Rule 0\\Nobody"},
     };
-    const Case cases[] = {
-        {RegistryCall::Open, L"HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles",
-         L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles"},
-        {RegistryCall::EnumerateSubkey, L"HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles",
-         L"Search register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles subkeys"},
-        {RegistryCall::Open, L"HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles\\2",
-         L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles\\2"},
-        {RegistryCall::Create, L"\\morcelservice",
-         L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice"},
-        {RegistryCall::EnumerateSubkey, L"\\morcelservice",
-         L"Search register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice subkeys"},
-        {RegistryCall::Open, L"\\morcelservice\\Reports",
-         L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Reports"},
-        {RegistryCall::Open, L"\\Reports\\rules",
-         L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Reports\\rules"},
-        {RegistryCall::EnumerateSubkey, L"\\Exchange\\rules",
-         L"Search register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Exchange\\rules "
-         L"subkeys"},
-        {RegistryCall::Open, L"\\rules\\Rule 1",
-         L"Create (open) register key "
-         L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Exchange\\rules\\Rule 1"},
-        {RegistryCall::EnumerateSubkey, L"\\rules\\Rule 1",
-         L"Search register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Exchange\\rules\\Rule "
-         L"1 subkeys"},
-        {RegistryCall::Open, L"\\Rule 0\\Nobody",
-         L"Create (open) register key "
-         L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Exchange\\rules\\Rule 0\\Nobody"},
-    };
-    for (const Case& c : cases) {
+    for (const auto& [call, path] : cases) {
         SeedTrees(tests::GoldenTrees);
-        Registry().FailWhere(c.call, c.target, code::KeyDeleted);
-        ExpectReport(c.operation, code::KeyDeleted);
-        EXPECT_EQ(Load(), std::nullopt) << testing::PrintToString(c.operation);
+        Registry().FailWhere(call, path, code::KeyDeleted);
+        ExpectReport(call == RegistryCall::EnumerateSubkey ? L"Search register key " + path + L" subkeys"
+                                                           : L"Create (open) register key " + path,
+                     code::KeyDeleted);
+        EXPECT_EQ(Load(), std::nullopt) << testing::PrintToString(path);
     }
 }
 

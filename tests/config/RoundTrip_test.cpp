@@ -10,7 +10,6 @@
 #include "tests/config/GoldenTree.h"
 #include "tests/config/HostileModel.h"
 #include "tests/config/RandomModel.h"
-#include "tests/config/ReportsOnlyScreen.h"
 #include "tests/config/TreeText.h"
 
 namespace {
@@ -20,7 +19,10 @@ constexpr int rounds = 40;
 
 class RoundTrip : public tests::ConfigTest {
   protected:
-    void SetUp() override { SeedTrees(tests::GoldenLibrary + tests::Key(tests::ServiceKey)); }
+    void SetUp() override {
+        screen_.ExpectOnlyReports();
+        SeedTrees(tests::GoldenLibrary + tests::Key(tests::ServiceKey));
+    }
     std::optional<config::Configuration> SavedAndLoaded(const config::Configuration& configuration) {
         static_cast<void>(SaveReportingTo(toNobody_, configuration));
         return LoadReportingTo(toNobody_);
@@ -28,7 +30,7 @@ class RoundTrip : public tests::ConfigTest {
 
     tests::RandomModel random_{modelSeed};
     tests::Saboteur saboteur_{modelSeed};
-    tests::ReportsOnlyScreen screen_{world_->Machine().ScreenMetrics};
+    tests::RecordingScreen screen_{world_->Screen()};
     const errors::ErrorReporter toNobody_{world_->Machine(), screen_};
 };
 
@@ -73,7 +75,7 @@ TEST_F(RoundTrip, WhatLoadingPutsRightIsNotNamed) {
         saboteur_.Loosen(configuration);
         ASSERT_EQ(config::FindUnreadable(configuration).size(), 0U);
         ASSERT_EQ(SavedAndLoaded(configuration), tests::AsLoaded(configuration));
-        ASSERT_EQ(screen_.reports.size(), 0U);
+        ASSERT_EQ(screen_.boxes.size(), 0U);
     }
 }
 

@@ -59,6 +59,20 @@ class SaveFailures : public tests::ConfigTest {
     void Refuse(RegistryCall call, const std::wstring& targetEnd) {
         Registry().FailWhere(call, targetEnd, code::AccessDenied);
     }
+    // The call is refused and reported; the save goes on without it.
+    void SaveAround(RegistryCall call, const std::wstring& targetEnd, const std::wstring& report) {
+        Refuse(call, targetEnd);
+        ExpectReport(report, code::AccessDenied);
+        EXPECT_TRUE(Save(new_));
+    }
+    // The same, and nothing has been written.
+    void SaveInVain(RegistryCall call, const std::wstring& targetEnd, const std::wstring& report) {
+        Refuse(call, targetEnd);
+        ExpectReport(report, code::AccessDenied);
+        EXPECT_FALSE(Save(new_));
+        Registry().NoFaults();
+        EXPECT_EQ(Dump(), before_);
+    }
     // Refuses to open the service's key once, the next time after the creation of the other key.
     void RefuseServiceBehindCreating(const std::wstring& targetEnd) {
         Registry().SetFault([targetEnd, armed = std::make_shared<bool>(false)](size_t, const auto& call) {
@@ -76,10 +90,6 @@ class SaveFailures : public tests::ConfigTest {
     // Without its rules key a profile cannot be loaded.
     void GiveRulesKey(const std::string& profile) { Seed(BelowService(profile + "\\rules")); }
     bool KeyExists(const std::string& path) { return Dump().find(BelowService(path)) != std::string::npos; }
-    void ExpectNothingWritten() {
-        Registry().NoFaults();
-        EXPECT_EQ(Dump(), before_);
-    }
 
     Configuration new_ = ConfigurationOf(L"new");
     std::string before_;
@@ -91,24 +101,17 @@ TEST_F(SaveFailures, NoneOfThemWithoutFaults) {
 }
 
 TEST_F(SaveFailures, TheLibrarysStore) {
-    Refuse(RegistryCall::Open, L"\\store\\2");
-    ExpectReport(L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\store\\2", 5);
-    EXPECT_FALSE(Save(new_));
-    ExpectNothingWritten();
+    SaveInVain(RegistryCall::Open, L"\\store\\2",
+               L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\store\\2");
 }
 
 TEST_F(SaveFailures, TheServicesKey) {
-    Refuse(RegistryCall::Open, L"\\morcelservice");
-    ExpectReport(L"Create (open) register key " + service, 5);
-    EXPECT_FALSE(Save(new_));
-    ExpectNothingWritten();
+    SaveInVain(RegistryCall::Open, L"\\morcelservice", L"Create (open) register key " + service);
 }
 
 TEST_F(SaveFailures, LookingForTheProfiles) {
-    Refuse(RegistryCall::EnumerateSubkey, L"\\morcelservice");
-    ExpectReport(L"Search register key " + service + L" subkeys", 5);
-    EXPECT_FALSE(Save(new_));
-    ExpectNothingWritten();
+    SaveInVain(RegistryCall::EnumerateSubkey, L"\\morcelservice",
+               L"Search register key " + service + L" subkeys");
 }
 
 TEST_F(SaveFailures, DeletingAProfile) {
@@ -138,9 +141,8 @@ TEST_F(SaveFailures, DeletingOneOfSeveralProfilesEndsItThere) {
 
 TEST_F(SaveFailures, ASetting) {
     for (const wchar_t* name : {L"LogPath", L"SigExt"}) {
-        Refuse(RegistryCall::Set, std::wstring(L"\\") + name);
-        ExpectReport(std::wstring(L"Writing string value '") + name + L"' into register", 5);
-        EXPECT_TRUE(Save(new_));
+        SaveAround(RegistryCall::Set, std::wstring(L"\\") + name,
+                   std::wstring(L"Writing string value '") + name + L"' into register");
         Configuration expected = new_;
         (name[0] == L'L' ? expected.Settings.LogPath : expected.Settings.SigExt) = L"old";
         EXPECT_EQ(Reloaded(), expected);
@@ -178,9 +180,7 @@ TEST_F(SaveFailures, OpeningTheServicesKeyBehindANewProfile) {
 }
 
 TEST_F(SaveFailures, OpeningAProfileEndsTheWriting) {
-    Refuse(RegistryCall::Open, L"\\morcelservice\\B");
-    ExpectReport(L"Create (open) register key " + service + L"\\B", 5);
-    EXPECT_TRUE(Save(new_));
+    SaveAround(RegistryCall::Open, L"\\morcelservice\\B", L"Create (open) register key " + service + L"\\B");
     Configuration expected = new_;
     expected.Profiles[1] = ProfileOf(L"B", L"old");
     expected.Profiles[2] = ProfileOf(L"C", L"old");
@@ -188,18 +188,14 @@ TEST_F(SaveFailures, OpeningAProfileEndsTheWriting) {
 }
 
 TEST_F(SaveFailures, AValueOfAProfile) {
-    Refuse(RegistryCall::Set, L"\\B\\ServerTSP");
-    ExpectReport(L"Writing multistring value 'ServerTSP' into register", 5);
-    EXPECT_TRUE(Save(new_));
+    SaveAround(RegistryCall::Set, L"\\B\\ServerTSP", L"Writing multistring value 'ServerTSP' into register");
     Configuration expected = new_;
     expected.Profiles[1].ServerTSP = {L"old"};
     EXPECT_EQ(Reloaded(), expected);
 }
 
 TEST_F(SaveFailures, DeletingTheFormerRulesEndsTheWriting) {
-    Refuse(RegistryCall::OpenSubkey, L"\\B\\rules");
-    ExpectReport(L"Delete register key " + service + L"\\B\\rules", 5);
-    EXPECT_TRUE(Save(new_));
+    SaveAround(RegistryCall::OpenSubkey, L"\\B\\rules", L"Delete register key " + service + L"\\B\\rules");
     Configuration expected = new_;
     expected.Profiles[1].Rules = {RuleOf(L"old"), RuleOf(L"old")};
     expected.Profiles[2] = ProfileOf(L"C", L"old");
@@ -207,9 +203,8 @@ TEST_F(SaveFailures, DeletingTheFormerRulesEndsTheWriting) {
 }
 
 TEST_F(SaveFailures, DeletingTheFormerRulesHalfWayEndsTheWriting) {
-    Refuse(RegistryCall::DeleteSubkey, L"\\B\\rules\\Rule 1\\Second");
-    ExpectReport(L"Delete register key " + service + L"\\B\\rules", 5);
-    EXPECT_TRUE(Save(new_));
+    SaveAround(RegistryCall::DeleteSubkey, L"\\B\\rules\\Rule 1\\Second",
+               L"Delete register key " + service + L"\\B\\rules");
     Configuration expected = new_;
     expected.Profiles[1].Rules = {RuleOf(L"old")};
     expected.Profiles[1].Rules[0].SignerLists.erase(expected.Profiles[1].Rules[0].SignerLists.begin());
@@ -218,9 +213,7 @@ TEST_F(SaveFailures, DeletingTheFormerRulesHalfWayEndsTheWriting) {
 }
 
 TEST_F(SaveFailures, CreatingTheRulesKeyEndsTheWriting) {
-    Refuse(RegistryCall::Create, L"\\B\\rules");
-    ExpectReport(L"Create (open) register key " + service + L"\\B\\rules", 5);
-    EXPECT_TRUE(Save(new_));
+    SaveAround(RegistryCall::Create, L"\\B\\rules", L"Create (open) register key " + service + L"\\B\\rules");
     Registry().NoFaults();
     EXPECT_FALSE(KeyExists("B\\rules"));
     GiveRulesKey("B");
@@ -233,9 +226,7 @@ TEST_F(SaveFailures, CreatingTheRulesKeyEndsTheWriting) {
 TEST_F(SaveFailures, CreatingARuleSkipsTheOtherRulesOfItsProfile) {
     for (const size_t failing : {0U, 1U}) {
         const std::wstring rule = L"\\B\\rules\\Rule " + std::to_wstring(failing);
-        Refuse(RegistryCall::Create, rule);
-        ExpectReport(L"Create (open) register key " + service + rule, 5);
-        EXPECT_TRUE(Save(new_));
+        SaveAround(RegistryCall::Create, rule, L"Create (open) register key " + service + rule);
         Configuration expected = new_;
         expected.Profiles[1].Rules.resize(failing);
         EXPECT_EQ(Reloaded(), expected);
@@ -243,9 +234,8 @@ TEST_F(SaveFailures, CreatingARuleSkipsTheOtherRulesOfItsProfile) {
 }
 
 TEST_F(SaveFailures, AValueOfARule) {
-    Refuse(RegistryCall::Set, L"\\B\\rules\\Rule 0\\Path In");
-    ExpectReport(L"Writing string value 'Path In' into register", 5);
-    EXPECT_TRUE(Save(new_));
+    SaveAround(RegistryCall::Set, L"\\B\\rules\\Rule 0\\Path In",
+               L"Writing string value 'Path In' into register");
     Configuration expected = new_;
     expected.Profiles[1].Rules[0].PathIn.clear();
     EXPECT_EQ(Reloaded(), expected);
@@ -254,9 +244,7 @@ TEST_F(SaveFailures, AValueOfARule) {
 TEST_F(SaveFailures, CreatingASignerListSkipsTheOtherListsOfItsRule) {
     for (const wchar_t* name : {L"First", L"Second"}) {
         const std::wstring list = std::wstring(L"\\B\\rules\\Rule 0\\") + name;
-        Refuse(RegistryCall::Create, list);
-        ExpectReport(L"Create (open) register key " + service + list, 5);
-        EXPECT_TRUE(Save(new_));
+        SaveAround(RegistryCall::Create, list, L"Create (open) register key " + service + list);
         Configuration expected = new_;
         expected.Profiles[1].Rules[0].SignerLists.resize(name[0] == L'F' ? 0 : 1);
         EXPECT_EQ(Reloaded(), expected);

@@ -35,13 +35,13 @@ const std::string before = tests::GoldenLibrary + tests::BelowService("Doomed\\r
 class SaveFaults : public tests::FaultTest {
   protected:
     bool SaveWithReports() {
-        screen_.reports.clear();
+        screen_.boxes.clear();
         return SaveReportingTo(faultReporter_, tests::GoldenModel());
     }
     Calls CallsOfACleanSave() {
         SeedTrees(before);
         EXPECT_TRUE(SaveWithReports());
-        EXPECT_EQ(screen_.reports, Reports{});
+        EXPECT_EQ(screen_.Reports(), Reports{});
         const Calls calls = Registry().Calls();
         ExpectEverythingSaved();
         return calls;
@@ -50,7 +50,7 @@ class SaveFaults : public tests::FaultTest {
     void ExpectThatASecondSavePutsItRight() {
         Registry().NoFaults();
         EXPECT_TRUE(SaveWithReports());
-        EXPECT_EQ(screen_.reports, Reports{});
+        EXPECT_EQ(screen_.Reports(), Reports{});
         ExpectEverythingSaved();
     }
 };
@@ -132,7 +132,7 @@ TEST_F(SaveFaults, EveryCall) {
         Registry().FailNth(n, code::AccessDenied);
         const bool saved = SaveWithReports();
         const Reports expected = ExpectedReports(calls, n);
-        EXPECT_EQ(screen_.reports, expected);
+        EXPECT_EQ(screen_.Reports(), expected);
         const bool endsIt = n < firstWrite && !expected.empty() && calls[n].call != RegistryCall::Query;
         EXPECT_EQ(saved, !endsIt);
         EXPECT_EQ(CountOfWrites(Registry().Calls()) == 0, endsIt);
@@ -163,7 +163,7 @@ TEST_F(SaveFaults, EveryCallIsMadeUpForByTheRecord) {
         config::RegistryStore store(world_->Machine(), faultReporter_);
         config::RedoRecord record(store, nullptr);
         const bool isLeft = record.Find() == config::RedoRecord::State::Whole;
-        EXPECT_EQ(isLeft, !screen_.reports.empty());
+        EXPECT_EQ(isLeft, !screen_.boxes.empty());
         if (isLeft) {
             EXPECT_TRUE(record.Complete());
             ++completed;
@@ -181,7 +181,7 @@ TEST_F(SaveFaults, EveryCallOfACompletion) {
     Registry().NoFaults();
     const std::string unfinished = DumpTrees();
     const auto complete = [this] {
-        screen_.reports.clear();
+        screen_.boxes.clear();
         config::RegistryStore store(world_->Machine(), faultReporter_);
         config::RedoRecord record(store, nullptr);
         return record.Find() == config::RedoRecord::State::Whole && record.Complete();
@@ -195,7 +195,7 @@ TEST_F(SaveFaults, EveryCallOfACompletion) {
         SeedTrees(unfinished);
         Registry().FailNth(n, code::AccessDenied);
         const bool completed = complete();
-        EXPECT_EQ(screen_.reports.size(), completed ? 0U : 1U);
+        EXPECT_EQ(screen_.boxes.size(), completed ? 0U : 1U);
         Registry().NoFaults();
         if (calls[n].call == RegistryCall::Close) ++unclosed_;
         EXPECT_TRUE(completed || complete());
@@ -216,7 +216,7 @@ TEST_F(SaveFaults, EveryCallFromOneOn) {
         });
         const bool saved = SaveWithReports();
         EXPECT_EQ(saved, first >= endOfWhatEndsIt);
-        EXPECT_EQ(screen_.reports.empty(), first >= endOfAll);
+        EXPECT_EQ(screen_.boxes.empty(), first >= endOfAll);
         ExpectNoOtherKeyOpen();
         ExpectThatASecondSavePutsItRight();
     }

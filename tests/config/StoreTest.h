@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/config/ConfigTest.h"
+#include "tests/support/MachineWith.h"
 
 namespace tests {
 
@@ -26,12 +27,6 @@ class CountingMemory final : public platform::Memory {
   private:
     platform::Memory& real_;
 };
-
-inline platform::Machine WithMemory(const platform::Machine& machine, platform::Memory& memory) {
-    return {machine.Registry,       machine.Files, machine.CodePage,
-            machine.SystemMessages, machine.Clock, machine.InstanceLock,
-            machine.ScreenMetrics,  memory,        machine.CryptoLibrary};
-}
 
 class StoreTest : public ConfigTest {
   protected:
@@ -69,7 +64,7 @@ class StoreTest : public ConfigTest {
         Registry().ForgetCalls();
     }
 
-    const platform::Machine machine_ = WithMemory(world_->Machine(), memory_);
+    const platform::Machine machine_ = MachineWith(world_->Machine(), {.Memory = &memory_});
     std::unique_ptr<config::RegistryStore> keys_;
 };
 

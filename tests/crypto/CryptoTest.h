@@ -14,6 +14,8 @@
 #include "platform/memory/MemoryParts.h"
 #include "platform/memory/MemorySystemMessages.h"
 #include "tests/support/Fixture.h"
+#include "tests/support/Ids.h"
+#include "tests/support/MachineWith.h"
 #include "ui/Controls.h"
 
 namespace tests {
@@ -27,39 +29,6 @@ class Opener : public ui::Dialog {
 
   private:
     ui::Button go_{*this, Go, {7, 7, 50, 14}, L"Go", [this] { go(); }};
-};
-
-// Notes to whom boxes belong, and which dialog opened without taking over.
-class OwnersScreen final : public ui::Screen {
-  public:
-    explicit OwnersScreen(ui::Screen& real) : real_(real) {}
-
-    std::vector<const ui::Dialog*> boxOwners;
-    const ui::Dialog* modeless = nullptr;  // the last one
-    int modelessCount = 0;
-
-    int RunModal(ui::Dialog& dialog) override { return real_.RunModal(dialog); }
-    void OpenModeless(ui::Dialog& dialog) override {
-        modeless = &dialog;
-        ++modelessCount;
-        real_.OpenModeless(dialog);
-    }
-    int ShowMessageBox(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
-                       uint32_t flags) override {
-        boxOwners.push_back(owner);
-        return real_.ShowMessageBox(owner, text, caption, flags);
-    }
-    std::optional<std::wstring> PickFolder(const ui::Dialog* owner, const std::wstring& folder) override {
-        return real_.PickFolder(owner, folder);
-    }
-    std::optional<std::wstring> PickFile(const ui::Dialog* owner, const ui::FilePicker& picker) override {
-        return real_.PickFile(owner, picker);
-    }
-    void ShowWaitCursor(bool shown) override { real_.ShowWaitCursor(shown); }
-    const platform::ScreenMetrics& Metrics() const override { return real_.Metrics(); }
-
-  private:
-    ui::Screen& real_;
 };
 
 class CryptoTest : public WorldTest {
@@ -95,7 +64,7 @@ class CryptoTest : public WorldTest {
     // The user reads a box about a failure and closes it. owner: none, or the dialog that it belongs to.
     void ExpectFailureBox(const std::wstring& text, const ui::Dialog* owner) {
         const auto read = [this, text, owner](errors::WarningBox& box) {
-            EXPECT_EQ(user_.Text(1160), text);
+            EXPECT_EQ(user_.Text(boxid::WarningText), text);
             EXPECT_EQ(box.Parent(), owner);
             EXPECT_EQ(box.Icon(), ui::Icon::Error);
             EXPECT_EQ(box.Caption(), L"Warning:");
@@ -121,16 +90,10 @@ class CryptoTest : public WorldTest {
     platform::memory::MemoryCodePage codePage_;
     platform::memory::MemorySystemMessages systemMessages_;
     platform::memory::MemoryMemory memory_;
-    const platform::Machine machine_{world_->Machine().Registry,
-                                     world_->Machine().Files,
-                                     codePage_,
-                                     systemMessages_,
-                                     clock_,
-                                     world_->Machine().InstanceLock,
-                                     world_->Machine().ScreenMetrics,
-                                     memory_,
-                                     world_->CryptoLibrary()};
-    OwnersScreen screen_{world_->Screen()};
+    const platform::Machine machine_ = MachineWith(
+        world_->Machine(),
+        {.CodePage = &codePage_, .SystemMessages = &systemMessages_, .Clock = &clock_, .Memory = &memory_});
+    RecordingScreen& screen_ = world_->Screen();
     const errors::ErrorReporter reporter_{machine_, screen_};
     config::RegistryStore store_{machine_, reporter_};
     const config::Services services_{machine_, screen_, reporter_, store_};

@@ -158,7 +158,7 @@ TEST_F(LibrarySearchTest, FailuresAreReportedAndReleaseNothing) {
     }));
     EXPECT_TRUE(names_.IsEmpty());
     EXPECT_EQ(library_.Calls().size(), 1U);
-    EXPECT_EQ(screen_.boxOwners, (std::vector<const ui::Dialog*>{&opener_, &opener_, &opener_}));
+    EXPECT_EQ(screen_.owners, (std::vector<const ui::Dialog*>{&opener_, &opener_, &opener_}));
 }
 
 TEST_F(LibrarySearchTest, NothingFoundIsAFailureOfTheOtherSearches) {

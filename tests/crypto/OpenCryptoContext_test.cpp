@@ -90,6 +90,7 @@ TEST_F(OpenCryptoContextTest, TheNameIsGivenInTheAnsiCodePage) {
 
 TEST_F(OpenCryptoContextTest, AMissingStoreProfileIsOpenedByNoName) {
     csProfile_.clear();
+    settings_ = {};
     Open();
     EXPECT_TRUE(isOpen_);
     EXPECT_FALSE(ldapUsable_);
@@ -102,8 +103,8 @@ TEST_F(OpenCryptoContextTest, TheUserIsAskedToWaitInTheMiddleOfTheParent) {
     library_.OnCall([&](const std::string& call) {
         if (!call.starts_with("Initialize")) return;
         looked = true;
-        ASSERT_NE(screen_.modeless, nullptr);
-        const ui::Dialog& wait = *screen_.modeless;
+        ASSERT_FALSE(screen_.modeless.empty());
+        const ui::Dialog& wait = *screen_.modeless.back();
         EXPECT_TRUE(wait.IsOpen());
         EXPECT_EQ(wait.Parent(), &opener_);
         ASSERT_EQ(wait.Controls().size(), 1U);
@@ -119,7 +120,7 @@ TEST_F(OpenCryptoContextTest, TheUserIsAskedToWaitInTheMiddleOfTheParent) {
     });
     Open();
     EXPECT_TRUE(looked);
-    EXPECT_EQ(screen_.modelessCount, 1);
+    EXPECT_EQ(screen_.modeless.size(), 1U);
 }
 
 TEST_F(OpenCryptoContextTest, AFailureIsShownWithTheErrorStackAndEndsTheCommand) {
@@ -170,7 +171,7 @@ TEST_F(OpenCryptoContextTest, AMissingLibraryIsAFailureToInitialise) {
         EXPECT_FALSE(isOpen_);
     }
     EXPECT_TRUE(library_.Calls().empty());
-    EXPECT_EQ(screen_.modelessCount, 3);
+    EXPECT_EQ(screen_.modeless.size(), 3U);
 }
 
 TEST_F(OpenCryptoContextTest, WithoutLdapThereIsNoProbeAndNoUse) {
@@ -222,7 +223,7 @@ TEST_F(FailingProbe, OkGoesOnWithoutLdap) {
     EXPECT_TRUE(isOpen_);
     EXPECT_FALSE(ldapUsable_);
     EXPECT_EQ(callsBefore_, (Calls{"Initialize \"Office\" 0x80000040", probe, "FreeFindResult", "Ctrl 4"}));
-    EXPECT_EQ(screen_.boxOwners, (std::vector<const ui::Dialog*>{&opener_}));
+    EXPECT_EQ(screen_.owners, (std::vector<const ui::Dialog*>{&opener_}));
     EXPECT_EQ(library_.WaitingErrors(nullptr), 1U);
 }
 
@@ -274,7 +275,7 @@ TEST_F(OpenCryptoContextTest, AFailedCloseIsToldToNobody) {
     library_.SetAnswer(StandInCall::Uninitialize, failed);
     Open();
     EXPECT_TRUE(isOpen_);
-    EXPECT_TRUE(screen_.boxOwners.empty());
+    EXPECT_TRUE(screen_.owners.empty());
     EXPECT_EQ(library_.TextsAsked(), std::vector<uint32_t>{failed});
 }
 

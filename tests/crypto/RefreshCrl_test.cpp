@@ -135,7 +135,7 @@ TEST_F(RefreshCrlTest, AFailureWithATextIsShownAndTheUserDecides) {
         library_.OnCall({});
         EXPECT_EQ(Refresh([&] { ExpectQuestion(answer); }), answer == ui::IdOk);
         EXPECT_EQ(Stamps(), "{ \"Office;;1700000000\" }");
-        EXPECT_EQ(screen_.boxOwners.back(), &opener_);
+        EXPECT_EQ(screen_.owners.back(), &opener_);
     }
 }
 
@@ -206,12 +206,9 @@ TEST_F(RefreshCrlTest, TheLibraryGetsAnEmptyBuffer) {
 }
 
 TEST_F(RefreshCrlTest, WithoutTheServicesKeyTheCommandEnds) {
-    EXPECT_FALSE(Refresh([this] {
-        user_.ExpectBoxBeginning(L"Create (open) register key " + key + L".\r\nError 0x2 - ", boxes::Report,
-                                 ui::IdOk);
-    }));
+    EXPECT_FALSE(Refresh([this] { ExpectReport(L"Create (open) register key " + key, 2); }));
     EXPECT_FALSE(LibraryWasAsked());
-    EXPECT_EQ(screen_.boxOwners, (std::vector<const ui::Dialog*>{&opener_}));
+    EXPECT_EQ(screen_.owners, (std::vector<const ui::Dialog*>{&opener_}));
     EXPECT_EQ(world_->Registry().Calls(), (std::vector<RecordedCall>{{RegistryCall::Open, key}}));
 }
 
@@ -240,7 +237,7 @@ TEST_F(RefreshCrlTest, AFailedReadIsReportedAndLeavesTheStampsAsTheyAre) {
         }));
         world_->Registry().NoFaults();
         EXPECT_TRUE(LibraryWasAsked());
-        EXPECT_EQ(screen_.boxOwners.back(), &opener_);
+        EXPECT_EQ(screen_.owners.back(), &opener_);
         EXPECT_EQ(Stamps(), "{ \"Bank;;5\", \"Office;;1700000000\" }");
     }
 }

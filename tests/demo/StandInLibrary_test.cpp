@@ -1,4 +1,5 @@
-// The stand-in library keeps count: what was not released, or released twice, comes to light.
+// The stand-in library keeps count: what was not released, or released twice, comes to light. What it is
+// asked, and the text of those whom it serves.
 #include "demo/StandInLibrary.h"
 
 #include <gtest/gtest.h>
@@ -6,11 +7,19 @@
 #include <array>
 #include <stdexcept>
 
+#include "demo/CertificateQuery.h"
+#include "demo/OwnersText.h"
+
 namespace {
 
 namespace kseal = platform::kseal;
+using demo::ParseOwners;
 using demo::StandInCall;
+using demo::StandInCertificate;
 using demo::StandInLibrary;
+using Certificates = std::vector<StandInCertificate>;
+using demo::MatchesQuery;
+using demo::MatchesSample;
 
 class StandInLibraryTest : public testing::Test {
   protected:
@@ -174,6 +183,72 @@ TEST_F(StandInLibraryTest, AnswersAsItIsTold) {
     kseal::Context none = nullptr;
     EXPECT_EQ(exports_.Initialize("", 0, &none), 8U);
     EXPECT_EQ(none, nullptr);
+}
+
+std::string ErrorOf(const std::string& text) {
+    try {
+        ParseOwners(text);
+        return "none";
+    } catch (const std::runtime_error& error) {
+        return error.what();
+    }
+}
+
+TEST(OwnersTextTest, ALineIsACertificate) {
+    const demo::StandInOwners owners = ParseOwners(
+        "# comment | with | many | fields\n\n"
+        "local | 1C | 01:A2 | CN=Anna,O=A = B | her text\r\n"
+        "  network|0||CN=Jean\n");
+    EXPECT_EQ(owners.Certificates, (Certificates{{false, 0x1C, {0x01, 0xA2}, "CN=Anna,O=A = B", "her text"},
+                                                 {true, 0, {}, "CN=Jean", ""}}));
+    EXPECT_EQ(owners.Delay.count(), 0);
+    EXPECT_TRUE(owners.NetworkAnswers);
+    EXPECT_EQ(owners.CrlDiagnostic, "");
+}
+
+TEST(OwnersTextTest, SettingsSayHowTheLibraryBehaves) {
+    const demo::StandInOwners owners = ParseOwners("delay = 1500\nnetwork=off\ncrl = no = list");
+    EXPECT_EQ(owners.Delay.count(), 1500);
+    EXPECT_FALSE(owners.NetworkAnswers);
+    EXPECT_EQ(owners.CrlDiagnostic, "no = list");
+    EXPECT_TRUE(ParseOwners("network = off\nnetwork = on").NetworkAnswers);
+    EXPECT_TRUE(ParseOwners("").Certificates.empty());
+}
+
+TEST(OwnersTextTest, WhatIsWrongIsToldWithItsLine) {
+    EXPECT_EQ(ErrorOf("\nlocal | 1C | CN=A"), "line 2: a certificate has four or five fields");
+    EXPECT_EQ(ErrorOf("here | 1C | 01 | CN=A"), "line 1: the store is neither local nor network");
+    EXPECT_EQ(ErrorOf("local | 1CC | 01 | CN=A"), "line 1: '1CC' is not a number that fits here");
+    EXPECT_EQ(ErrorOf("local | 1C | 01: | CN=A"), "line 1: '' is not a number that fits here");
+    EXPECT_EQ(ErrorOf("delay = soon"), "line 1: 'soon' is not a number that fits here");
+    EXPECT_EQ(ErrorOf("network = maybe"), "line 1: neither a certificate nor a setting");
+    EXPECT_EQ(ErrorOf("colour"), "line 1: neither a certificate nor a setting");
+}
+
+TEST(CertificateQueryTest, AsterisksStandForAnyRun) {
+    struct Case {
+        const char* text;
+        const char* sample;
+        bool matches;
+    };
+    const Case cases[] = {
+        {"", "", true},         {"", "*", true},          {"a", "", false},        {"abc", "abc", true},
+        {"abc", "ABC", true},   {"abc", "ab", false},     {"abc", "abcd", false},  {"abc", "a*", true},
+        {"abc", "*c", true},    {"abc", "*b*", true},     {"abc", "a*c", true},    {"abc", "a*b", false},
+        {"abc", "**", true},    {"aXbXc", "a*b*c", true}, {"aab", "*ab", true},    {"abab", "*ab", true},
+        {"abac", "a*b", false}, {"abc", "abc**", true},   {"abc", "abc*d", false}, {"\xCA", "\xEA", false},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(MatchesSample(c.text, c.sample), c.matches) << c.text << " and " << c.sample;
+}
+
+TEST(CertificateQueryTest, AQueryMeansTheWholeNameOrItsAssertions) {
+    const char* const name = "CN=Ivan Petrov, O=Bank,C=RU";
+    for (const char* query : {"*=*", "*", "CN=Ivan Petrov, O=Bank,C=RU", "cn=iv*", "CN=Iv*,C=RU", "O=Bank",
+                              "C=RU, CN=*", "*Petrov*"})
+        EXPECT_TRUE(MatchesQuery(name, query)) << query;
+    for (const char* query : {"", "CN=Iv", "CN=QQQ,C=RU", "CN=Iv*,C=DE", "Ivan Petrov", "U"})
+        EXPECT_FALSE(MatchesQuery(name, query)) << query;
 }
 
 }  // namespace

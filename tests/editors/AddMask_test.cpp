@@ -1,6 +1,7 @@
 #include "editors/AddMask.h"
 
 #include "tests/support/Fixture.h"
+#include "tests/support/Ids.h"
 
 namespace tests {
 namespace {
@@ -9,29 +10,19 @@ using editors::AddMask;
 
 class AddMaskTest : public WorldTest {
   protected:
-    int Run(AddMask& dialog, const std::function<void()>& script) {
-        user_.Expect<AddMask>([&script](AddMask&) { script(); });
-        return dialog.DoModal();
-    }
-    void ExpectRefusal() {
-        user_.ExpectBox(L"No Mask selected.", ui::box::Ok | ui::box::ExclamationIcon, ui::IdOk,
-                        L"ZEMA AC QLD Service - configuration");
-    }
+    void ExpectRefusal() { ExpectHint(L"No Mask selected."); }
 
     AddMask dialog_{world_->Screen(), nullptr, {L"*.b", L"*.a", L"*.b"}};
 };
 
 TEST_F(AddMaskTest, OffersTheSuggestionsInTheirOrderAndStartsInTheField) {
-    const int result = Run(dialog_, [this] {
-        EXPECT_EQ(dialog_.Caption(), L"Mask");
-        EXPECT_EQ(user_.Get<ui::EditableCombo>(1095).Items(),
+    const int result = Show(dialog_, [this] {
+        EXPECT_EQ(user_.Get<ui::EditableCombo>(ruleid::MaskCombo).Items(),
                   (std::vector<std::wstring>{L"*.b", L"*.a", L"*.b"}));
-        EXPECT_EQ(user_.Text(1095), L"");
-        EXPECT_EQ(user_.Text(ui::IdOk), L"OK");
-        EXPECT_EQ(user_.Text(ui::IdCancel), L"Exit");
-        EXPECT_EQ(dialog_.Focus(), &dialog_.Find(1095));
-        user_.Choose(1095, 1);
-        EXPECT_EQ(user_.Text(1095), L"*.a");
+        EXPECT_EQ(user_.Text(ruleid::MaskCombo), L"");
+        EXPECT_EQ(dialog_.Focus(), &dialog_.Find(ruleid::MaskCombo));
+        user_.Choose(ruleid::MaskCombo, 1);
+        EXPECT_EQ(user_.Text(ruleid::MaskCombo), L"*.a");
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(result, ui::IdOk);
@@ -40,11 +31,11 @@ TEST_F(AddMaskTest, OffersTheSuggestionsInTheirOrderAndStartsInTheField) {
 
 TEST_F(AddMaskTest, TakesNoMoreThanTheRegistryGivesBack) {
     AddMask dialog(world_->Screen(), nullptr, {std::wstring(600, L'*')});
-    Run(dialog, [this] {
-        user_.Paste(1095, std::wstring(600, L'x'));
-        EXPECT_EQ(user_.Text(1095), std::wstring(519, L'x'));
-        user_.Choose(1095, 0);
-        EXPECT_EQ(user_.Text(1095), std::wstring(600, L'*'));
+    Show(dialog, [this] {
+        user_.Paste(ruleid::MaskCombo, std::wstring(600, L'x'));
+        EXPECT_EQ(user_.Text(ruleid::MaskCombo), std::wstring(519, L'x'));
+        user_.Choose(ruleid::MaskCombo, 0);
+        EXPECT_EQ(user_.Text(ruleid::MaskCombo), std::wstring(600, L'*'));
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(dialog.Mask().size(), 600U);
@@ -52,24 +43,24 @@ TEST_F(AddMaskTest, TakesNoMoreThanTheRegistryGivesBack) {
 
 TEST_F(AddMaskTest, ChangesAMaskByTheKeyboardAlone) {
     AddMask dialog(world_->Screen(), nullptr, {}, L"*.old");
-    EXPECT_EQ(Run(dialog,
-                  [this] {
-                      EXPECT_EQ(user_.Text(1095), L"*.old");
-                      user_.Type(1095, L"Report ??.TXT");
-                      user_.Press(Key::Enter);
-                  }),
+    EXPECT_EQ(Show(dialog,
+                   [this] {
+                       EXPECT_EQ(user_.Text(ruleid::MaskCombo), L"*.old");
+                       user_.Type(ruleid::MaskCombo, L"Report ??.TXT");
+                       user_.Press(Key::Enter);
+                   }),
               ui::IdOk);
     EXPECT_EQ(dialog.Mask(), L"Report ??.TXT");
 }
 
 TEST_F(AddMaskTest, AnEmptyMaskIsRefusedAndTheFieldKeepsTheFocus) {
-    Run(dialog_, [this] {
+    Show(dialog_, [this] {
         ExpectRefusal();
         user_.Click(ui::IdOk);
         EXPECT_FALSE(dialog_.HasEnded());
-        EXPECT_EQ(dialog_.Focus(), &dialog_.Find(1095));
-        user_.Type(1095, L"x");
-        user_.Type(1095, L"");
+        EXPECT_EQ(dialog_.Focus(), &dialog_.Find(ruleid::MaskCombo));
+        user_.Type(ruleid::MaskCombo, L"x");
+        user_.Type(ruleid::MaskCombo, L"");
         ExpectRefusal();
         user_.Press(Key::Enter);
         user_.Press(Key::Escape);
@@ -78,8 +69,8 @@ TEST_F(AddMaskTest, AnEmptyMaskIsRefusedAndTheFieldKeepsTheFocus) {
 }
 
 TEST_F(AddMaskTest, BlanksAreAMaskLikeAnyOther) {
-    Run(dialog_, [this] {
-        user_.Type(1095, L" ");
+    Show(dialog_, [this] {
+        user_.Type(ruleid::MaskCombo, L" ");
         user_.Click(ui::IdOk);
     });
     EXPECT_EQ(dialog_.Mask(), L" ");
@@ -91,7 +82,7 @@ TEST_F(AddMaskTest, LeavingGivesNoMask) {
                                                      [this] { user_.PressCloseBox(); }};
     for (const auto& leave : waysOut) {
         AddMask dialog(world_->Screen(), nullptr, {}, L"*.old");
-        EXPECT_EQ(Run(dialog, leave), ui::IdCancel);
+        EXPECT_EQ(Show(dialog, leave), ui::IdCancel);
         EXPECT_EQ(dialog.Mask(), L"");
     }
 }

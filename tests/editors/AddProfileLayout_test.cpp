@@ -10,13 +10,6 @@ using namespace profileid;
 
 class AddProfileLayout : public ProfileEditorTest {
   protected:
-    // The controls that Tab stops at, from the first, once round.
-    std::vector<int> TabOrder() {
-        std::vector<int> order{user_.Top().Focus()->Id()};
-        for (user_.Press(Key::Tab); user_.Top().Focus()->Id() != order.front(); user_.Press(Key::Tab))
-            order.push_back(user_.Top().Focus()->Id());
-        return order;
-    }
     void TabTo(int id) {
         for (int i = 0; i < 40 && user_.Top().Focus()->Id() != id; ++i) user_.Press(Key::Tab);
         ExpectFocus(id);
@@ -25,14 +18,15 @@ class AddProfileLayout : public ProfileEditorTest {
 
 TEST_F(AddProfileLayout, TabVisitsEveryUsableControlInReadingOrder) {
     Edit({}, [this](ui::Dialog&) {
-        EXPECT_EQ(TabOrder(), (std::vector<int>{1037, 1001, 1098, 1099, 1054, 1055, 1056, 1057, 1064, 1058,
-                                                1060, 1062, 1076, 1077, 1078, 1080, 1079, 1093, 1,    2}));
+        EXPECT_EQ(user_.TabOrder(),
+                  (std::vector<int>{1037, 1001, 1098, 1099, 1054, 1055, 1056, 1057, 1064, 1058,
+                                    1060, 1062, 1076, 1077, 1078, 1080, 1079, 1093, 1,    2}));
         Leave();
     });
     Edit(Alpha(), [this](ui::Dialog&) {
         user_.Click(VerifyTsp);
         user_.Click(Name);
-        EXPECT_EQ(TabOrder(),
+        EXPECT_EQ(user_.TabOrder(),
                   (std::vector<int>{1037, 1001, 1098, 1099, 1054, 1055, 1056, 1057, 1064, 1058, 1059,
                                     1060, 1061, 1062, 1076, 1077, 1078, 1080, 1079, 1093, 1,    2}));
         Leave();

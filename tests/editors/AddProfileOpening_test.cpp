@@ -12,35 +12,10 @@ using namespace profileid;
 
 using AddProfileOpening = ProfileEditorTest;
 
-TEST_F(AddProfileOpening, ItsControlsCarryTheseTexts) {
-    const std::map<int, std::wstring> texts{
-        {NameLabel, L"Type profile name"},
-        {NotUseLdap, L"Do not use LDAP"},
-        {NotAddCert, L"Do not add certificate into signature"},
-        {NotCopyToLocal, L"Do not add certificate into local store"},
-        {NotLoadCrl, L"Do not load CRL from distribution point"},
-        {PeriodLabel, L"Frequency (h.):"},
-        {UseTsp, L"Use TSP server:"},
-        {VerifyTsp, L"Verify time stamp while signature verification"},
-        {NoTspIsError, L"Admit the lack of time stamp as an error"},
-        {UseAia, L"Allow AIA and CDP access while building chains"},
-        {VerifyFile, L"Create report file after verifying attached signature"},
-        {VerifyXFile, L"Create report file after verifying and deleting attached signature"},
-        {VerifyDetFile, L"Create report file after verifying detached signature"},
-        {VerifyResignFile, L"Create report file after verifying resigning file"},
-        {TimeoutLabel, L"Handler timeout (sec.):"},
-        {RenameConfFiles, L"Rename files in Output directory if name conflict happens"},
-        {ui::IdOk, L"OK"},
-        {ui::IdCancel, L"Exit"}};
+TEST_F(AddProfileOpening, ItsButtonsHaveIconsAndItsPeriodHasLimits) {
     Edit(Alpha(), [&](ui::Dialog& dialog) {
-        for (const auto& [id, text] : texts) EXPECT_EQ(user_.Text(id), text) << id;
-        EXPECT_EQ(dialog.Controls().size(), 27U);
         EXPECT_EQ(user_.Get<ui::IconButton>(Add).Icon(), ui::Icon::ItemAdd);
         EXPECT_EQ(user_.Get<ui::IconButton>(Delete).Icon(), ui::Icon::ItemDelete);
-        EXPECT_EQ(user_.Get<ui::IconButton>(Add).Tooltip(), L"Add");
-        EXPECT_EQ(user_.Get<ui::IconButton>(Delete).Tooltip(), L"Delete");
-        EXPECT_TRUE(user_.Get<ui::Edit>(Period).Style().digitsOnly);
-        EXPECT_TRUE(user_.Get<ui::Edit>(Timeout).Style().digitsOnly);
         const auto& arrows = user_.Get<ui::UpDown>(PeriodArrows);
         EXPECT_EQ(&arrows.Buddy(), &dialog.Find(Period));
         EXPECT_EQ(arrows.Lowest(), 0);

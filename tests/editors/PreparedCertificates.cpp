@@ -1,6 +1,6 @@
 #include "tests/editors/PreparedCertificates.h"
 
-#include "tests/certs/PickerIds.h"
+#include "tests/support/Ids.h"
 #include "ui/ListView.h"
 
 namespace tests {

@@ -10,19 +10,9 @@
 #include "editors/AddCSProfDlg.h"
 #include "editors/AddProfile.h"
 #include "tests/support/Fixture.h"
+#include "tests/support/Ids.h"
 
 namespace tests {
-
-namespace profileid {
-inline constexpr int NameLabel = 1070, Name = 1037;
-inline constexpr int CsProfiles = 1001, Add = 1098, Delete = 1099, Settings = 1100;
-inline constexpr int NotUseLdap = 1054, NotAddCert = 1055, NotCopyToLocal = 1056, NotLoadCrl = 1057;
-inline constexpr int PeriodLabel = 1094, Period = 1064, PeriodArrows = 1129;
-inline constexpr int UseTsp = 1058, Tsp = 1059, VerifyTsp = 1060, NoTspIsError = 1061, UseAia = 1062;
-inline constexpr int VerifyFile = 1076, VerifyXFile = 1077, VerifyDetFile = 1078, VerifyResignFile = 1080;
-inline constexpr int TimeoutLabel = 1092, Timeout = 1079, RenameConfFiles = 1093;
-inline constexpr int Choice = 1102;  // of the chooser
-}  // namespace profileid
 
 // How the settings of the sample's store profiles look in the form, and where the chooser lists them.
 namespace profilesample {
@@ -48,12 +38,6 @@ class ProfileEditorTest : public WorldTest {
                                                const std::function<void(ui::Dialog&)>& script);
 
     void Leave() { user_.Click(ui::IdCancel); }
-    void ExpectHint(const std::wstring& text) {
-        user_.ExpectBox(text, boxes::Hint, ui::IdOk, L"ZEMA AC QLD Service - configuration");
-    }
-    void ExpectQuestion(const std::wstring& text, int answer) {
-        user_.ExpectBox(text, boxes::Question, answer, L"ZEMA AC QLD Service - configuration");
-    }
     void ExpectFocus(int id) { EXPECT_EQ(user_.Top().Focus(), &user_.Top().Find(id)); }
 
     // Adds the store profile that the chooser offers at this place.

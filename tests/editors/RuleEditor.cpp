@@ -20,13 +20,7 @@ std::wstring Seeing(const ui::Control& control) {
 
 }  // namespace
 
-RuleEditorTest::RuleEditorTest()
-    : machine_{world_->Machine().Registry,      files_,
-               world_->Machine().CodePage,      world_->Machine().SystemMessages,
-               world_->Machine().Clock,         world_->Machine().InstanceLock,
-               world_->Machine().ScreenMetrics, world_->Machine().Memory,
-               world_->Machine().CryptoLibrary},
-      editorServices_{machine_, certificates_, reporter_, store_} {
+RuleEditorTest::RuleEditorTest() {
     Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\n");
     for (const wchar_t* folder : {L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second"})
         files_.AddFolder(folder);
@@ -83,17 +77,10 @@ void RuleEditorTest::ChooseOperation(const std::wstring& code) {
     user_.Choose(ruleid::Operation, static_cast<int>(config::OperationIndex(code).value()));
 }
 
-std::vector<std::wstring> RuleEditorTest::ShownMasks() const {
-    std::vector<std::wstring> masks;
-    for (size_t row = 0; row < user_.RowCount(ruleid::Masks); ++row)
-        masks.push_back(user_.Row(ruleid::Masks, row).at(0));
-    return masks;
-}
-
 void RuleEditorTest::ExpectErrBox(const std::wstring& text, ui::Icon icon) {
     user_.Expect<errors::ErrBox>([this, text, icon](errors::ErrBox&) {
-        EXPECT_EQ(user_.Get<ui::Picture>(1150).Icon(), icon);
-        EXPECT_EQ(user_.Text(1151), text);
+        EXPECT_EQ(user_.Get<ui::Picture>(boxid::ErrorPicture).Icon(), icon);
+        EXPECT_EQ(user_.Text(boxid::ErrorText), text);
         user_.Press(Key::Enter);
     });
 }

@@ -29,10 +29,6 @@ class RuleEditorChecks : public RuleEditorTest {
         user_.ExpectBox(text + behind, ui::box::Ok | ui::box::ErrorIcon, ui::IdOk,
                         L"ZEMA AC QLD Service - configuration");
     }
-    void ExpectWarning(const std::wstring& text) {
-        user_.ExpectBox(text, ui::box::Ok | ui::box::ExclamationIcon, ui::IdOk,
-                        L"ZEMA AC QLD Service - configuration");
-    }
 };
 
 TEST_F(RuleEditorChecks, MissingFolders) {
@@ -77,7 +73,7 @@ TEST_F(RuleEditorChecks, ASilentRefusalStaysOpenAndShowsNothing) {
 TEST_F(RuleEditorChecks, NoMask) {
     config::Rule rule = FullRule(L"HASH");
     rule.Masks.clear();
-    ExpectRefused(rule, ruleid::Masks, [this] { ExpectWarning(L"No Mask selected."); });
+    ExpectRefused(rule, ruleid::Masks, [this] { ExpectHint(L"No Mask selected."); });
 }
 
 TEST_F(RuleEditorChecks, NoRecipients) {
@@ -103,7 +99,7 @@ TEST_F(RuleEditorChecks, NoExecutable) {
 TEST_F(RuleEditorChecks, NoOperation) {
     EXPECT_FALSE(Edit(FullRule(L"HASH"), [this](ui::Dialog& dialog) {
         user_.Get<ui::ComboBox>(ruleid::Operation).Select(std::nullopt);
-        ExpectWarning(L"No operation selected.");
+        ExpectHint(L"No operation selected.");
         user_.Click(ui::IdOk);
         EXPECT_EQ(dialog.Focus(), &dialog.Find(ruleid::Operation));
         ChooseOperation(L"MOVE");

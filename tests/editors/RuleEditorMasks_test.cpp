@@ -39,8 +39,7 @@ class RuleEditorMasks : public RuleEditorTest {
         });
     }
     void ExpectDeleteQuestion(const std::wstring& count, int answer) {
-        user_.ExpectBox(L"Delete " + count + L" mask(s)?", boxes::Question, answer,
-                        L"ZEMA AC QLD Service - configuration");
+        ExpectQuestion(L"Delete " + count + L" mask(s)?", answer);
     }
     int ColumnWidth() { return user_.Get<ui::ListView>(ruleid::Masks).Columns().at(0).width; }
 };

@@ -11,14 +11,14 @@ constexpr int office = 0, bank = 1, tax = 2;
 class RuleEditorStoreProfiles : public RuleEditorTest {
   protected:
     void ExpectRecipientsQuestion(int answer) {
-        user_.ExpectBox(
+        ExpectQuestion(
             L"Recipients field must be clean to change CS profile.\r\nDelete all recipients from rule?",
-            boxes::Question, answer, L"ZEMA AC QLD Service - configuration");
+            answer);
     }
     void ExpectSignersQuestion(int answer) {
-        user_.ExpectBox(
+        ExpectQuestion(
             L"Signers field must be clean to change CS profile.\r\nDelete all signer lists from rule?",
-            boxes::Question, answer, L"ZEMA AC QLD Service - configuration");
+            answer);
     }
 };
 

@@ -18,12 +18,6 @@ namespace {
 namespace fs = std::filesystem;
 using platform::RootKey;
 
-constexpr int editRule = 1024;
-constexpr int actionButton = 1050, actionField = 1049;
-constexpr int candidateList = 1214, fromLocalStore = 1215, fromLdap = 1217, selectAll = 1218, choose = 1027;
-constexpr int chosenList = 1222;
-constexpr int warningText = 1160;
-
 // Where programs look for a library that they must not look for, for as long as the object lives.
 class SearchedFolder {
   public:
@@ -116,8 +110,8 @@ class CertificatesTest : public ::testing::Test {
     HWND OpenRule(const Editor& editor) const {
         const HWND window = editor.MainWindow();
         if (window == nullptr) return nullptr;
-        editor.SelectRow(window, ruleList, 0);
-        Editor::Press(window, editRule);
+        editor.SelectRow(window, id::Rules, 0);
+        Editor::Press(window, id::EditRule);
         return editor.WaitForWindow(L"Edit rule");
     }
 
@@ -125,12 +119,12 @@ class CertificatesTest : public ::testing::Test {
     std::vector<std::vector<std::wstring>> LocalNames(const Editor& editor, int count) const {
         const HWND rule = OpenRule(editor);
         if (rule == nullptr) return {};
-        Editor::Press(rule, actionButton);
+        Editor::Press(rule, ruleid::ActionButton);
         const HWND picker = editor.WaitForWindow(L"Add recipients");
         if (picker == nullptr) return {};
-        Editor::Press(picker, fromLocalStore);
-        if (!editor.WaitForRows(picker, candidateList, count)) return {};
-        return editor.Rows(picker, candidateList, 1);
+        Editor::Press(picker, pickid::FromLocalStore);
+        if (!editor.WaitForRows(picker, pickid::Candidates, count)) return {};
+        return editor.Rows(picker, pickid::Candidates, 1);
     }
 
     const fs::path folder_ = fs::path(platform::win32::ProgramFolder()) / L"beside-stand-in";
@@ -142,21 +136,21 @@ TEST_F(CertificatesTest, RecipientsFromTheLocalStoreArriveInTheRegistry) {
     const Editor editor(program_.wstring());
     const HWND rule = OpenRule(editor);
     ASSERT_NE(rule, nullptr);
-    EXPECT_EQ(Editor::TextOf(rule, actionField), L"1");
-    Editor::Press(rule, actionButton);
+    EXPECT_EQ(Editor::TextOf(rule, ruleid::ActionField), L"1");
+    Editor::Press(rule, ruleid::ActionButton);
     const HWND picker = editor.WaitForWindow(L"Add recipients");
     ASSERT_NE(picker, nullptr);
-    EXPECT_TRUE(IsWindowEnabled(GetDlgItem(picker, fromLdap)));
-    Editor::Press(picker, fromLocalStore);
-    ASSERT_TRUE(editor.WaitForRows(picker, candidateList, 2));
-    Editor::Press(picker, selectAll);
-    Editor::Press(picker, choose);
-    ASSERT_TRUE(editor.WaitForRows(picker, chosenList, 2));
+    EXPECT_TRUE(IsWindowEnabled(GetDlgItem(picker, pickid::FromLdap)));
+    Editor::Press(picker, pickid::FromLocalStore);
+    ASSERT_TRUE(editor.WaitForRows(picker, pickid::Candidates, 2));
+    Editor::Press(picker, pickid::SelectAll);
+    Editor::Press(picker, pickid::Choose);
+    ASSERT_TRUE(editor.WaitForRows(picker, pickid::Chosen, 2));
     const std::vector<std::vector<std::wstring>> chosen{{L"CN=Boris,C=RU"}, {L"CN=Anna,C=DE"}};
-    EXPECT_EQ(editor.Rows(picker, chosenList, 1), chosen);
+    EXPECT_EQ(editor.Rows(picker, pickid::Chosen, 1), chosen);
     Editor::Press(picker, IDOK);
     ASSERT_TRUE(editor.WaitUntilGone(picker));
-    EXPECT_TRUE(editor.WaitForText(rule, actionField, L"2"));  // the library is closed first
+    EXPECT_TRUE(editor.WaitForText(rule, ruleid::ActionField, L"2"));  // the library is closed first
     Editor::Press(rule, IDOK);
     ASSERT_TRUE(editor.WaitUntilGone(rule));
     Editor::Press(editor.MainWindow(), IDOK);
@@ -172,16 +166,16 @@ TEST_F(CertificatesTest, WhatTheLibraryHasToSayOfAFailureIsShown) {
     const Editor editor(program_.wstring());
     const HWND rule = OpenRule(editor);
     ASSERT_NE(rule, nullptr);
-    Editor::Press(rule, actionButton);
+    Editor::Press(rule, ruleid::ActionButton);
     const HWND warning = editor.WaitForWindow(L"Warning:");
     ASSERT_NE(warning, nullptr);
-    const std::wstring text = Editor::TextOf(warning, warningText);
+    const std::wstring text = Editor::TextOf(warning, boxid::WarningText);
     EXPECT_TRUE(text.starts_with(L"Cryptocontext initialization.\r\nKSEAL error 0x20000001 - "))
         << text.size();
     EXPECT_NE(text.find(L"KSEAL stek, error number 1\r\nError: line 1: "), std::wstring::npos);
     Editor::Press(warning, IDCANCEL);
     EXPECT_TRUE(editor.WaitUntilGone(warning));
-    EXPECT_EQ(Editor::TextOf(rule, actionField), L"1");
+    EXPECT_EQ(Editor::TextOf(rule, ruleid::ActionField), L"1");
 }
 
 // Libraries that the system looks for in many places, for the pickers, the pictures and the messages.
@@ -195,7 +189,7 @@ TEST_F(CertificatesTest, NothingIsLoadedFromTheCurrentFolderOrThePath) {
     const Editor editor(program_.wstring());
     const HWND rule = OpenRule(editor);
     ASSERT_NE(rule, nullptr);
-    Editor::Press(rule, actionButton);
+    Editor::Press(rule, ruleid::ActionButton);
     ASSERT_NE(editor.WaitForWindow(L"Add recipients"), nullptr);
     size_t besideTheProgram = 0;
     for (const std::wstring& file : editor.Modules()) {
@@ -213,11 +207,11 @@ TEST_F(CertificatesTest, ALibraryInTheCurrentFolderOrOnThePathIsNotTaken) {
     const Editor editor(program_.wstring());
     const HWND rule = OpenRule(editor);
     ASSERT_NE(rule, nullptr);
-    Editor::Press(rule, actionButton);
+    Editor::Press(rule, ruleid::ActionButton);
     const HWND warning = editor.WaitForWindow(L"Warning:");
     ASSERT_NE(warning, nullptr);
-    EXPECT_TRUE(
-        Editor::TextOf(warning, warningText).starts_with(L"Cryptocontext initialization.\r\nError 0x7E - "));
+    EXPECT_TRUE(Editor::TextOf(warning, boxid::WarningText)
+                    .starts_with(L"Cryptocontext initialization.\r\nError 0x7E - "));
 }
 
 TEST_F(CertificatesTest, TheLibraryBesideTheProgramComesBeforeThatOfTheSystem) {

@@ -13,7 +13,6 @@ namespace tests {
 namespace {
 
 constexpr DWORD patience = 10'000;  // milliseconds; far beyond what anything here takes
-constexpr int ruleListId = 1030;
 constexpr int boxTextId = 0xFFFF;
 
 struct Search {
@@ -118,14 +117,14 @@ HWND Editor::WaitForWindow(const std::wstring& title) const {
 
 HWND Editor::MainWindow() const {
     return WaitFor(process_, [](HWND window) {
-        const HWND rules = GetDlgItem(window, ruleListId);
+        const HWND rules = GetDlgItem(window, id::Rules);
         return Title(window) == errors::ProgramTitle && rules != nullptr && IsWindowEnabled(rules);
     });
 }
 
 HWND Editor::WaitForBox() const {
     return WaitFor(process_, [](HWND window) {
-        return Title(window) == errors::ProgramTitle && GetDlgItem(window, ruleListId) == nullptr;
+        return Title(window) == errors::ProgramTitle && GetDlgItem(window, id::Rules) == nullptr;
     });
 }
 

@@ -7,13 +7,14 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/Ids.h"
+
 namespace tests {
 
 // Keys that the program works on, of the machine and of the user.
 inline constexpr wchar_t serviceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
 inline constexpr wchar_t libraryRoot[] = L"SOFTWARE\\TALVERON\\morcel";
 // Controls of the main window.
-inline constexpr int saveButton = 1000, ruleList = 1030;
 
 class Editor {
   public:

@@ -22,8 +22,9 @@
 #include "demo/RegistryTool.h"
 #include "platform/memory/MemoryMachine.h"
 #include "platform/win32/Win32Machine.h"
-#include "tests/config/ReportsOnlyScreen.h"
 #include "tests/end_to_end/Editor.h"
+#include "tests/support/RecordingScreen.h"
+#include "ui/memory/MemoryScreen.h"
 
 namespace tests {
 namespace {
@@ -38,6 +39,7 @@ constexpr DWORD saverPatience = 20'000;  // milliseconds
 class KilledProcess : public ::testing::Test {
   protected:
     void SetUp() override {
+        screen_.ExpectOnlyReports();
         std::stringstream text;
         text << std::ifstream("demo/configuration.txt", std::ios::binary).rdbuf();
         demo::SeedRegistry(text.str(), machine_.Registry);
@@ -48,15 +50,15 @@ class KilledProcess : public ::testing::Test {
     void TearDown() override { demo::SeedRegistry({}, machine_.Registry); }
 
     std::optional<Configuration> Load() {
-        screen_.reports.clear();
+        screen_.boxes.clear();
         config::RegistryStore store(machine_.Machine, reporter_);
         return config::LoadConfiguration(store, nullptr);
     }
     void Save(const Configuration& configuration) {
-        screen_.reports.clear();
+        screen_.boxes.clear();
         config::RegistryStore store(machine_.Machine, reporter_);
         EXPECT_TRUE(config::SaveConfiguration(store, nullptr, configuration));
-        EXPECT_EQ(screen_.reports, std::vector<std::wstring>{});
+        EXPECT_EQ(screen_.Reports(), std::vector<std::wstring>{});
     }
     std::string Dump() { return demo::DumpRegistry(machine_.Registry); }
 
@@ -101,7 +103,7 @@ class KilledProcess : public ::testing::Test {
     }
     // What was ended is completed, or had not begun; either way the next start shows a configuration.
     void ExpectAllOrNothing(const std::string& before, const std::string& after) {
-        screen_.reports.clear();
+        screen_.boxes.clear();
         config::RegistryStore store(machine_.Machine, reporter_);
         config::RedoRecord record(store, nullptr);
         if (record.Find() == config::RedoRecord::State::Whole) {
@@ -112,11 +114,12 @@ class KilledProcess : public ::testing::Test {
             EXPECT_TRUE(Service() == before || Service() == after);
         }
         EXPECT_TRUE(Load());
-        EXPECT_EQ(screen_.reports, std::vector<std::wstring>{});
+        EXPECT_EQ(screen_.Reports(), std::vector<std::wstring>{});
     }
 
     platform::win32::Win32Machine machine_;
-    ReportsOnlyScreen screen_{machine_.ScreenMetrics};
+    ui::memory::MemoryScreen nobodysScreen_{machine_.ScreenMetrics};
+    RecordingScreen screen_{nobodysScreen_};
     const errors::ErrorReporter reporter_{machine_.Machine, screen_};
     Configuration before_;
     Configuration after_;
@@ -178,7 +181,7 @@ TEST_F(KilledProcess, TheReleasedProgramAtAnyTime) {
             const Editor editor;
             const HWND window = editor.MainWindow();
             ASSERT_NE(window, nullptr);
-            Editor::Press(window, saveButton);
+            Editor::Press(window, id::Save);
             Sleep(milliseconds);
         }
         if (Service() != whole) ++cutShort;

@@ -16,11 +16,6 @@ namespace {
 
 using platform::RootKey;
 
-constexpr int profileLabel = 1041;
-constexpr int csProfileLabel = 1042;
-constexpr int profileList = 1001;
-constexpr int aboutCommand = 16;
-
 std::string FileText(const char* path) {
     std::ifstream file(path, std::ios::binary);
     std::stringstream text;
@@ -71,11 +66,11 @@ TEST_F(ProgramTest, ShowsTheFirstProfileAndItsRules) {
     const Editor editor;
     const HWND window = editor.MainWindow();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(Editor::TextOf(window, profileLabel), L"Profile: Archive");
-    EXPECT_EQ(Editor::TextOf(window, csProfileLabel), L"CS profile's num: 1");
+    EXPECT_EQ(Editor::TextOf(window, id::ProfileLabel), L"Profile: Archive");
+    EXPECT_EQ(Editor::TextOf(window, id::CsProfileLabel), L"CS profile's num: 1");
     const std::vector<std::vector<std::wstring>> profiles{{L"Archive"}, {L"Bank exchange"}, {L"Reports"}};
-    EXPECT_EQ(editor.Rows(window, profileList, 1), profiles);
-    const auto rows = editor.Rows(window, ruleList, 9);
+    EXPECT_EQ(editor.Rows(window, id::Profiles, 1), profiles);
+    const auto rows = editor.Rows(window, id::Rules, 9);
     ASSERT_EQ(rows.size(), 11U);
     for (size_t i = 0; i < rows.size(); ++i) EXPECT_EQ(rows[i][0], std::to_wstring(i + 1));
     EXPECT_EQ(rows[6][2], L"Move");  // the rule of the older form
@@ -87,8 +82,8 @@ TEST_F(ProgramTest, SavingWritesTheWholeTreeAndASecondStartShowsTheSameRules) {
         const Editor editor;
         const HWND window = editor.MainWindow();
         ASSERT_NE(window, nullptr);
-        rows = editor.Rows(window, ruleList, 9);
-        SendMessageW(GetDlgItem(window, saveButton), BM_CLICK, 0, 0);
+        rows = editor.Rows(window, id::Rules, 9);
+        SendMessageW(GetDlgItem(window, id::Save), BM_CLICK, 0, 0);
         EXPECT_EQ(Dump(), SavedDemo());
         Editor::Press(window, IDCANCEL);
         EXPECT_TRUE(editor.WaitForEnd());
@@ -96,7 +91,7 @@ TEST_F(ProgramTest, SavingWritesTheWholeTreeAndASecondStartShowsTheSameRules) {
     const Editor again;
     const HWND window = again.MainWindow();
     ASSERT_NE(window, nullptr);
-    EXPECT_EQ(again.Rows(window, ruleList, 9), rows);
+    EXPECT_EQ(again.Rows(window, id::Rules, 9), rows);
 }
 
 TEST_F(ProgramTest, SaveAndExitSavesAndEnds) {
@@ -141,11 +136,11 @@ TEST_F(ProgramTest, TheAboutBoxTellsTheVersion) {
     const Editor editor;
     const HWND window = editor.MainWindow();
     ASSERT_NE(window, nullptr);
-    PostMessageW(window, WM_SYSCOMMAND, aboutCommand, 0);
+    PostMessageW(window, WM_SYSCOMMAND, command::About, 0);
     const HWND about = editor.WaitForWindow(L"About programm...");
     ASSERT_NE(about, nullptr);
-    EXPECT_EQ(Editor::TextOf(about, 1201), L"Talveron LLC");
-    EXPECT_EQ(Editor::TextOf(about, 1202), L"Client QLD");
+    EXPECT_EQ(Editor::TextOf(about, boxid::AboutMaker), L"Talveron LLC");
+    EXPECT_EQ(Editor::TextOf(about, boxid::AboutProgram), L"Client QLD");
     EXPECT_EQ(Editor::TextOf(about, 1203), L"ZEMA AC QLD Service - configuration (x64) Version 1.0.0453.0");
 }
 

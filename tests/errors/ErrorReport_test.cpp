@@ -35,7 +35,7 @@ TEST(CodeTextOf, SystemAndLibraryCodes) {
 
 TEST_F(ErrorReport, ShowsOperationCodeAndDescriptionInOneBox) {
     EXPECT_EQ(reporter_.ErrorReport({}, refusedWrite), 5U);
-    const std::vector<tests::RecordingUser::Box> expected{
+    const std::vector<tests::ScriptedUser::Box> expected{
         {refusedWriteText, L"ZEMA AC QLD Service - configuration", ui::box::Ok | ui::box::ErrorIcon}};
     EXPECT_EQ(user_.boxes, expected);
 }

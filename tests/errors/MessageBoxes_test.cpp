@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/memory/MemoryParts.h"
-#include "tests/errors/RecordingUser.h"
+#include "tests/support/ScriptedUser.h"
 #include "tests/support/World.h"
 #include "ui/Dialog.h"
 
@@ -60,7 +60,7 @@ TEST_F(MessageBoxes, WarnShowsAnExclamation) {
 
 TEST(MessageBoxOwner, IsTheDialogOnlyWhileItIsOpen) {
     const platform::memory::MemoryScreenMetrics metrics;
-    tests::RecordingUser user;
+    tests::ScriptedUser user;
     ui::memory::MemoryScreen screen(metrics, user);
     ui::Dialog dialog(screen, nullptr, {.size = {100, 50}});
     errors::Warn(screen, &dialog, L"a");

@@ -9,7 +9,7 @@
 #include "demo/StandInLibrary.h"
 #include "errors/ErrorReport.h"
 #include "platform/memory/MemoryMachine.h"
-#include "tests/errors/RecordingUser.h"
+#include "tests/support/ScriptedUser.h"
 #include "ui/memory/MemoryScreen.h"
 
 namespace tests {
@@ -39,7 +39,7 @@ class ReporterTest : public testing::Test {
 
     demo::StandInLibrary library_;
     platform::memory::MemoryMachine machine_;
-    RecordingUser user_;
+    ScriptedUser user_;
     ui::memory::MemoryScreen screen_{machine_.ScreenMetrics, user_};
     const errors::ErrorReporter reporter_{machine_.Machine, screen_};
 };

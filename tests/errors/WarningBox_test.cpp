@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "tests/support/Ids.h"
 #include "tests/support/World.h"
 
 namespace {
@@ -13,7 +14,6 @@ namespace {
 using errors::WarningBox;
 using tests::Key;
 
-constexpr int textId = 1160;
 constexpr int continueId = ui::IdOk;
 constexpr int closeId = ui::IdCancel;
 
@@ -52,16 +52,14 @@ TEST_F(WarningBoxTest, ShowsTheTextUnderItsTitle) {
                       L"Rule details");
     Show(titled, [&] {
         EXPECT_EQ(titled.Caption(), L"Rule details");
-        EXPECT_EQ(user_.Text(textId), L"Some text");
+        EXPECT_EQ(user_.Text(tests::boxid::WarningText), L"Some text");
     });
 }
 
 TEST_F(WarningBoxTest, AnEmptyTitleShowsAsWarning) {
     Show(box_, [this] {
         EXPECT_EQ(box_.Caption(), L"Warning:");
-        EXPECT_EQ(user_.Text(textId), L"First line\r\nSecond & last line");
-        EXPECT_EQ(user_.Text(closeId), L"OK");
-        EXPECT_EQ(user_.Text(continueId), L"Continue");
+        EXPECT_EQ(user_.Text(tests::boxid::WarningText), L"First line\r\nSecond & last line");
     });
 }
 
@@ -88,11 +86,11 @@ TEST_F(WarningBoxTest, ContinueCannotBeUsed) {
 
 TEST_F(WarningBoxTest, TheTextIsReadOnlyAndScrollsBothWays) {
     Show(box_, [this] {
-        const auto& text = user_.Get<ui::Edit>(textId);
+        const auto& text = user_.Get<ui::Edit>(tests::boxid::WarningText);
         EXPECT_TRUE(text.IsReadOnly());
         EXPECT_TRUE(text.Style().multiLine);
         EXPECT_TRUE(text.Style().scrollBars);
-        user_.Type(textId, L"x");
+        user_.Type(tests::boxid::WarningText, L"x");
         EXPECT_EQ(text.Text(), L"First line\r\nSecond & last line");
     });
 }
@@ -102,7 +100,7 @@ TEST_F(WarningBoxTest, ALongStackIsShownWhole) {
     for (int i = 0; i < 2'000; ++i)
         stack += L"KSEAL stek, error number " + std::to_wstring(i) + L"\r\nError: x\r\n";
     WarningBox box(world_->Screen(), nullptr, WarningBox::Kind::Error, stack);
-    Show(box, [&] { EXPECT_EQ(user_.Text(textId), stack); });
+    Show(box, [&] { EXPECT_EQ(user_.Text(tests::boxid::WarningText), stack); });
 }
 
 TEST_F(WarningBoxTest, EveryWayOutIsTheClosingButton) {
@@ -115,10 +113,10 @@ TEST_F(WarningBoxTest, EveryWayOutIsTheClosingButton) {
 
 TEST_F(WarningBoxTest, EnterInTheTextDoesNotContinue) {
     const int result = Close([this] {
-        user_.Click(textId);
+        user_.Click(tests::boxid::WarningText);
         user_.Press(Key::Enter);
         ASSERT_TRUE(box_.IsOpen());
-        EXPECT_EQ(user_.Text(textId), L"First line\r\nSecond & last line");
+        EXPECT_EQ(user_.Text(tests::boxid::WarningText), L"First line\r\nSecond & last line");
         user_.Press(Key::Tab);
         EXPECT_TRUE(box_.Find(closeId).HasFocus())
             << "there is nothing between the text and the closing button";
@@ -134,14 +132,14 @@ TEST_F(WarningBoxTest, ButtonsKeepTheirDistanceToTheCornerAndTheTextGrows) {
         const ui::Rect button = Bounds(closeId);
         for (const ui::Size growth :
              {ui::Size{61, 0}, ui::Size{0, 43}, ui::Size{35, 27}, ui::Size{-50, -30}}) {
-            const ui::Rect text = Bounds(textId);
+            const ui::Rect text = Bounds(tests::boxid::WarningText);
             const ui::Size inside = box_.ClientSize();
             user_.Resize(growth);
             EXPECT_EQ(box_.ClientSize(),
                       (ui::Size{inside.width + growth.width, inside.height + growth.height}));
             EXPECT_EQ(ToCorner(closeId), closeDistance);
             EXPECT_EQ(ToCorner(continueId), continueDistance);
-            EXPECT_EQ(Bounds(textId),
+            EXPECT_EQ(Bounds(tests::boxid::WarningText),
                       (ui::Rect{text.x, text.y, text.width + growth.width, text.height + growth.height}));
         }
         EXPECT_EQ(Bounds(closeId).width, button.width);

@@ -6,8 +6,8 @@ namespace {
 
 std::wstring OperationName(const Rule& rule) {
     if (rule.text.at(L"Path Out") == L"0") return L"";
-    for (const auto& [code, name] : OperationNames())
-        if (code == rule.Operation()) return name;
+    for (const auto& [code, name] : OperationNames)
+        if (code == rule.Operation()) return std::wstring(name);
     return rule.Operation();
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "tests/config/OperationNames.h"
 #include "tests/model/Dice.h"
 #include "tests/model/Tree.h"
 
@@ -53,8 +54,6 @@ Rule Exchanged(const Rule& rule);
 // A registry as users, older versions and other tools may have left it.
 Tree RandomTree(Dice& dice);
 
-// The operations' codes in the order in which they are offered, and their names.
-const std::vector<std::pair<std::wstring, std::wstring>>& OperationNames();
 // Of the words in the text, which blanks separate.
 bool IsOneOf(const std::wstring& word, const wchar_t* words);
 

@@ -34,7 +34,8 @@ void PutRule(Dice& dice, const std::wstring& path, Tree& tree) {
         if (dice.Chance(60)) key[name] = static_cast<int32_t>(dice.Below(3));
     if (dice.Chance(80)) key[L"ZCSProfile"] = dice.Pick(Texts{L"Office", L"Bank", L"Tax", L"Gone", L"0"});
     if (dice.Chance(50)) key[L"ResignProfile"] = dice.Pick(Texts{L"Office", L"Bank", L"Tax", L"Gone"});
-    key[L"Operation"] = dice.Chance(15) ? L"" : dice.Pick(OperationNames()).first;
+    key[L"Operation"] =
+        dice.Chance(15) ? L"" : std::wstring(OperationNames[dice.Below(std::size(OperationNames))].code);
     if (dice.Chance(20)) {
         key[L"Mask"] = L"*.old";
     } else {
@@ -90,35 +91,6 @@ const std::vector<std::pair<std::wstring, std::wstring>>& StoreProfileFolders() 
     static const std::vector<std::pair<std::wstring, std::wstring>> folders{
         {L"Office", L"C:\\Keys"}, {L"Bank", L"C:\\Bank"}, {L"Tax", L"C:\\Tax"}, {L"Bank", L"D:\\Bank"}};
     return folders;
-}
-
-const std::vector<std::pair<std::wstring, std::wstring>>& OperationNames() {
-    static const std::vector<std::pair<std::wstring, std::wstring>> names{
-        {L"ENCR", L"Encrypt"},
-        {L"DECR", L"Decrypt"},
-        {L"HASH", L"Hash file"},
-        {L"B64E", L"Encode b64"},
-        {L"B64D", L"Decode b64"},
-        {L"SIGN", L"Attached signature"},
-        {L"CHCK", L"Verify attached signature"},
-        {L"CHKX", L"Verify and delete attached signature"},
-        {L"MOVE", L"Move"},
-        {L"DELE", L"Delete"},
-        {L"LENC", L"Encrypt long file"},
-        {L"LDEC", L"Decrypt long file"},
-        {L"CDSG", L"Create detached signature"},
-        {L"DSIG", L"Add detached signature"},
-        {L"DCHK", L"Verify detached signature"},
-        {L"DELS", L"Delete signatures without verification"},
-        {L"RESG", L"Resign"},
-        {L"SGEN", L"Create attached signature and encrypt"},
-        {L"DCCX", L"Decrypt, verify and delete attached signatures"},
-        {L"ARCH", L"Archivate file"},
-        {L"UNAR", L"Unarchivate file"},
-        {L"PACK", L"Pack files"},
-        {L"UNPK", L"Unpack files"},
-        {L"EXEC", L"Execute"}};
-    return names;
 }
 
 bool IsOneOf(const std::wstring& word, const wchar_t* words) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "tests/app/MainWindow.h"
+#include "tests/support/MachineWith.h"
 
 namespace tests::model {
 namespace {
@@ -27,11 +28,7 @@ Walk::Walk(World& world, uint32_t seed)
       user_(world.User()),
       dice_(seed),
       model_(RandomTree(dice_)),
-      machine_{world.Machine().Registry,      files_,
-               world.Machine().CodePage,      world.Machine().SystemMessages,
-               world.Machine().Clock,         world.Machine().InstanceLock,
-               world.Machine().ScreenMetrics, world.Machine().Memory,
-               world.Machine().CryptoLibrary},
+      machine_(MachineWith(world.Machine(), {.Files = &files_})),
       certificates_(world),
       reporter_(machine_, certificates_),
       store_(machine_, reporter_),
@@ -154,10 +151,10 @@ void Walk::CompareProfiles() {
 
 // Only what works on the opened profile can be out of use.
 void Walk::CompareCommands() {
-    static const std::vector<int> controls{1023, 1037, 1024, 1025, 1026, 1027, 1028,
-                                           1029, 1030, 1032, 1033, 1034, 1035};
-    for (const int control : controls) EXPECT_EQ(user_.CanUse(control), model_.ShowsProfile()) << control;
-    static const std::vector<int> always{57603, 32787, 32822, 32788, 32808};
+    for (const int control : id::NeedProfile)
+        EXPECT_EQ(user_.CanUse(control), model_.ShowsProfile()) << control;
+    static const std::vector<int> always{command::Save, command::LogPath, command::Configurations,
+                                         command::Exit, command::AddProfile};
     for (const ui::Menu& menu : user_.Top().MenuBar())
         for (const ui::MenuItem& item : menu.items) {
             const bool isAlways = std::find(always.begin(), always.end(), item.command) != always.end();

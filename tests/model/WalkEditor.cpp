@@ -61,10 +61,10 @@ void Walk::FillEditor(EditorForm& form) {
 }
 
 void Walk::ChooseOperation(EditorForm& form) {
-    const size_t index = dice_.Below(OperationNames().size());
+    const size_t index = dice_.Below(std::size(OperationNames));
     const std::wstring before = form.operation;
     user_.Choose(ruleid::Operation, static_cast<int>(index));
-    form.ChangeOperation(OperationNames()[index].first);
+    form.ChangeOperation(std::wstring(OperationNames[index].code));
     if (form.operation == before) return;
     PutOwnValues(form);
     PutCommonValues(form);
@@ -191,7 +191,7 @@ std::optional<Rule> Walk::LeaveEditor(const EditorForm& form) {
         user_.ExpectBoxBeginning(refusal->text, ui::box::Ok | ui::box::ErrorIcon, ui::IdOk);
     if (refusal->telling == Telling::ErrorBox)
         user_.Expect<errors::ErrBox>([&](errors::ErrBox&) {
-            EXPECT_EQ(user_.Text(1151), refusal->text);
+            EXPECT_EQ(user_.Text(boxid::ErrorText), refusal->text);
             user_.Click(ui::IdOk);
         });
     user_.Click(ui::IdOk);

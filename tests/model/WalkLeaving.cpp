@@ -25,7 +25,8 @@ void Walk::AnswerSaveQuestion(const std::function<void()>& gesture) {
 
 void Walk::Save() {
     const bool saves = ExpectSaveQuestion();
-    AnswerSaveQuestion(dice_.Chance(30) ? ClickElsewhere(id::SaveIcon) : ButtonOrMenu(id::Save, 57603));
+    AnswerSaveQuestion(dice_.Chance(30) ? ClickElsewhere(id::SaveIcon)
+                                        : ButtonOrMenu(id::Save, command::Save));
     if (saves) model_.Save();
     CompareRegistry();
 }
@@ -34,7 +35,7 @@ void Walk::SaveInVain() {
     world_.Registry().FailWhere(platform::memory::RegistryCall::Open, L"morcelservice", 5);
     if (ExpectSaveQuestion())
         user_.ExpectBoxBeginning(L"Create (open) register key ", ui::box::ErrorIcon, ui::IdOk);
-    ButtonOrMenu(id::Save, 57603)();
+    ButtonOrMenu(id::Save, command::Save)();
     world_.Registry().NoFaults();
     model_.WindowOpens();
     CompareRegistry();
@@ -64,7 +65,7 @@ void Walk::Exit() {
     const bool asks = model_.IsChanged();
     if (asks) user_.ExpectBox(boxes::LeaveText, boxes::Question, dice_.Chance(60) ? ui::IdNo : ui::IdYes);
     if (way == 0) user_.Click(ui::IdCancel);
-    if (way == 1) user_.ChooseMenu(32788);
+    if (way == 1) user_.ChooseMenu(command::Exit);
     if (way == 2) user_.Press(Key::Escape);
     if (way == 3) user_.PressCloseBox();
     if (asks) model_.WindowOpens();

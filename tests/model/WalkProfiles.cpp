@@ -5,17 +5,11 @@
 #include "tests/model/Walk.h"
 
 namespace tests::model {
-namespace {
-
-constexpr int openCommand = 32809;  // of no menu item
-
-}  // namespace
-
 // Neither way is one that a user finds: the button is hidden, and no menu item carries the command.
 void Walk::OpenSelectedProfile() {
     if (dice_.Chance(50)) {
         model_.CommandIsGiven();
-        user_.Top().UserChoseMenu(openCommand);
+        user_.Top().UserChoseMenu(command::OpenProfile);
     } else {
         user_.Get<ui::Button>(id::OpenProfile).UserClicked();
     }
@@ -23,7 +17,7 @@ void Walk::OpenSelectedProfile() {
 }
 
 void Walk::AddProfile() {
-    const auto open = ButtonOrMenu(1031, 32808);
+    const auto open = ButtonOrMenu(id::AddProfile, command::AddProfile);
     model_.WindowOpens();
     if (const auto profile = RunProfileEditor(Profile(), open)) model_.AddProfile(*profile);
 }
@@ -36,7 +30,7 @@ void Walk::EditOpenedProfile(const std::function<void()>& gesture) {
 }
 
 void Walk::EditProfile() {
-    EditOpenedProfile(ButtonOrMenu(1032, 32810));
+    EditOpenedProfile(ButtonOrMenu(id::EditProfile, command::EditProfile));
 }
 
 void Walk::EditProfileByDoubleClick() {
@@ -58,7 +52,7 @@ void Walk::DoubleClickBelowProfiles() {
 }
 
 void Walk::DeleteProfile() {
-    const auto gesture = ButtonOrMenu(1033, 32814);
+    const auto gesture = ButtonOrMenu(id::DeleteProfile, command::DeleteProfile);
     if (!model_.SelectedProfile()) return gesture();
     const int answer = dice_.Chance(60) ? ui::IdYes : ui::IdNo;
     const bool isLast = model_.ProfileNames().size() == 1;

@@ -12,11 +12,12 @@ constexpr wchar_t exchangeFile[] = L"C:\\In\\rules.prx";
 }  // namespace
 
 void Walk::AddRule() {
-    if (const auto rule = RunEditor(Rule(), ButtonOrMenu(1023, 32815))) model_.AddRule(*rule);
+    if (const auto rule = RunEditor(Rule(), ButtonOrMenu(id::AddRule, command::AddRule)))
+        model_.AddRule(*rule);
 }
 
 void Walk::CopyRule() {
-    ButtonOrMenu(1037, 32828)();
+    ButtonOrMenu(id::CopyRule, command::CopyRule)();
     model_.CopyRule();
 }
 
@@ -28,7 +29,7 @@ void Walk::EditSelected(const std::function<void()>& gesture) {
 }
 
 void Walk::EditRule() {
-    EditSelected(ButtonOrMenu(1024, 32816));
+    EditSelected(ButtonOrMenu(id::EditRule, command::EditRule));
 }
 
 void Walk::EditByDoubleClick() {
@@ -47,7 +48,7 @@ void Walk::DeleteRules() {
         user_.Click(id::Rules);
         user_.Press(Key::Delete);
     };
-    const auto gesture = dice_.Chance(30) ? pressDelete : ButtonOrMenu(1025, 32817);
+    const auto gesture = dice_.Chance(30) ? pressDelete : ButtonOrMenu(id::DeleteRule, command::DeleteRule);
     const size_t rows = model_.SelectedRows();
     if (rows == 0) return gesture();
     const int answer = dice_.Chance(60) ? ui::IdYes : ui::IdNo;
@@ -58,22 +59,22 @@ void Walk::DeleteRules() {
 }
 
 void Walk::MakeFirst() {
-    ButtonOrMenu(1026, 32818)();
+    ButtonOrMenu(id::MakeFirst, command::MakeFirst)();
     model_.MakeFirst();
 }
 
 void Walk::MoveUp() {
-    ButtonOrMenu(1027, 32819)();
+    ButtonOrMenu(id::MoveUp, command::MoveUp)();
     model_.MoveUp();
 }
 
 void Walk::MoveDown() {
-    ButtonOrMenu(1028, 32820)();
+    ButtonOrMenu(id::MoveDown, command::MoveDown)();
     model_.MoveDown();
 }
 
 void Walk::MakeLast() {
-    ButtonOrMenu(1029, 32821)();
+    ButtonOrMenu(id::MakeLast, command::MakeLast)();
     model_.MakeLast();
 }
 
@@ -93,7 +94,7 @@ void Walk::ExportRules() {
         if (confirmed)
             for (const Rule& rule : rules) exported_->push_back(Exchanged(rule));
     }
-    byMenu ? user_.ChooseMenu(32812) : user_.Click(1034);
+    byMenu ? user_.ChooseMenu(command::ExportRules) : user_.Click(id::ExportRules);
     model_.WindowOpens();
 }
 
@@ -102,7 +103,7 @@ void Walk::ImportRules() {
     const bool confirmed = exported_.has_value() && model_.Opened()->rules.size() < many && dice_.Chance(80);
     user_.ExpectFilePicker(ui::FilePickerKind::Open,
                            confirmed ? std::optional<std::wstring>(exchangeFile) : std::nullopt);
-    ButtonOrMenu(1035, 32811)();
+    ButtonOrMenu(id::ImportRules, command::ImportRules)();
     model_.WindowOpens();
     if (confirmed) model_.ImportRules(*exported_);
 }

@@ -18,14 +18,15 @@ struct Field {
 
 const std::vector<Field>& Fields() {
     static const std::vector<Field> fields{
-        {250, L"SigExt", L"Please, choose extension for files with attached signature."},
-        {253, L"DsigExt", L"Please, choose extension for files with detached signature."},
-        {255, L"EncExt", L"Please, choose extension for encrypted files."},
-        {259, L"B64Ext", L"Please, choose extension for b64 files."},
-        {268, L"HashExt", L"Please, choose extension for hash files."},
-        {1079, L"VerifyFileExt", L"Please, choose extension for files with signature verification report."},
-        {1080, L"ZIPArchiveExt", L""},
-        {1134, L"GZIPArchiveExt", L""}};
+        {extid::Signed, L"SigExt", L"Please, choose extension for files with attached signature."},
+        {extid::Detached, L"DsigExt", L"Please, choose extension for files with detached signature."},
+        {extid::Encrypted, L"EncExt", L"Please, choose extension for encrypted files."},
+        {extid::Base64, L"B64Ext", L"Please, choose extension for b64 files."},
+        {extid::Hash, L"HashExt", L"Please, choose extension for hash files."},
+        {extid::Report, L"VerifyFileExt",
+         L"Please, choose extension for files with signature verification report."},
+        {extid::Zip, L"ZIPArchiveExt", L""},
+        {extid::Gzip, L"GZIPArchiveExt", L""}};
     return fields;
 }
 
@@ -49,7 +50,7 @@ void Walk::EditLogSettings() {
         }
         LeaveLogSettings(path, size);
     });
-    ButtonOrMenu(1022, 32787)();
+    ButtonOrMenu(id::LogPath, command::LogPath)();
     model_.WindowOpens();
 }
 
@@ -93,7 +94,7 @@ void Walk::EditExtensions() {
         }
         LeaveExtensions(form);
     });
-    user_.ChooseMenu(32822);
+    user_.ChooseMenu(command::Configurations);
     model_.WindowOpens();
 }
 

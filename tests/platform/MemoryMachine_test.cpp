@@ -1,6 +1,10 @@
+// What only the machine in memory promises; the rest is in Files_test.cpp and Registry_test.cpp.
 #include "platform/memory/MemoryMachine.h"
 
 #include <gtest/gtest.h>
+
+#include "platform/memory/MemoryFiles.h"
+#include "platform/memory/MemoryRegistry.h"
 
 namespace {
 
@@ -8,6 +12,12 @@ using platform::memory::AnsiCodePage;
 using platform::memory::MemoryCodePage;
 using platform::memory::MemoryMachine;
 namespace code = platform::code;
+using platform::FileHandle;
+using platform::KeyHandle;
+using platform::RootKey;
+using platform::memory::FileCall;
+using platform::memory::MemoryFiles;
+using platform::memory::RecordedFileCall;
 
 std::string AllBytes() {
     std::string bytes;
@@ -120,6 +130,128 @@ TEST(MemoryCryptoLibraryTest, IsMissingUntilItIsInstalledAndAfterItWasRemoved) {
     library.Remove(127);
     EXPECT_EQ(library.Exports(error), nullptr);
     EXPECT_EQ(error, 127U);
+}
+
+constexpr platform::Win32Code diskFull = 112;
+
+TEST(MemoryFilesTest, FilesAndFoldersAreGivenAndTaken) {
+    MemoryFiles files;
+    files.AddFile(L"D:\\In\\a.prx", std::string_view("a\0b", 3));
+    EXPECT_EQ(files.Content(L"d:/in/A.PRX"), std::string("a\0b", 3));
+    EXPECT_EQ(files.Content(L"D:\\In"), std::nullopt);
+    EXPECT_EQ(files.CheckPathExists(L"D:\\"), code::Success);
+    EXPECT_EQ(files.CheckPathExists(L"C:\\"), code::Success);
+    EXPECT_EQ(files.CheckPathExists(L"D:\\In\\"), code::Success);
+    files.Remove(L"D:\\in");
+    EXPECT_EQ(files.CheckPathExists(L"D:\\In"), code::FileNotFound);
+    EXPECT_EQ(files.CheckPathExists(L"D:\\In\\a.prx"), code::PathNotFound);
+    EXPECT_EQ(files.CheckPathExists(L"E:\\"), code::PathNotFound);
+}
+
+TEST(MemoryFilesTest, SharesExistOnlyOnceAdded) {
+    MemoryFiles files;
+    EXPECT_EQ(files.CheckPathExists(L"\\\\server\\share"), 53U);
+    files.AddFolder(L"\\\\server\\share\\in");
+    EXPECT_EQ(files.CheckPathExists(L"\\\\server\\share"), code::Success);
+}
+
+TEST(MemoryFilesTest, EveryCallIsRecordedAndCanFail) {
+    MemoryFiles files;
+    FileHandle file = FileHandle::None;
+    uint32_t count = 0;
+    ASSERT_EQ(files.Create(L"C:\\a.prx", file), code::Success);
+    files.FailNth(2, diskFull);
+    const auto data = std::as_bytes(std::span("xyz", 3));
+    EXPECT_EQ(files.Write(file, data, count), code::Success);
+    EXPECT_EQ(files.Write(file, data, count), diskFull);
+    EXPECT_EQ(count, 0U);
+    EXPECT_EQ(files.Close(file), code::Success);
+    EXPECT_EQ(files.Content(L"C:\\a.prx"), "xyz");
+    const std::vector<RecordedFileCall> expected{{FileCall::Create, L"C:\\a.prx"},
+                                                 {FileCall::Write, L"C:\\a.prx"},
+                                                 {FileCall::Write, L"C:\\a.prx"},
+                                                 {FileCall::Close, L"C:\\a.prx"}};
+    EXPECT_EQ(files.Calls(), expected);
+}
+
+TEST(MemoryFilesTest, FaultsByKindAndFromANumberOn) {
+    MemoryFiles files;
+    files.AddFile(L"C:\\a.prx", "");
+    FileHandle file = FileHandle::None;
+    uint64_t size = 0;
+    files.FailAll(FileCall::Size, diskFull);
+    ASSERT_EQ(files.Open(L"C:\\a.prx", file), code::Success);
+    EXPECT_EQ(files.Size(file, size), diskFull);
+    files.ForgetCalls();
+    files.FailFrom(1, diskFull);
+    EXPECT_EQ(files.Size(file, size), code::Success);
+    EXPECT_EQ(files.CheckPathExists(L"C:\\"), diskFull);
+    EXPECT_EQ(files.Open(L"C:\\a.prx", file), diskFull);
+    EXPECT_EQ(files.OpenFiles(), 1U);
+}
+
+TEST(MemoryFilesTest, ACloseThatFailsReleasesTheFile) {
+    MemoryFiles files;
+    FileHandle file = FileHandle::None;
+    ASSERT_EQ(files.Create(L"C:\\a.prx", file), code::Success);
+    EXPECT_EQ(files.OpenFiles(), 1U);
+    files.FailAll(FileCall::Close, diskFull);
+    EXPECT_EQ(files.Close(file), diskFull);
+    EXPECT_EQ(files.OpenFiles(), 0U);
+}
+
+// With work that grows with the square of the number, this would take minutes.
+TEST(MemoryRegistryTest, ManySubkeysAreEnumeratedAndDeletedOneStepEach) {
+    constexpr uint32_t count = 100'000;
+    platform::memory::MemoryRegistry registry;
+    KeyHandle parent = KeyHandle::None;
+    KeyHandle key = KeyHandle::None;
+    ASSERT_EQ(registry.Create(RootKey::LocalMachine, L"rules", parent), code::Success);
+    for (uint32_t i = 0; i < count; ++i) {
+        registry.Create(RootKey::LocalMachine, L"rules\\Rule " + std::to_wstring(count + i), key);
+        registry.Close(key);
+    }
+    std::wstring name;
+    for (uint32_t i = 0; i < count; ++i) {
+        ASSERT_EQ(registry.EnumerateSubkey(parent, i, 260, name), code::Success);
+        ASSERT_EQ(name, L"Rule " + std::to_wstring(count + i));
+    }
+    EXPECT_EQ(registry.EnumerateSubkey(parent, count, 260, name), code::NoMoreItems);
+    for (uint32_t i = 0; i < count; ++i) {
+        ASSERT_EQ(registry.EnumerateSubkey(parent, 0, 260, name), code::Success);
+        ASSERT_EQ(registry.DeleteSubkey(parent, name), code::Success);
+    }
+    EXPECT_EQ(registry.EnumerateSubkey(parent, 0, 260, name), code::NoMoreItems);
+}
+
+TEST(MemoryRegistryTest, AClosedKeyIsNeverTakenForALaterOne) {
+    platform::memory::MemoryRegistry registry;
+    KeyHandle first = KeyHandle::None;
+    KeyHandle second = KeyHandle::None;
+    std::wstring name;
+    ASSERT_EQ(registry.Create(RootKey::LocalMachine, L"A", first), code::Success);
+    ASSERT_EQ(registry.Close(first), code::Success);
+    ASSERT_EQ(registry.Create(RootKey::LocalMachine, L"A", second), code::Success);
+    EXPECT_EQ(registry.Close(first), code::InvalidHandle);
+    EXPECT_EQ(registry.EnumerateSubkey(first, 0, 260, name), code::InvalidHandle);
+    EXPECT_EQ(registry.OpenKeys(), 1U);
+}
+
+// As Windows has it; Wine takes longer names.
+TEST(MemoryRegistryTest, ANameHasAtMost255Characters) {
+    constexpr platform::Win32Code invalidParameter = 87;
+    platform::memory::MemoryRegistry registry;
+    KeyHandle key = KeyHandle::None;
+    const std::wstring tooLong = L"A\\" + std::wstring(256, L'a');
+    EXPECT_EQ(registry.Create(RootKey::LocalMachine, tooLong, key), invalidParameter);
+    EXPECT_EQ(registry.Open(RootKey::LocalMachine, L"A", key), code::FileNotFound);
+}
+
+TEST(MemoryRegistryTest, ARootCannotBeDeleted) {
+    platform::memory::MemoryRegistry registry;
+    KeyHandle root = KeyHandle::None;
+    ASSERT_EQ(registry.Open(RootKey::CurrentUser, L"", root), code::Success);
+    EXPECT_EQ(registry.DeleteSubkey(root, L""), code::AccessDenied);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "settings/ConfigPage.h"
 
 #include "tests/support/Fixture.h"
+#include "tests/support/Ids.h"
 
 namespace tests {
 namespace {
@@ -9,22 +10,15 @@ using settings::CAddExtDlg;
 
 class AddExtDlgTest : public WorldTest {
   protected:
-    int Run(const std::function<void()>& script) {
-        user_.Expect<CAddExtDlg>([&script](CAddExtDlg&) { script(); });
-        return dialog_.DoModal();
-    }
+    int Run(const std::function<void()>& script) { return Show(dialog_, script); }
     CAddExtDlg dialog_{world_->Screen(), nullptr};
 };
 
-TEST_F(AddExtDlgTest, AsksUnderItsTitleAndStartsInTheField) {
+TEST_F(AddExtDlgTest, StartsEmptyAndInTheField) {
     const int result = Run([this] {
-        EXPECT_EQ(dialog_.Caption(), L"Add additional extension:");
-        EXPECT_EQ(user_.Text(269), L"Add additional extension:");
-        EXPECT_EQ(user_.Text(266), L"");
-        EXPECT_EQ(user_.Text(ui::IdOk), L"OK");
-        EXPECT_EQ(user_.Text(ui::IdCancel), L"Exit");
-        EXPECT_EQ(dialog_.Focus(), &dialog_.Find(266));
-        user_.Type(266, L"doc");
+        EXPECT_EQ(user_.Text(extid::Asked), L"");
+        EXPECT_EQ(dialog_.Focus(), &dialog_.Find(extid::Asked));
+        user_.Type(extid::Asked, L"doc");
         user_.PressCloseBox();
     });
     EXPECT_EQ(result, ui::IdCancel);
@@ -45,7 +39,7 @@ TEST_F(AddExtDlgTest, TrimsBlanksAndTurnsToLowerCase) {
     };
     for (const auto& [typed, extension] : cases) {
         Run([this, &typed = typed] {
-            user_.Type(266, typed);
+            user_.Type(extid::Asked, typed);
             user_.Press(Key::Enter);
         });
         EXPECT_EQ(dialog_.Extension(), extension);
@@ -55,10 +49,10 @@ TEST_F(AddExtDlgTest, TrimsBlanksAndTurnsToLowerCase) {
 TEST_F(AddExtDlgTest, NothingButBlanksDoesNothing) {
     Run([this] {
         user_.Click(ui::IdOk);
-        user_.Type(266, L"   ");
+        user_.Type(extid::Asked, L"   ");
         user_.Click(ui::IdOk);
         EXPECT_FALSE(dialog_.HasEnded());
-        EXPECT_EQ(user_.Text(266), L"   ");
+        EXPECT_EQ(user_.Text(extid::Asked), L"   ");
         user_.Press(Key::Escape);
     });
     EXPECT_EQ(dialog_.Extension(), L"");

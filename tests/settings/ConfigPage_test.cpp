@@ -38,18 +38,18 @@ class ConfigPageTest : public SettingsTest {
     }
     void DeleteExtension(int index, const std::wstring& name, int answer) {
         user_.Choose(extid::Additional, index);
-        user_.ExpectBox(L"Delete additional extension '" + name + L"'?", boxes::Question, answer, Title);
+        ExpectQuestion(L"Delete additional extension '" + name + L"'?", answer);
         user_.Click(extid::Delete);
     }
     const Texts& Additional() { return user_.Get<ui::ListBox>(extid::Additional).Items(); }
     // Whether anything was changed since the last Apply, as the way out by OK tells; stays in the dialog.
     bool IsModified() {
-        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdNo, Title);
+        ExpectLeaveQuestion(ui::IdNo);
         user_.Click(ui::IdOk);
         return !user_.Top().HasEnded();
     }
     void LeaveModified() {
-        AskToLeave(ui::IdYes);
+        ExpectLeaveQuestion(ui::IdYes);
         user_.Click(ui::IdOk);
     }
     Texts Basic() const {
@@ -78,10 +78,8 @@ TEST_F(ConfigPageTest, OpensWithWhatItWasGiven) {
         EXPECT_EQ(basic, (Texts{L"p7s", L"p7d", L"p7e", L"b64", L"hsh", L"vrf", L"zip", L"gz"}));
         EXPECT_EQ(user_.Get<ui::IconButton>(extid::Add).Icon(), ui::Icon::ItemAdd);
         EXPECT_EQ(user_.Get<ui::IconButton>(extid::Delete).Icon(), ui::Icon::ItemDelete);
-        EXPECT_EQ(user_.Get<ui::IconButton>(extid::Add).Tooltip(), L"Add");
-        EXPECT_EQ(user_.Get<ui::IconButton>(extid::Delete).Tooltip(), L"Delete");
-        EXPECT_EQ(TabOrder(), (std::vector<int>{250, 253, 255, 259, 268, 1079, 1080, 1134, 275, 261, 263,
-                                                ui::IdOk, ui::IdCancel, 1000}));
+        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{250, 253, 255, 259, 268, 1079, 1080, 1134, 275, 261,
+                                                      263, ui::IdOk, ui::IdCancel, 1000}));
         user_.Press(Key::Escape);
     });
 }
@@ -165,7 +163,7 @@ TEST_F(ConfigPageTest, ApplyTellsTheFirstMissingExtensionAndTakesNothing) {
         user_.Type(extid::Gzip, L"");
         for (const auto& [edit, text] : refusals) {
             user_.Type(edit, L"");
-            user_.ExpectBox(text, boxes::Hint, ui::IdOk, Title);
+            ExpectHint(text);
             user_.Click(extid::Apply);
             EXPECT_FALSE(dialog.HasEnded());
             EXPECT_EQ(dialog.Focus(), &dialog.Find(edit));
@@ -193,7 +191,7 @@ TEST_F(ConfigPageTest, ApplyChecksOnlyWhatWasModified) {
     Run([&](CConfigPage&) {
         user_.Click(extid::Apply);
         user_.Type(extid::Zip, L"z");
-        user_.ExpectBox(missingSigned, boxes::Hint, ui::IdOk, Title);
+        ExpectHint(missingSigned);
         user_.Click(extid::Apply);
         LeaveModified();
     });
@@ -212,7 +210,7 @@ TEST_F(ConfigPageTest, NothingElseIsChecked) {
 TEST_F(ConfigPageTest, OkWithAnEmptyFieldAsksAndTakesItOver) {
     const int result = Run([&](CConfigPage& dialog) {
         user_.Type(extid::Signed, L"");
-        AskToLeave(ui::IdNo);
+        ExpectLeaveQuestion(ui::IdNo);
         user_.Press(Key::Enter);
         EXPECT_FALSE(dialog.HasEnded());
         EXPECT_EQ(user_.Text(extid::Signed), L"");
@@ -286,7 +284,7 @@ TEST_F(ConfigPageTest, DeletingAsksFirst) {
 TEST_F(ConfigPageTest, KeysAddAndDeleteInTheList) {
     Run([&](CConfigPage&) {
         user_.Choose(extid::Additional, 1);
-        user_.ExpectBox(L"Delete additional extension 'edi'?", boxes::Question, ui::IdYes, Title);
+        ExpectQuestion(L"Delete additional extension 'edi'?", ui::IdYes);
         user_.Press(Key::Delete);
         user_.Click(extid::Additional);
         user_.Expect<CAddExtDlg>([this](CAddExtDlg&) {
@@ -303,7 +301,7 @@ TEST_F(ConfigPageTest, KeysAddAndDeleteInTheList) {
 
 TEST_F(ConfigPageTest, DeletingNeedsASelection) {
     const auto expectRefusal = [&] {
-        user_.ExpectBox(L"Select list item to delete.", boxes::Hint, ui::IdOk, Title);
+        ExpectHint(L"Select list item to delete.");
         user_.Click(extid::Delete);
     };
     Run([&](CConfigPage&) {
@@ -319,7 +317,7 @@ TEST_F(ConfigPageTest, TheSelectionStaysWithItsExtension) {
     Run([&](CConfigPage&) {
         user_.Choose(extid::Additional, 2);
         AddExtension(L"aa");
-        user_.ExpectBox(L"Delete additional extension 'xml'?", boxes::Question, ui::IdNo, Title);
+        ExpectQuestion(L"Delete additional extension 'xml'?", ui::IdNo);
         user_.Click(extid::Delete);
         user_.Press(Key::Escape);
     });
@@ -334,7 +332,7 @@ TEST_F(ConfigPageTest, CanBeUsedWithTheKeyboardAlone) {
         user_.Press(Key::End);
         user_.Press(Key::Tab);
         user_.Press(Key::Tab);
-        user_.ExpectBox(L"Delete additional extension 'xml'?", boxes::Question, ui::IdYes, Title);
+        ExpectQuestion(L"Delete additional extension 'xml'?", ui::IdYes);
         user_.Press(Key::Space);
         for (int i = 0; i < 3; ++i) user_.Press(Key::Tab);
         user_.Press(Key::Space);

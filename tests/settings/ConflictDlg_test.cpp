@@ -27,7 +27,7 @@ class ConflictDlgTest : public SettingsTest {
         const std::wstring described = text.empty() ? L"Error description not found"
                                                     : text.substr(0, text.find_last_not_of(L".\r\n") + 1);
         user_.ExpectBox(start + described + L".Bad Log path.", ui::box::Ok | ui::box::ErrorIcon, ui::IdOk,
-                        Title);
+                        boxes::Title);
     }
     void ExpectRefused(CConflictDlg& dialog, const std::wstring& path, platform::Win32Code code) {
         user_.Type(logid::Path, path);
@@ -58,7 +58,7 @@ TEST_F(ConflictDlgTest, OpensWithWhatItWasGiven) {
     Run([&](CConflictDlg&) {
         EXPECT_EQ(user_.Text(logid::Path), L"C:\\Logs");
         EXPECT_EQ(user_.Text(logid::Size), L"4000");
-        EXPECT_EQ(TabOrder(),
+        EXPECT_EQ(user_.TabOrder(),
                   (std::vector<int>{logid::Path, logid::Size, ui::IdOk, ui::IdCancel, logid::Pick}));
         user_.Press(Key::Escape);
     });

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -11,6 +12,7 @@
 #include "demo/RegistryText.h"
 #include "tests/support/Boxes.h"
 #include "tests/support/World.h"
+#include "text/Numbers.h"
 
 namespace tests {
 
@@ -21,6 +23,31 @@ class WorldTest : public ::testing::Test {
     std::string Dump() {
         return demo::DumpRegistryKey(world_->Machine().Registry, platform::RootKey::LocalMachine,
                                      L"SOFTWARE\\TALVERON\\morcelservice");
+    }
+
+    // The user works in the dialog by the script and has to leave; the result that ended it.
+    template <class D>
+    int Show(D& dialog, const std::function<void()>& script) {
+        user_.Expect<D>([&script](D&) { script(); });
+        return dialog.DoModal();
+    }
+
+    // The next box, under the program's title.
+    void ExpectHint(const std::wstring& text) { user_.ExpectBox(text, boxes::Hint, ui::IdOk, boxes::Title); }
+    void ExpectQuestion(const std::wstring& text, int answer) {
+        user_.ExpectBox(text, boxes::Question, answer, boxes::Title);
+    }
+    void ExpectLeaveQuestion(int answer) { ExpectQuestion(boxes::LeaveText, answer); }
+    // The report of a failed call; the description comes from the system.
+    void ExpectReport(const std::wstring& operation, platform::Win32Code code) {
+        user_.ExpectBoxBeginning(operation + L".\r\nError 0x" + text::Hexadecimal(code) + L" - ",
+                                 boxes::Report, ui::IdOk);
+    }
+    // The user leaves the main window.
+    void LeaveUnchanged() { user_.PressCloseBox(); }
+    void LeaveChanged() {
+        ExpectLeaveQuestion(ui::IdYes);
+        user_.PressCloseBox();
     }
 
     const std::unique_ptr<World> world_ = World::Make();

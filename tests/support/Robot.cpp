@@ -179,6 +179,21 @@ size_t Robot::RowCount(int id) const {
     return Get<ui::ListView>(id).RowCount();
 }
 
+std::vector<std::wstring> Robot::Column(int id, size_t column) const {
+    std::vector<std::wstring> cells;
+    for (size_t row = 0; row < RowCount(id); ++row) cells.push_back(Row(id, row).at(column));
+    return cells;
+}
+
+std::vector<int> Robot::TabOrder() {
+    constexpr size_t MoreThanAnyFormHas = 100;
+    std::vector<int> order{Top().Focus()->Id()};
+    for (Press(Key::Tab); Top().Focus()->Id() != order.front() && order.size() < MoreThanAnyFormHas;
+         Press(Key::Tab))
+        order.push_back(Top().Focus()->Id());
+    return order;
+}
+
 void Robot::CheckOwner(const ui::Dialog* owner, const std::string& opened) const {
     if (open_.empty()) return;
     const ui::Dialog* from = owner;

@@ -112,6 +112,10 @@ class Robot {
     // The cells of a row of a list view.
     std::vector<std::wstring> Row(int id, size_t row) const;
     size_t RowCount(int id) const;
+    // The cells of a column of a list view, top to bottom.
+    std::vector<std::wstring> Column(int id, size_t column) const;
+    // The controls at which the Tab key stops, once round, from the one that has the focus.
+    std::vector<int> TabOrder();
 
     // For the screens: what the user does in a window that has just opened. owner: the dialog in front of
     // which it stays, which has to be the one that the user is working with, or one that is being opened from

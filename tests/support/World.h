@@ -8,8 +8,8 @@
 #include "platform/Machine.h"
 #include "platform/memory/FaultyRegistry.h"
 #include "platform/memory/MemoryCryptoLibrary.h"
+#include "tests/support/RecordingScreen.h"
 #include "tests/support/Robot.h"
-#include "ui/Screen.h"
 
 namespace tests {
 
@@ -23,7 +23,7 @@ class World {
     virtual platform::memory::FaultyRegistry& Registry() = 0;
     // Missing until the test installs one, whatever there is on the machine itself.
     virtual platform::memory::MemoryCryptoLibrary& CryptoLibrary() = 0;
-    virtual ui::Screen& Screen() = 0;
+    virtual RecordingScreen& Screen() = 0;
     virtual Robot& User() = 0;
 };
 

@@ -137,7 +137,7 @@ void Hand::Read(const ui::Dialog& warningBox) {
     const bool owned = warningBox.Parent() != nullptr;
     EXPECT_TRUE(!owned || (open_.size() > 1 && warningBox.Parent() == open_[open_.size() - 2]));
     EXPECT_EQ(warningBox.Caption(), L"Warning:");
-    reports.push_back({.text = warningBox.Find(1160).Text(), .owned = owned});
+    reports.push_back({.text = warningBox.Find(boxid::WarningText).Text(), .owned = owned});
 }
 
 int Hand::BoxOpened(const std::wstring& text, const std::wstring& caption, uint32_t flags) {

@@ -9,6 +9,7 @@
 #include <typeindex>
 #include <vector>
 
+#include "tests/support/Ids.h"
 #include "tests/torture/Faults.h"
 #include "ui/memory/MemoryScreen.h"
 

@@ -4,7 +4,6 @@
 #include "errors/MessageBoxes.h"
 #include "settings/ConflictDlg.h"
 #include "tests/config/GoldenTree.h"
-#include "tests/torture/Ids.h"
 #include "tests/torture/Scenarios.h"
 
 namespace tests::torture {
@@ -16,32 +15,34 @@ constexpr int operations = 24;
 void TryRule(World& world, Notes& /*notes*/) {
     Hand& hand = world.hand;
     hand.In<editors::AddMask>([&hand] {
-        hand.Paste(id::Mask, L"*.new");
+        hand.Paste(ruleid::MaskCombo, L"*.new");
         hand.Click(ui::IdOk);
     });
     hand.In<errors::ErrBox>([&hand] { hand.Click(ui::IdOk); });
     hand.In<editors::CAddRule>([&hand] {
-        for (int operation = 0; operation < operations; ++operation) hand.Choose(id::Operation, operation);
-        hand.Choose(id::Operation, 1);  // one that asks for no certificates
-        for (const int folder : {1045, 1046, 1047}) hand.Paste(folder, L"C:\\In");
-        hand.Click(id::AddMask);
-        hand.Select(id::Masks, 0);
-        hand.Click(id::DeleteMask);
-        hand.Click(id::AddMask);
+        for (int operation = 0; operation < operations; ++operation)
+            hand.Choose(ruleid::Operation, operation);
+        hand.Choose(ruleid::Operation, 1);  // one that asks for no certificates
+        for (const int folder : {ruleid::PathIn, ruleid::PathOut, ruleid::PathError})
+            hand.Paste(folder, L"C:\\In");
+        hand.Click(ruleid::AddMask);
+        hand.Select(ruleid::Masks, 0);
+        hand.Click(ruleid::DeleteMask);
+        hand.Click(ruleid::AddMask);
         hand.Click(ui::IdOk);
     });
 }
 
 void RenameProfile(World& world, Notes& /*notes*/) {
     world.hand.In<editors::CAddProfile>([&hand = world.hand] {
-        hand.Paste(id::ProfileName, L"A name of its own that is rather long");
+        hand.Paste(profileid::Name, L"A name of its own that is rather long");
         hand.Click(ui::IdOk);
     });
 }
 
 void ChangeSettings(World& world, Notes& /*notes*/) {
     world.hand.In<settings::CConflictDlg>([&hand = world.hand] {
-        hand.Paste(1091, L"C:\\In");
+        hand.Paste(logid::Path, L"C:\\In");
         hand.Click(ui::IdOk);
     });
 }

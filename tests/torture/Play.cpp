@@ -4,7 +4,6 @@
 
 #include "app/BrisgateDlg.h"
 #include "certs/PreEncryptDlg.h"
-#include "tests/torture/Ids.h"
 #include "tests/torture/Scenarios.h"
 #include "tests/torture/ShortMemory.h"
 

@@ -1,5 +1,4 @@
 #include "tests/torture/Scenarios.h"
-#include "tests/torture/Ids.h"
 
 #include "certs/FilterDlg.h"
 #include "certs/PreEncryptDlg.h"
@@ -58,7 +57,7 @@ void OpenFirstRule(Hand& hand) {
 // In the editor of a rule: its action button, then it is accepted.
 void ActAndAccept(World& world) {
     world.hand.In<editors::CAddRule>([&hand = world.hand] {
-        hand.Click(id::Action);
+        hand.Click(ruleid::ActionButton);
         hand.Click(ui::IdOk);
     });
 }
@@ -95,9 +94,9 @@ void ReadGroup(World& world, Notes& notes) {
     world.faults.Pause();
     InPicker(world, [&world, &notes] {
         world.faults.Resume();
-        world.hand.Click(id::FromGroup);
+        world.hand.Click(pickid::FromGroup);
         world.faults.Pause();
-        notes = world.hand.Cells(id::Candidates);
+        notes = world.hand.Cells(pickid::Candidates);
     });
 }
 
@@ -105,19 +104,19 @@ void WriteGroup(World& world, Notes& notes) {
     world.hand.file = std::wstring(file) + L"grx";
     world.faults.Pause();
     InPicker(world, [&world, &notes] {
-        world.hand.Click(id::FromLocal);
-        world.hand.Click(id::SelectAll);
+        world.hand.Click(pickid::FromLocalStore);
+        world.hand.Click(pickid::SelectAll);
         world.faults.Resume();
-        world.hand.Click(id::SaveGroup);
+        world.hand.Click(pickid::Save);
         world.faults.Pause();
-        notes = world.hand.Cells(id::Candidates);
+        notes = world.hand.Cells(pickid::Candidates);
     });
 }
 
 void SearchNetwork(World& world) {
     world.hand.In<certs::CFilterDlg>([&hand = world.hand] {
-        hand.Choose(id::FilterField, 0);
-        hand.Paste(id::FilterSample, L"Ivan*");
+        hand.Choose(pickid::FilterField, 0);
+        hand.Paste(pickid::FilterSample, L"Ivan*");
         hand.Click(ui::IdOk);
     });
 }
@@ -125,13 +124,13 @@ void SearchNetwork(World& world) {
 void SearchAndChoose(World& world, Notes& notes) {
     SearchNetwork(world);
     InPicker(world, [&hand = world.hand, &notes] {
-        hand.Click(id::FromLocal);
-        hand.Click(id::FromLdap);
-        notes = hand.Cells(id::Candidates);
-        hand.Click(id::SelectAll);
-        hand.Click(id::Choose);
-        hand.ToggleCheck(id::Chosen, 0);
-        hand.Click(id::Remove);
+        hand.Click(pickid::FromLocalStore);
+        hand.Click(pickid::FromLdap);
+        notes = hand.Cells(pickid::Candidates);
+        hand.Click(pickid::SelectAll);
+        hand.Click(pickid::Choose);
+        hand.ToggleCheck(pickid::Chosen, 0);
+        hand.Click(pickid::Remove);
         hand.Click(ui::IdOk);
     });
 }
@@ -140,24 +139,24 @@ void SearchAndChoose(World& world, Notes& notes) {
 void ChangeSignerLists(World& world, Notes& notes) {
     SearchNetwork(world);
     InPicker(world, [&hand = world.hand] {
-        if (hand.Text(id::ListName).empty()) {
-            hand.Click(id::FromLdap);
-            hand.Click(id::SelectAll);
-            hand.Click(id::Choose);
-            hand.Paste(id::ListName, L"Clerks");
+        if (hand.Text(pickid::Name).empty()) {
+            hand.Click(pickid::FromLdap);
+            hand.Click(pickid::SelectAll);
+            hand.Click(pickid::Choose);
+            hand.Paste(pickid::Name, L"Clerks");
         } else {
-            hand.ToggleCheck(id::Chosen, 0);
-            hand.Click(id::Remove);
+            hand.ToggleCheck(pickid::Chosen, 0);
+            hand.Click(pickid::Remove);
         }
-        if (!hand.Cells(id::Chosen).empty()) hand.Click(ui::IdOk);
+        if (!hand.Cells(pickid::Chosen).empty()) hand.Click(ui::IdOk);
     });
     world.hand.In<certs::SignerList>([&hand = world.hand, &notes] {
-        hand.Click(id::AddList);
-        hand.Select(id::Lists, 1);
-        hand.Click(id::DeleteList);
-        hand.Select(id::Lists, 0);
-        hand.Click(id::EditList);
-        notes = hand.Cells(id::Lists);
+        hand.Click(signersid::Add);
+        hand.Select(signersid::List, 1);
+        hand.Click(signersid::Delete);
+        hand.Select(signersid::List, 0);
+        hand.Click(signersid::Edit);
+        notes = hand.Cells(signersid::List);
         hand.Click(ui::IdOk);
     });
 }
@@ -171,7 +170,7 @@ void PickRulesFile(World& world, Notes& /*notes*/) {
 
 void NameNewProfile(World& world, Notes& /*notes*/) {
     world.hand.In<editors::CAddProfile>([&hand = world.hand] {
-        hand.Paste(id::ProfileName, L"Reports");
+        hand.Paste(profileid::Name, L"Reports");
         hand.Click(ui::IdOk);
     });
 }
@@ -203,14 +202,14 @@ const std::vector<Scenario>& Scenarios() {
          GoldenTrees,
          PickRulesFile,
          {},
-         [](Hand& hand) { hand.Click(id::Import); },
+         [](Hand& hand) { hand.Click(id::ImportRules); },
          OneStep},
         {"export",
          Kind::Command,
          GoldenTrees,
          PickRulesFile,
          {},
-         [](Hand& hand) { hand.Click(id::Export); },
+         [](Hand& hand) { hand.Click(id::ExportRules); },
          OneStep},
         {"groups file read", Kind::Command, Office(encrypting), ReadGroup, {}, OpenFirstRule},
         {"groups file written", Kind::Command, Office(encrypting), WriteGroup, {}, OpenFirstRule},

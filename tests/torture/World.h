@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "demo/StandInLibrary.h"
+#include "tests/support/MachineWith.h"
 #include "tests/torture/FaultyParts.h"
 #include "tests/torture/Hand.h"
 #include "ui/memory/MemoryScreen.h"
@@ -29,15 +30,8 @@ struct World {
     FaultyFiles files{parts.Files, faults};
     FaultyMemory memory{faults};
     FaultyLibrary library{faults};
-    const platform::Machine machine{keys,
-                                    files,
-                                    parts.CodePage,
-                                    parts.SystemMessages,
-                                    parts.Clock,
-                                    parts.InstanceLock,
-                                    parts.ScreenMetrics,
-                                    memory,
-                                    library};
+    const platform::Machine machine = MachineWith(
+        parts.Machine, {.Registry = &keys, .Files = &files, .Memory = &memory, .CryptoLibrary = &library});
     ui::memory::MemoryScreen screen{parts.ScreenMetrics};
     Hand hand{screen, faults};
 };

@@ -4,11 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/memory/MemoryParts.h"
+#include "tests/support/ScriptedUser.h"
 #include "ui/Controls.h"
 #include "ui/ListView.h"
 
@@ -16,27 +19,6 @@ namespace {
 
 using ui::memory::MemoryScreen;
 using ui::memory::MemoryWindow;
-
-class ScriptedUser : public ui::memory::User {
-  public:
-    std::function<void(ui::Dialog&)> onDialog = [](ui::Dialog&) {};
-    std::function<int()> onBox = [] { return ui::IdOk; };
-    std::function<void()> onPicker = [] {};
-
-    void DialogOpened(ui::Dialog& dialog) override {
-        const auto script = onDialog;  // which may set the next one
-        script(dialog);
-    }
-    int BoxOpened(const std::wstring&, const std::wstring&, uint32_t) override { return onBox(); }
-    std::optional<std::wstring> FolderPickerOpened() override {
-        onPicker();
-        return L"C:\\In";
-    }
-    std::optional<std::wstring> FilePickerOpened(ui::FilePickerKind) override {
-        onPicker();
-        return std::nullopt;
-    }
-};
 
 class SampleDialog : public ui::Dialog {
   public:
@@ -85,7 +67,7 @@ class MemoryScreenTest : public testing::Test {
     MemoryWindow& Window() { return *screen.WindowOf(dialog); }
 
     platform::memory::MemoryScreenMetrics metrics;
-    ScriptedUser user;
+    tests::ScriptedUser user;
     MemoryScreen screen{metrics, user};
     SampleDialog dialog{screen};
 };
@@ -180,7 +162,6 @@ TEST_F(MemoryScreenTest, TheFocusLeavesAControlThatIsTakenFromTheUser) {
 
 TEST_F(MemoryScreenTest, AsksNobodyAboutADialogThatEndsWhileItOpens) {
     dialog.onInit = [this] { dialog.EndDialog(7); };
-    user.onDialog = [](ui::Dialog&) { FAIL(); };
     EXPECT_EQ(7, dialog.DoModal());
 }
 
@@ -193,6 +174,7 @@ TEST_F(MemoryScreenTest, TheFirstResultCounts) {
 }
 
 TEST_F(MemoryScreenTest, ADialogLeftOpenIsCancelled) {
+    user.onDialog = [](ui::Dialog&) {};
     EXPECT_EQ(ui::IdCancel, dialog.DoModal());
 }
 
@@ -223,7 +205,11 @@ TEST_F(MemoryScreenTest, WindowsInFrontTakeTheFocusAndGiveItBack) {
         return ui::IdYes;
     };
     user.onBox = expectAway;
-    user.onPicker = expectAway;
+    std::optional<std::wstring> picked(L"C:\\In");
+    user.onPicker = [&] {
+        expectAway();
+        return std::exchange(picked, std::nullopt);
+    };
     Run([&] {
         EXPECT_EQ(ui::IdYes, screen.ShowMessageBox(&dialog, L"text", L"caption", ui::box::YesNo));
         EXPECT_EQ(&dialog.second, dialog.Focus());

@@ -37,7 +37,9 @@ class WaitCursorTest : public CertificateJourney {
         });
     }
     void CheckShown(const std::string& call) { EXPECT_GT(Screen().WaitCursors(), 0) << call; }
-    ui::memory::MemoryScreen& Screen() { return dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen()); }
+    ui::memory::MemoryScreen& Screen() {
+        return dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen().Real());
+    }
     // Enter, during each call of the library.
     void PressEnterAhead() {
         library_.OnCall([this](const std::string&) {
@@ -64,15 +66,14 @@ TEST_F(WaitCursorTest, LoadingAndSaving) {
 }
 
 TEST_F(WaitCursorTest, ExportAndImport) {
-    constexpr int exportRules = 1034, importRules = 1035;
     Watch();
     RunProgram([this] {
         user_.ExpectFilePicker(ui::FilePickerKind::Save, Path(L"rules.prx"));
-        user_.Click(exportRules);
+        user_.Click(id::ExportRules);
         EXPECT_GT(fileCalls_, 0U);
         fileCalls_ = 0;
         user_.ExpectFilePicker(ui::FilePickerKind::Open, Path(L"rules.prx"));
-        user_.Click(importRules);
+        user_.Click(id::ImportRules);
         EXPECT_GT(fileCalls_, 0U);
         SaveAndLeave();
     });
@@ -85,7 +86,7 @@ TEST_F(WaitCursorTest, EverySourceOfCertificates) {
             EXPECT_GT(libraryCalls_, 2U);  // opening, the network store, the revocation lists
             AddFromLocalStore();
             SearchLdap(0, L"ivan*");
-            user_.Click(selectAll);
+            user_.Click(pickid::SelectAll);
             SaveGroup(Path(L"all.grx"));
             EXPECT_GT(fileCalls_, 0U);
             fileCalls_ = 0;
@@ -99,14 +100,14 @@ TEST_F(WaitCursorTest, EverySourceOfCertificates) {
 }
 
 TEST_F(WaitCursorTest, IsNotShownWhileTheUserWorksOrReadsAReport) {
-    const auto& screen = dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen());
+    const ui::memory::MemoryScreen& screen = Screen();
     library_.SetAnswer(demo::StandInCall::Initialize, failed);
     WithTheRule([&] {
         user_.Expect<errors::WarningBox>([&](errors::WarningBox&) {
             EXPECT_EQ(screen.WaitCursors(), 0);
             user_.Click(ui::IdCancel);
         });
-        user_.Click(actionButton);
+        user_.Click(ruleid::ActionButton);
         EXPECT_EQ(screen.WaitCursors(), 0);
     });
 }
@@ -132,7 +133,7 @@ TEST_F(WaitCursorTest, EnterPressedMeanwhileDoesNotCloseTheBoxAboutAFailure) {
             EXPECT_FALSE(box.HasEnded());
             user_.Click(ui::IdCancel);
         });
-        user_.Click(actionButton);
+        user_.Click(ruleid::ActionButton);
     });
 }
 

@@ -12,8 +12,6 @@ constexpr wchar_t allFiles[] = L"All files (*.*)";
 
 class FileDialogs : public CertificateJourney {
   protected:
-    static constexpr int exportRules = 1034, importRules = 1035, rulesList = 1030;
-
     // The dialog that opened last.
     const SeenPicker& Seen() const { return dynamic_cast<const Win32Robot&>(user_).LastPicker(); }
     void ExpectSeen(const std::wstring& filter, const std::wstring& name) const {
@@ -29,16 +27,16 @@ TEST_F(FileDialogs, OfExportingAndImportingRules) {
     SeedEncryptingRule();
     RunProgram([&] {
         user_.ExpectFilePicker(ui::FilePickerKind::Save, Path(L"of alpha"));
-        user_.Click(exportRules);
+        user_.Click(id::ExportRules);
         ExpectSeen(rulesFiles, L"Alpha");
-        EXPECT_TRUE(Content(Path(L"of alpha.prx")).starts_with("ENCR\nC:\\In\n"));
+        EXPECT_TRUE(files_->Content(Path(L"of alpha.prx")).value().starts_with("ENCR\nC:\\In\n"));
 
         user_.ExpectFilePicker(ui::FilePickerKind::Open, Path(L"of alpha.prx"));
-        user_.Click(importRules);
+        user_.Click(id::ImportRules);
         ExpectSeen(rulesFiles, L"");
-        EXPECT_EQ(user_.RowCount(rulesList), 2U);
+        EXPECT_EQ(user_.RowCount(id::Rules), 2U);
 
-        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes);
+        ExpectLeaveQuestion(ui::IdYes);
         user_.PressCloseBox();
     });
 }
@@ -46,21 +44,21 @@ TEST_F(FileDialogs, OfExportingAndImportingRules) {
 TEST_F(FileDialogs, OfUserGroups) {
     constexpr wchar_t groupFiles[] = L"User groups files (*.grx)";
     SeedEncryptingRule();
-    PutFile(Path(L"guests.grx"), "CN=Guest,O=Elsewhere\r\n");
+    files_->Put(Path(L"guests.grx"), "CN=Guest,O=Elsewhere\r\n");
     WithTheRule([&] {
         OpenPicker([&] {
             AddFromLocalStore();
-            user_.Click(selectAll);
+            user_.Click(pickid::SelectAll);
             SaveGroup(Path(L"team"));
             ExpectSeen(groupFiles, L"New group.grx");
-            EXPECT_FALSE(Content(Path(L"team.grx")).empty());
+            EXPECT_FALSE(files_->Content(Path(L"team.grx")).value().empty());
 
             OpenGroup(Path(L"guests.grx"));
             ExpectSeen(groupFiles, L"team.grx");
             EXPECT_EQ(Seen().folder, files_->Folder());
             EXPECT_EQ(Candidates().back(), L"CN=Guest,O=Elsewhere");
 
-            user_.Click(selectAll);
+            user_.Click(pickid::SelectAll);
             SaveGroup(std::nullopt);
             ExpectSeen(groupFiles, L"guests.grx");
             EXPECT_EQ(Seen().folder, files_->Folder());
@@ -72,11 +70,11 @@ TEST_F(FileDialogs, OfUserGroups) {
 TEST_F(FileDialogs, OfTheExecutable) {
     constexpr int execute = 23;
     SeedEncryptingRule();
-    PutFile(Path(L"program"), "a program");
+    files_->Put(Path(L"program"), "a program");
     WithTheRule([&] {
-        user_.Choose(1042, execute);
+        user_.Choose(ruleid::Operation, execute);
         user_.ExpectFilePicker(ui::FilePickerKind::Open, Path(L"program"));
-        user_.Click(actionButton);
+        user_.Click(ruleid::ActionButton);
         EXPECT_EQ(Seen().filters, Texts{allFiles});
         EXPECT_EQ(Seen().filter, allFiles);
         EXPECT_EQ(Seen().name, L"");

@@ -81,7 +81,7 @@ TEST_F(SavedPlace, FormsOpenOverTheMiddleOfAWindowOnAnotherMonitor) {
             EXPECT_NEAR(outer.top + outer.bottom, owner.top + owner.bottom, 2);
             user_.PressCloseBox();
         });
-        user_.Click(1022);
+        user_.Click(id::LogPath);
         user_.PressCloseBox();
     });
 }

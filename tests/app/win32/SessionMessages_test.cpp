@@ -38,9 +38,6 @@ class SessionMessages : public MainWindowTest {
     static LRESULT MayEnd(HWND window, LPARAM how = 0) {
         return SendMessageW(window, WM_QUERYENDSESSION, 0, how);
     }
-    void ExpectLeaveQuestion() {
-        user_.ExpectBox(boxes::LeaveText, boxes::Question, ui::IdYes, boxes::Title);
-    }
 
     static constexpr wchar_t reason[] = L"Some changes has not been saved.";
     const ImportHook create_{"ShutdownBlockReasonCreate", NoteReason};
@@ -81,7 +78,7 @@ TEST_F(SessionMessages, ACriticalEndIsNotHeldUp) {
         EXPECT_EQ(MayEnd(window, ENDSESSION_CRITICAL), TRUE);
         EXPECT_EQ(MayEnd(window, static_cast<LPARAM>(ENDSESSION_CRITICAL | ENDSESSION_LOGOFF)), TRUE);
         EXPECT_EQ(told, Told{});
-        ExpectLeaveQuestion();
+        ExpectLeaveQuestion(ui::IdYes);
         user_.PressCloseBox();
     });
 }
@@ -93,7 +90,7 @@ TEST_F(SessionMessages, TheReasonGoesWithTheWindow) {
         user_.ClickCheckBox(id::Rules, 0);
         EXPECT_EQ(MayEnd(window), FALSE);
         told.clear();
-        ExpectLeaveQuestion();
+        ExpectLeaveQuestion(ui::IdYes);
         user_.PressCloseBox();
     });
     EXPECT_EQ(told, (Told{{main, L""}}));
@@ -107,7 +104,7 @@ TEST_F(SessionMessages, AFormHoldsItUpAndLeavesNoReasonBehind) {
             EXPECT_EQ(told, (Told{{window, reason}}));
             user_.Click(ui::IdCancel);
         });
-        user_.Click(1022);
+        user_.Click(id::LogPath);
         told.clear();
         EXPECT_EQ(MayEnd(window), TRUE);
         EXPECT_EQ(told, (Told{{window, L""}}));

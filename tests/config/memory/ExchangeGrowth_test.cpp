@@ -4,7 +4,6 @@
 
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "config/ExchangeFile.h"
 #include "platform/memory/MemoryCodePage.h"
@@ -48,50 +47,38 @@ std::string Repeated(std::string_view part, size_t bytes) {
 }
 
 TEST(ExchangeGrowth, ReadingCostsInProportionToTheBytes) {
-    using Shape = std::string (*)(size_t);
-    const std::pair<const char*, Shape> shapes[] = {
-        {"line feeds", [](size_t n) { return Repeated("\n", n) + "\n\r"; }},
-        {"no record end", [](size_t n) { return Repeated("\n", n); }},
-        {"record ends", [](size_t n) { return Repeated("\n\r", n); }},
-        {"carriage returns", [](size_t n) { return Repeated("\r", n); }},
-        {"single lines", [](size_t n) { return Repeated("a\n\r", n); }},
-        {"short records", [](size_t n) { return Repeated("\n\n\n\r", n); }},
-        {"rules", [](size_t n) { return Repeated(tests::FullRecord, n); }},
-        {"a long text",
-         [](size_t n) {
-             return tests::Record({{12, Repeated("a", n)}});
-         }},
-        {"a long number",
-         [](size_t n) {
-             return tests::Record({{6, Repeated("9", n)}});
-         }},
-        {"many masks",
-         [](size_t n) {
-             return tests::Record({{4, Repeated("a;;", n)}});
-         }},
-        {"empty masks",
-         [](size_t n) {
-             return tests::Record({{4, Repeated(";", n)}});
-         }},
-        {"many signer lists",
-         [](size_t n) {
-             return tests::Record({{13, Repeated("a;\\;", n)}});
-         }},
-        {"a long signer list",
-         [](size_t n) {
-             return tests::Record({{13, Repeated("a;;", n)}});
-         }},
-        {"nearly separators",
-         [](size_t n) {
-             return tests::Record({{13, Repeated(";\\", n)}});
-         }},
+    struct Shape {
+        const char* what;
+        std::string_view part;  // time and again
+        size_t field = 0;       // of a record which it is; 0: the text itself
+        const char* end = "";
+    };
+    const Shape shapes[] = {
+        {"line feeds", "\n", 0, "\n\r"},
+        {"no record end", "\n"},
+        {"record ends", "\n\r"},
+        {"carriage returns", "\r"},
+        {"single lines", "a\n\r"},
+        {"short records", "\n\n\n\r"},
+        {"rules", FullRecord},
+        {"a long text", "a", 12},
+        {"a long number", "9", 6},
+        {"many masks", "a;;", 4},
+        {"empty masks", ";", 4},
+        {"many signer lists", "a;\\;", 13},
+        {"a long signer list", "a;;", 13},
+        {"nearly separators", ";\\", 13},
+    };
+    const auto text = [](const Shape& shape, size_t bytes) {
+        const std::string repeated = Repeated(shape.part, bytes);
+        return shape.field == 0 ? repeated + shape.end : Record({{shape.field, repeated}});
     };
     constexpr size_t small = 10'000;
     constexpr size_t times = 32;  // in proportion to the square it would be 1024 times
-    for (const auto& [what, shape] : shapes) {
-        SCOPED_TRACE(what);
-        const Cost once = CostOfReading(shape(small));
-        const Cost large = CostOfReading(shape(times * small));
+    for (const Shape& shape : shapes) {
+        SCOPED_TRACE(shape.what);
+        const Cost once = CostOfReading(text(shape, small));
+        const Cost large = CostOfReading(text(shape, times * small));
         // A list that grows doubles what it holds: up to twice the memory, in a few steps more.
         EXPECT_LE(large.allocations, times * once.allocations + 64);
         EXPECT_LE(large.allocatedBytes, 2 * times * once.allocatedBytes + 4096);

@@ -36,14 +36,14 @@ std::string DemoText() {
 class KilledSave : public tests::FaultTest {
   protected:
     std::optional<Configuration> LoadWithReports() {
-        screen_.reports.clear();
+        screen_.boxes.clear();
         return LoadReportingTo(faultReporter_);
     }
     void SaveAll(const Configuration& configuration) {
         Registry().NoFaults();
-        screen_.reports.clear();
+        screen_.boxes.clear();
         ASSERT_TRUE(SaveReportingTo(faultReporter_, configuration));
-        ASSERT_EQ(screen_.reports, Reports{});
+        ASSERT_EQ(screen_.Reports(), Reports{});
     }
     void KillBefore(size_t write) {
         writes_ = 0;
@@ -98,7 +98,7 @@ class KilledSave : public tests::FaultTest {
             EXPECT_EQ(Service(), after);
         }
         if (!LoadWithReports()) ++refusedStarts_;
-        EXPECT_EQ(screen_.reports, Reports{});
+        EXPECT_EQ(screen_.Reports(), Reports{});
     }
 
     // Whoever puts the completion off: a start is refused, with one report, while a profile has no key for
@@ -106,13 +106,13 @@ class KilledSave : public tests::FaultTest {
     void ExpectAStart(const Configuration& before, const Configuration& after) {
         const auto found = LoadWithReports();
         if (found) {
-            EXPECT_EQ(screen_.reports, Reports{});
+            EXPECT_EQ(screen_.Reports(), Reports{});
             if (!tests::IsFirstStart(*found)) tests::ExpectOnTheWay(*found, before, after);
             return;
         }
-        ASSERT_EQ(screen_.reports.size(), 1U);
-        EXPECT_TRUE(screen_.reports[0].starts_with(L"Create (open) register key " + tests::ServicePath));
-        EXPECT_TRUE(screen_.reports[0].ends_with(L"\\rules.\r\nError 0x2 - "));
+        ASSERT_EQ(screen_.boxes.size(), 1U);
+        EXPECT_TRUE(screen_.Reports()[0].starts_with(L"Create (open) register key " + tests::ServicePath));
+        EXPECT_TRUE(screen_.Reports()[0].ends_with(L"\\rules.\r\nError 0x2 - "));
     }
 
     // Every step-th write of the way from one configuration to the other. Both must be whole again when the

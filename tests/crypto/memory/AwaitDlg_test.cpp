@@ -5,45 +5,34 @@
 
 #include "demo/StandInLibrary.h"
 #include "platform/memory/MemoryMachine.h"
-#include "ui/memory/MemoryScreen.h"
+#include "tests/support/ScriptedUser.h"
 
 namespace {
-
-// Closes every dialog and presses OK, and remembers how many dialogs were open then.
-class Witness final : public ui::memory::User {
-  public:
-    explicit Witness(ui::memory::MemoryScreen& screen) : screen_(screen) { screen.SetUser(*this); }
-    std::vector<size_t> openDialogs;
-
-    void DialogOpened(ui::Dialog& /*dialog*/) override { openDialogs.push_back(screen_.OpenDialogs()); }
-    int BoxOpened(const std::wstring&, const std::wstring&, uint32_t) override {
-        openDialogs.push_back(screen_.OpenDialogs());
-        return ui::IdOk;
-    }
-    std::optional<std::wstring> FolderPickerOpened() override { return std::nullopt; }
-    std::optional<std::wstring> FilePickerOpened(ui::FilePickerKind) override { return std::nullopt; }
-
-  private:
-    ui::memory::MemoryScreen& screen_;
-};
 
 class AwaitDlgTest : public testing::Test {
   protected:
     AwaitDlgTest() {
         machine_.CryptoLibrary.Install(demo::StandInLibrary::Exports());
         library_.OnCall([this](const std::string&) { duringCalls_.push_back(screen_.OpenDialogs()); });
+        user_.onDialog = [this](ui::Dialog&) { duringTalks_.push_back(screen_.OpenDialogs()); };
+        user_.onBox = [this] {
+            duringTalks_.push_back(screen_.OpenDialogs());
+            return ui::IdOk;
+        };
         parent_.OpenModeless();
     }
 
     demo::StandInLibrary library_;
     platform::memory::MemoryMachine machine_;
-    ui::memory::MemoryScreen screen_{machine_.ScreenMetrics};
-    Witness witness_{screen_};
+    tests::ScriptedUser user_;
+    ui::memory::MemoryScreen screen_{machine_.ScreenMetrics, user_};
     const errors::ErrorReporter reporter_{machine_.Machine, screen_};
     config::RegistryStore store_{machine_.Machine, reporter_};
     const config::Services services_{machine_.Machine, screen_, reporter_, store_};
     ui::Dialog parent_{screen_, nullptr, {.size = {200, 100}}};
+    // How many dialogs were open then.
     std::vector<size_t> duringCalls_;  // of the library
+    std::vector<size_t> duringTalks_;  // with the user
     std::wstring csProfile_ = L"Office";
     crypto::PickerSettings settings_;
 };
@@ -64,7 +53,7 @@ TEST_F(AwaitDlgTest, IsGoneWhenAFailureIsShown) {
     library_.SetAnswer(demo::StandInCall::Initialize, 0x20000001);
     EXPECT_FALSE(crypto::OpenCryptoContext(services_, parent_, csProfile_, settings_));
     EXPECT_EQ(duringCalls_, (std::vector<size_t>{2}));
-    EXPECT_EQ(witness_.openDialogs, (std::vector<size_t>{2}));  // the parent and the box
+    EXPECT_EQ(duringTalks_, (std::vector<size_t>{2}));  // the parent and the box
 }
 
 TEST_F(AwaitDlgTest, HalvesOfPixelsAreCutOff) {

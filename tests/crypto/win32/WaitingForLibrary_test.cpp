@@ -19,7 +19,7 @@ class WaitingForLibrary : public CryptoTest {
     void ExpectModalFailure(const std::wstring& operation, const std::wstring& question) {
         const std::wstring code = operation.starts_with(L"Conneting") ? L"0x20000010" : L"0x20000004";
         user_.ExpectOwnerless<errors::WarningBox>([this, operation](errors::WarningBox&) {
-            EXPECT_TRUE(user_.Text(1160).starts_with(operation));
+            EXPECT_TRUE(user_.Text(boxid::WarningText).starts_with(operation));
             EXPECT_FALSE(IsWindowEnabled(WindowOf(opener_)));
             user_.Click(ui::IdCancel);
         });

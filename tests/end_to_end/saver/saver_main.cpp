@@ -8,7 +8,9 @@
 #include "config/Save.h"
 #include "platform/win32/Win32Machine.h"
 #include "tests/config/KilledSave.h"
-#include "tests/config/ReportsOnlyScreen.h"
+#include "tests/support/MachineWith.h"
+#include "tests/support/RecordingScreen.h"
+#include "ui/memory/MemoryScreen.h"
 
 namespace {
 
@@ -18,10 +20,10 @@ using platform::memory::RecordedCall;
 int Run(size_t lastWrite) {
     platform::win32::Win32Machine parts;
     FaultyRegistry registry(parts.Registry);
-    const platform::Machine machine{
-        registry,           parts.Files,         parts.CodePage, parts.SystemMessages, parts.Clock,
-        parts.InstanceLock, parts.ScreenMetrics, parts.Memory,   parts.CryptoLibrary};
-    tests::ReportsOnlyScreen screen(machine.ScreenMetrics);
+    const platform::Machine machine = tests::MachineWith(parts.Machine, {.Registry = &registry});
+    ui::memory::MemoryScreen nobodysScreen(machine.ScreenMetrics);
+    tests::RecordingScreen screen(nobodysScreen);
+    screen.ExpectOnlyReports();
     const errors::ErrorReporter reporter(machine, screen);
     config::RegistryStore store(machine, reporter);
     const auto loaded = config::LoadConfiguration(store, nullptr);
@@ -34,7 +36,7 @@ int Run(size_t lastWrite) {
         return platform::code::Success;
     });
     const bool saved = config::SaveConfiguration(store, nullptr, tests::AfterADaysWork(*loaded));
-    return saved && screen.reports.empty() ? static_cast<int>(tests::SaverSaved) : EXIT_FAILURE;
+    return saved && screen.boxes.empty() ? static_cast<int>(tests::SaverSaved) : EXIT_FAILURE;
 }
 
 }  // namespace

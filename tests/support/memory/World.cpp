@@ -12,13 +12,14 @@ class MemoryWorld final : public World {
     platform::Machine& Machine() override { return machine_.Machine; }
     platform::memory::FaultyRegistry& Registry() override { return machine_.Registry; }
     platform::memory::MemoryCryptoLibrary& CryptoLibrary() override { return machine_.CryptoLibrary; }
-    ui::Screen& Screen() override { return screen_; }
+    RecordingScreen& Screen() override { return screen_; }
     Robot& User() override { return robot_; }
 
   private:
     platform::memory::MemoryMachine machine_;
-    ui::memory::MemoryScreen screen_{machine_.ScreenMetrics};
-    MemoryRobot robot_{screen_};
+    ui::memory::MemoryScreen memoryScreen_{machine_.ScreenMetrics};
+    RecordingScreen screen_{memoryScreen_};
+    MemoryRobot robot_{memoryScreen_};
 };
 
 }  // namespace

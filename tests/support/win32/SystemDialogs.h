@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/support/win32/RecordingScreen.h"
+#include "tests/support/RecordingScreen.h"
 
 namespace tests {
 

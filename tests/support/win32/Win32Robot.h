@@ -8,9 +8,9 @@
 #include <optional>
 #include <string>
 
+#include "tests/support/RecordingScreen.h"
 #include "tests/support/Robot.h"
 #include "tests/support/win32/OpenedWindows.h"
-#include "tests/support/win32/RecordingScreen.h"
 #include "tests/support/win32/SystemDialogs.h"
 #include "ui/ListView.h"
 

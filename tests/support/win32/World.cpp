@@ -5,8 +5,9 @@
 #include <optional>
 
 #include "platform/win32/Win32Machine.h"
+#include "tests/support/MachineWith.h"
+#include "tests/support/RecordingScreen.h"
 #include "tests/support/TestRegistry.h"
-#include "tests/support/win32/RecordingScreen.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "ui/win32/Pickers.h"
 #include "ui/win32/Win32Screen.h"
@@ -21,7 +22,7 @@ class RealWorld final : public World {
     platform::Machine& Machine() override { return machine_; }
     platform::memory::FaultyRegistry& Registry() override { return registry_; }
     platform::memory::MemoryCryptoLibrary& CryptoLibrary() override { return library_; }
-    ui::Screen& Screen() override { return screen_; }
+    RecordingScreen& Screen() override { return screen_; }
     Robot& User() override { return robot_; }
 
   private:
@@ -29,9 +30,8 @@ class RealWorld final : public World {
     const std::unique_ptr<platform::RegistryBackend> storedRegistry_ = MakeTestRegistry();
     platform::memory::MemoryCryptoLibrary library_;
     platform::memory::FaultyRegistry registry_{*storedRegistry_};
-    platform::Machine machine_{registry_,    parts_.Files,        parts_.CodePage,      parts_.SystemMessages,
-                               parts_.Clock, parts_.InstanceLock, parts_.ScreenMetrics, parts_.Memory,
-                               library_};
+    platform::Machine machine_ =
+        MachineWith(parts_.Machine, {.Registry = &registry_, .CryptoLibrary = &library_});
     ui::win32::Win32Screen realScreen_{parts_.ScreenMetrics};
     RecordingScreen screen_{realScreen_};
     Win32Robot robot_{screen_};
