@@ -108,43 +108,43 @@ Win32Code RecordingRegistry::Set(KeyHandle key, const std::wstring& name, ValueT
     return real_.Set(key, name, type, data);
 }
 
+namespace {
+
+Win32Code Repeat(const Call& call, platform::RegistryBackend& registry, std::vector<KeyHandle>& keys,
+                 std::span<std::byte> buffer) {
+    std::wstring name;
+    ValueType type{};
+    uint32_t size = call.number;
+    switch (call.kind) {
+        case CallKind::Open:
+            return registry.Open(call.root, call.text, keys[call.result]);
+        case CallKind::OpenSubkey:
+            return registry.OpenSubkey(keys[call.key], call.text, keys[call.result]);
+        case CallKind::Create:
+            return registry.Create(call.root, call.text, keys[call.result]);
+        case CallKind::Close:
+            return registry.Close(keys[call.key]);
+        case CallKind::Flush:
+            return registry.Flush(keys[call.key]);
+        case CallKind::Enumerate:
+            return registry.EnumerateSubkey(keys[call.key], call.number, call.capacity, name);
+        case CallKind::Delete:
+            return registry.DeleteSubkey(keys[call.key], call.text);
+        case CallKind::Query:
+            return registry.Query(keys[call.key], call.text, type, buffer.first(call.number), size);
+        case CallKind::Set:
+            return registry.Set(keys[call.key], call.text, call.type, call.data);
+    }
+    return platform::code::Success;
+}
+
+}  // namespace
+
+// What was recorded failed then as well.
 void Replay(const RecordedSession& session, platform::RegistryBackend& registry) {
     std::vector<KeyHandle> keys(session.slots);
     std::vector<std::byte> buffer(65536);
-    std::wstring name;
-    for (const Call& call : session.calls) {
-        ValueType type{};
-        uint32_t size = call.number;
-        switch (call.kind) {
-            case CallKind::Open:
-                registry.Open(call.root, call.text, keys[call.result]);
-                break;
-            case CallKind::OpenSubkey:
-                registry.OpenSubkey(keys[call.key], call.text, keys[call.result]);
-                break;
-            case CallKind::Create:
-                registry.Create(call.root, call.text, keys[call.result]);
-                break;
-            case CallKind::Close:
-                registry.Close(keys[call.key]);
-                break;
-            case CallKind::Flush:
-                registry.Flush(keys[call.key]);
-                break;
-            case CallKind::Enumerate:
-                registry.EnumerateSubkey(keys[call.key], call.number, call.capacity, name);
-                break;
-            case CallKind::Delete:
-                registry.DeleteSubkey(keys[call.key], call.text);
-                break;
-            case CallKind::Query:
-                registry.Query(keys[call.key], call.text, type, std::span(buffer).first(call.number), size);
-                break;
-            case CallKind::Set:
-                registry.Set(keys[call.key], call.text, call.type, call.data);
-                break;
-        }
-    }
+    for (const Call& call : session.calls) static_cast<void>(Repeat(call, registry, keys, buffer));
 }
 
 }  // namespace bench

@@ -7,6 +7,7 @@
 #include "config/Operations.h"
 #include "config/RedoChanges.h"
 #include "config/Save.h"
+#include "demo/RegistryKey.h"
 #include "text/Format.h"
 
 namespace bench {
@@ -42,11 +43,9 @@ config::Configuration SampleConfiguration(size_t rules) {
 }
 
 void CreateTrees(platform::RegistryBackend& registry) {
-    platform::KeyHandle key{};
-    registry.Create(platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\Profiles", key);
-    registry.Close(key);
-    registry.Create(platform::RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcelservice", key);
-    registry.Close(key);
+    using demo::RegistryKey;
+    RegistryKey::Create(registry, platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\Profiles");
+    RegistryKey::Create(registry, platform::RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcelservice");
 }
 
 config::Configuration Load(const platform::Machine& machine, ui::Screen& screen) {

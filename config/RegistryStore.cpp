@@ -41,7 +41,7 @@ const wchar_t* WritingOf(ValueType type) {
 class ScopedKey {
   public:
     ScopedKey(platform::RegistryBackend& registry, KeyHandle key) : registry_(registry), key_(key) {}
-    ~ScopedKey() { registry_.Close(key_); }
+    ~ScopedKey() { static_cast<void>(registry_.Close(key_)); }
     ScopedKey(const ScopedKey&) = delete;
     ScopedKey& operator=(const ScopedKey&) = delete;
 

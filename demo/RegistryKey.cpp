@@ -39,7 +39,7 @@ std::vector<std::wstring> AllNames(const std::string& operation, Enumerate enume
 }  // namespace
 
 RegistryKey::~RegistryKey() {
-    if (IsOpen()) registry_->Close(key_);
+    if (IsOpen()) static_cast<void>(registry_->Close(key_));
 }
 
 RegistryKey::RegistryKey(RegistryKey&& other) noexcept
@@ -57,7 +57,7 @@ bool RegistryKey::Exists(RegistryBackend& registry, RootKey root, const std::wst
     const Win32Code code = registry.Open(root, path, key);
     if (code == platform::code::FileNotFound) return false;
     Check(code, "open key", path);
-    registry.Close(key);
+    Check(registry.Close(key), "close key", path);
     return true;
 }
 

@@ -22,14 +22,18 @@ class Files {
   public:
     virtual ~Files() = default;
 
-    virtual Win32Code Open(const std::wstring& path, FileHandle& file) = 0;  // for reading; must exist
-    virtual Win32Code Create(const std::wstring& path,
-                             FileHandle& file) = 0;  // for writing; replaces an old one
-    virtual Win32Code Size(FileHandle file, uint64_t& bytes) = 0;
-    virtual Win32Code Read(FileHandle file, std::span<std::byte> buffer, uint32_t& bytesRead) = 0;
-    virtual Win32Code Write(FileHandle file, std::span<const std::byte> data, uint32_t& bytesWritten) = 0;
-    virtual Win32Code Close(FileHandle file) = 0;
-    virtual Win32Code CheckPathExists(const std::wstring& path) = 0;  // of a file or a folder
+    // For reading; the file must exist.
+    [[nodiscard]] virtual Win32Code Open(const std::wstring& path, FileHandle& file) = 0;
+    // For writing; replaces an old file.
+    [[nodiscard]] virtual Win32Code Create(const std::wstring& path, FileHandle& file) = 0;
+    [[nodiscard]] virtual Win32Code Size(FileHandle file, uint64_t& bytes) = 0;
+    [[nodiscard]] virtual Win32Code Read(FileHandle file, std::span<std::byte> buffer,
+                                         uint32_t& bytesRead) = 0;
+    [[nodiscard]] virtual Win32Code Write(FileHandle file, std::span<const std::byte> data,
+                                          uint32_t& bytesWritten) = 0;
+    [[nodiscard]] virtual Win32Code Close(FileHandle file) = 0;
+    // Of a file or a folder.
+    [[nodiscard]] virtual Win32Code CheckPathExists(const std::wstring& path) = 0;
 };
 
 // The system's ANSI code page. Characters that it lacks become the system's replacement, usually "?".
@@ -60,7 +64,7 @@ class InstanceLock {
   public:
     virtual ~InstanceLock() = default;
     virtual bool IsHeldByAnother(const std::wstring& name) = 0;
-    virtual Win32Code Acquire(const std::wstring& name) = 0;
+    [[nodiscard]] virtual Win32Code Acquire(const std::wstring& name) = 0;
     virtual void Release() = 0;
 };
 
@@ -77,7 +81,7 @@ class Memory {
   public:
     virtual ~Memory() = default;
     // No block: error tells the system's last error.
-    virtual std::unique_ptr<std::byte[]> Allocate(size_t bytes, Win32Code& error) = 0;
+    [[nodiscard]] virtual std::unique_ptr<std::byte[]> Allocate(size_t bytes, Win32Code& error) = 0;
 };
 
 // Finds the maker's cryptographic library; what its functions answer is read by those who call them.
@@ -85,7 +89,7 @@ class CryptoLibrary {
   public:
     virtual ~CryptoLibrary() = default;
     // None: error tells why. 126: there is no library; 127: it lacks a function; or the system's own code.
-    virtual const kseal::Exports* Exports(Win32Code& error) = 0;
+    [[nodiscard]] virtual const kseal::Exports* Exports(Win32Code& error) = 0;
     // After Exports had none: one line that names what is missing or cannot be loaded.
     virtual std::wstring WhatIsMissing() const = 0;
 };
@@ -95,7 +99,7 @@ class Guide {
   public:
     virtual ~Guide() = default;
     // Shows a page ("rules") in the user's browser, with the user's own rights. 2: there is no such page.
-    virtual Win32Code Show(const std::wstring& page) = 0;
+    [[nodiscard]] virtual Win32Code Show(const std::wstring& page) = 0;
 };
 
 // References only: whoever makes the parts keeps them alive.

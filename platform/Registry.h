@@ -24,30 +24,31 @@ class RegistryBackend {
   public:
     virtual ~RegistryBackend() = default;
 
-    virtual Win32Code Open(RootKey root, const std::wstring& path, KeyHandle& key) = 0;
-    virtual Win32Code OpenSubkey(KeyHandle parent, const std::wstring& name, KeyHandle& key) = 0;
+    [[nodiscard]] virtual Win32Code Open(RootKey root, const std::wstring& path, KeyHandle& key) = 0;
+    [[nodiscard]] virtual Win32Code OpenSubkey(KeyHandle parent, const std::wstring& name,
+                                               KeyHandle& key) = 0;
     // Creates the key with all missing parents, or opens it.
-    virtual Win32Code Create(RootKey root, const std::wstring& path, KeyHandle& key) = 0;
-    virtual Win32Code Close(KeyHandle key) = 0;
+    [[nodiscard]] virtual Win32Code Create(RootKey root, const std::wstring& path, KeyHandle& key) = 0;
+    [[nodiscard]] virtual Win32Code Close(KeyHandle key) = 0;
     // Returns once everything written so far is on the disk.
-    virtual Win32Code Flush(KeyHandle key) = 0;
+    [[nodiscard]] virtual Win32Code Flush(KeyHandle key) = 0;
 
     // The name of the index-th subkey. capacity: characters of the name buffer, the terminating NUL included;
     // a name that does not fit gives 234. 259 after the last one.
-    virtual Win32Code EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
-                                      std::wstring& name) = 0;
+    [[nodiscard]] virtual Win32Code EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
+                                                    std::wstring& name) = 0;
     // Deletes a key that has no subkeys.
-    virtual Win32Code DeleteSubkey(KeyHandle parent, const std::wstring& name) = 0;
+    [[nodiscard]] virtual Win32Code DeleteSubkey(KeyHandle parent, const std::wstring& name) = 0;
 
     // Reads a value's bytes. size: set to the size of the stored value in bytes, also when the answer is 234
     // because the buffer is too small. An empty buffer asks for type and size only and then answers 0.
-    virtual Win32Code Query(KeyHandle key, const std::wstring& name, ValueType& type,
-                            std::span<std::byte> buffer, uint32_t& size) = 0;
-    virtual Win32Code Set(KeyHandle key, const std::wstring& name, ValueType type,
-                          std::span<const std::byte> data) = 0;
+    [[nodiscard]] virtual Win32Code Query(KeyHandle key, const std::wstring& name, ValueType& type,
+                                          std::span<std::byte> buffer, uint32_t& size) = 0;
+    [[nodiscard]] virtual Win32Code Set(KeyHandle key, const std::wstring& name, ValueType type,
+                                        std::span<const std::byte> data) = 0;
     // The name of the index-th value; 259 after the last one. The editor itself never asks: it knows the
     // names of all values that it reads. This is for showing and comparing whole trees.
-    virtual Win32Code EnumerateValue(KeyHandle key, uint32_t index, std::wstring& name) = 0;
+    [[nodiscard]] virtual Win32Code EnumerateValue(KeyHandle key, uint32_t index, std::wstring& name) = 0;
 };
 
 }  // namespace platform

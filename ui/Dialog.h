@@ -115,7 +115,7 @@ class Dialog {
     void UserLeft(Control& control);
     // For the windows, when a handler of what the user does has thrown: the dialog stays open if only memory
     // was short, and the user has been told.
-    bool Survives(const std::exception_ptr& failure) const;
+    [[nodiscard]] bool Survives(const std::exception_ptr& failure) const;
 
   protected:
     // Called once the window exists and before it is shown.

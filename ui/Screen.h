@@ -100,7 +100,7 @@ class Screen {
     using FailureHandler = std::function<void(const Dialog& dialog, const ScreenError* failure)>;
     void SetFailureHandler(FailureHandler handler) { failureHandler_ = std::move(handler); }
     // False: nothing could be reported.
-    bool ReportFailure(const Dialog& dialog, const ScreenError* failure);
+    [[nodiscard]] bool ReportFailure(const Dialog& dialog, const ScreenError* failure);
 
     // Shows the page of the guide that explains the dialog. Without a handler nothing happens.
     using GuideHandler = std::function<void(const Dialog& dialog)>;

@@ -71,7 +71,7 @@ class FaultyRegistry final : public RegistryBackend {
         KeyHandle handle;
         std::wstring path;
     };
-    Win32Code Record(RegistryCall call, std::wstring target);
+    [[nodiscard]] Win32Code Record(RegistryCall call, std::wstring target);
     Win32Code NoteOpened(Win32Code answer, KeyHandle key, std::wstring path);
     std::wstring PathOf(KeyHandle key) const;  // empty for a key that was not opened through this object
     std::wstring Below(KeyHandle key, const std::wstring& name) const;

@@ -70,9 +70,9 @@ class MemoryFiles final : public Files {
         bool isWriting = false;
         size_t position = 0;
     };
-    Win32Code Record(FileCall call, const std::wstring& path);
-    Win32Code Record(FileCall call, FileHandle file);
-    Win32Code CheckMissing(const std::wstring& path) const;
+    [[nodiscard]] Win32Code Record(FileCall call, const std::wstring& path);
+    [[nodiscard]] Win32Code Record(FileCall call, FileHandle file);
+    [[nodiscard]] Win32Code CheckMissing(const std::wstring& path) const;
     bool IsOpen(const std::wstring& path, bool forWriting) const;
     Entry* Find(const std::wstring& path);
     const Entry* Find(const std::wstring& path) const;

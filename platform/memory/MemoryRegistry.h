@@ -40,8 +40,8 @@ class MemoryRegistry final : public RegistryBackend {
     using KeyPointer = std::shared_ptr<Key>;
 
     const KeyPointer& Root(RootKey root) const;
-    Win32Code Resolve(KeyHandle handle, KeyPointer& key) const;
-    Win32Code OpenBelow(const KeyPointer& from, std::wstring_view path, KeyHandle& key);
+    [[nodiscard]] Win32Code Resolve(KeyHandle handle, KeyPointer& key) const;
+    [[nodiscard]] Win32Code OpenBelow(const KeyPointer& from, std::wstring_view path, KeyHandle& key);
     KeyHandle NewHandle(KeyPointer key);
 
     KeyPointer localMachine_;

@@ -41,9 +41,9 @@ std::wstring SystemFolder();
 void LoadFromSystemOnly();
 
 // Loads code; what it needs in turn comes from its own folder or the system's. Null: error tells why.
-Module LoadCode(const std::wstring& path, Win32Code& error);
+[[nodiscard]] Module LoadCode(const std::wstring& path, Win32Code& error);
 // Loads only resources and message tables. Null when it cannot be loaded.
-Module LoadResources(const std::wstring& path);
+[[nodiscard]] Module LoadResources(const std::wstring& path);
 
 using AnyFunction = void (*)();
 

@@ -98,8 +98,8 @@ class Win32CryptoLibrary final : public CryptoLibrary {
     std::wstring WhatIsMissing() const override { return missing_; }
 
   private:
-    Win32Code Find();
-    Win32Code Load(const std::wstring& folder, const std::wstring& path);
+    [[nodiscard]] Win32Code Find();
+    [[nodiscard]] Win32Code Load(const std::wstring& folder, const std::wstring& path);
 
     const std::vector<std::wstring> folders_;
     // None until it was found; while it is missing, every use looks for it again. It is never unloaded,

@@ -25,7 +25,7 @@ inline Bytes MakeBytes(std::initializer_list<int> numbers) {
 class RegistryTest : public testing::Test {
   protected:
     ~RegistryTest() override {
-        for (const platform::KeyHandle key : opened_) registry_->Close(key);
+        for (const platform::KeyHandle key : opened_) static_cast<void>(registry_->Close(key));
     }
 
     platform::KeyHandle Create(const std::wstring& path,

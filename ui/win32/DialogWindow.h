@@ -130,7 +130,7 @@ class DialogWindow : public ui::Window {
     void LetSessionEnd();
     void OnChangedColors();
 
-    bool MoveAtOnce() const;
+    [[nodiscard]] bool MoveAtOnce() const;
     void MoveOneByOne() const;
     void ShowMenuBar();
     void ShowIcon();
