@@ -2,13 +2,23 @@
 
 #include <algorithm>
 
-#include "editors/AddCSProfDlg.h"
-#include "editors/RulesWithCertificates.h"
 #include "errors/MessageBoxes.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
 
 namespace editors {
+
+CAddCSProfDlg::CAddCSProfDlg(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> profileNames)
+    : Dialog(screen, owner, {.size = {200, 50}, .guidePage = L"profiles"}, L"Add CS profile") {
+    profiles_.SetItems(std::move(profileNames));
+    profiles_.Select(0);
+}
+
+void CAddCSProfDlg::OnOK() {
+    profileName_ = profiles_.SelectedItem();
+    EndDialog(ui::IdOk);
+}
+
 CAddProfile::CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
                          std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames,
                          EditorMemory& memory)

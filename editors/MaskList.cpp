@@ -1,12 +1,29 @@
 #include "editors/MaskList.h"
 
-#include "editors/AddMask.h"
 #include "errors/MessageBoxes.h"
 #include "platform/Machine.h"
 #include "text/Format.h"
 #include "ui/RemoveRows.h"
 
 namespace editors {
+
+AddMask::AddMask(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> suggestions,
+                 std::wstring mask)
+    : Dialog(screen, owner, {.size = {200, 50}, .guidePage = L"rules"}, L"Mask") {
+    combo_.SetItems(std::move(suggestions));
+    combo_.SetText(std::move(mask));
+    combo_.SetName(Caption());
+}
+
+void AddMask::OnOK() {
+    if (combo_.Text().empty()) {
+        errors::Warn(Screen(), this, L"No Mask selected.");
+        combo_.SetFocus();
+        return;
+    }
+    mask_ = combo_.Text();
+    EndDialog(ui::IdOk);
+}
 
 MaskList::MaskList(ui::ListView& view, ui::Dialog& owner, ui::Screen& screen,
                    std::vector<std::wstring>& masks, std::vector<std::wstring> suggestions)

@@ -4,6 +4,7 @@
 
 #include "config/StoreProfileSettings.h"
 #include "text/Format.h"
+#include "text/Numbers.h"
 
 namespace editors {
 namespace {
@@ -40,6 +41,18 @@ std::optional<ProfileRefusal> FindRefusal(const ProfileForm& form, const std::ws
     if (form.Name != nameBefore)
         if (auto refusal = CheckIsNew(form.Name, names)) return refusal;
     return FindMissingTimeStampServer(form.UsesTimeStampServer, form.TimeStampServer);
+}
+
+std::wstring RulesWithCertificatesOf(std::span<const config::Rule> rules, std::wstring_view storeProfile) {
+    std::wstring positions;
+    for (size_t i = 0; i < rules.size(); ++i) {
+        const config::Rule& rule = rules[i];
+        if (rule.ZCSProfile != storeProfile || (rule.Certificates.empty() && rule.SignerLists.empty()))
+            continue;
+        if (!positions.empty()) positions += L',';
+        positions += text::Decimal(static_cast<int64_t>(i) + 1);
+    }
+    return positions;
 }
 
 }  // namespace editors

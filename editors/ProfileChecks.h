@@ -1,4 +1,5 @@
-// What has to be right before the profile editor accepts its form.
+// What has to be right before the profile editor accepts its form, and which rules still hold certificates of
+// a store profile that is about to go.
 #pragma once
 
 #include <cstdint>
@@ -6,6 +7,8 @@
 #include <span>
 #include <string>
 #include <string_view>
+
+#include "config/Records.h"
 
 namespace editors {
 
@@ -32,5 +35,8 @@ std::optional<ProfileRefusal> FindMissingTimeStampServer(bool isUsed, std::wstri
 // names: those of all profiles.
 std::optional<ProfileRefusal> FindRefusal(const ProfileForm& form, const std::wstring& nameBefore,
                                           std::span<const std::wstring> names);
+
+// The positions, from 1 on, of the rules that have certificates or signer lists of the store profile: "2,5".
+std::wstring RulesWithCertificatesOf(std::span<const config::Rule> rules, std::wstring_view storeProfile);
 
 }  // namespace editors

@@ -4,9 +4,8 @@
 
 #include "app/AboutDlg.h"
 #include "crypto/OpenCryptoContext.h"
-#include "editors/AddCSProfDlg.h"
-#include "editors/AddMask.h"
 #include "editors/AddProfile.h"
+#include "editors/MaskList.h"
 #include "errors/MessageBoxes.h"
 #include "settings/ConfigPage.h"
 #include "settings/ConflictDlg.h"

@@ -6,7 +6,7 @@
 #include "app/BrisgateApp.h"
 #include "config/Operations.h"
 #include "demo/FileContent.h"
-#include "editors/AddMask.h"
+#include "editors/MaskList.h"
 
 namespace tests {
 namespace {

@@ -4,7 +4,7 @@
 #include <functional>
 
 #include "app/AboutDlg.h"
-#include "editors/AddMask.h"
+#include "editors/MaskList.h"
 #include "settings/ConfigPage.h"
 #include "settings/ConflictDlg.h"
 #include "tests/app/MainWindowProfiles.h"

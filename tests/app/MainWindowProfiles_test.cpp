@@ -1,7 +1,7 @@
 // Opening, adding and editing profiles, as the user does it in the main window.
 #include <gtest/gtest.h>
 
-#include "editors/AddCSProfDlg.h"
+#include "editors/AddProfile.h"
 #include "tests/app/MainWindowProfiles.h"
 
 namespace tests {

@@ -1,6 +1,6 @@
 // Adding and editing rules: how the main window opens the rule editor, and what it does with the finished
 // rule.
-#include "editors/AddMask.h"
+#include "editors/MaskList.h"
 #include "tests/app/MainWindowRules.h"
 
 namespace tests {

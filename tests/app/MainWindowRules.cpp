@@ -2,7 +2,7 @@
 
 #include "config/Load.h"
 #include "config/Save.h"
-#include "editors/AddMask.h"
+#include "editors/MaskList.h"
 
 namespace tests {
 namespace {

@@ -1,4 +1,4 @@
-#include "editors/AddCSProfDlg.h"
+#include "editors/AddProfile.h"
 
 #include "tests/support/Fixture.h"
 #include "tests/support/Ids.h"

@@ -1,4 +1,4 @@
-#include "editors/AddMask.h"
+#include "editors/MaskList.h"
 
 #include "tests/support/Fixture.h"
 #include "tests/support/Ids.h"

@@ -11,6 +11,7 @@ using editors::FindMissingTimeStampServer;
 using editors::FindRefusal;
 using editors::ProfileField;
 using editors::ProfileForm;
+using editors::RulesWithCertificatesOf;
 
 // What is wrong with an otherwise good form; empty when it is accepted.
 std::wstring Wrong(const ProfileForm& form, const std::wstring& nameBefore = {}) {
@@ -83,6 +84,20 @@ TEST(ProfileChecks, EachRefusalNamesItsField) {
     EXPECT_EQ(field({.Name = L""}), ProfileField::Name);
     EXPECT_EQ(field({.Name = L"x"}), ProfileField::HandlerTimeout);
     EXPECT_EQ(field({.Name = L"Beta", .HandlerTimeout = 1}), ProfileField::Name);
+}
+
+TEST(ProfileChecks, RulesWithCertificatesAreCountedFromOne) {
+    std::vector<config::Rule> rules(12);
+    EXPECT_EQ(RulesWithCertificatesOf(rules, L"Office"), L"");
+    for (config::Rule& rule : rules) rule.ZCSProfile = L"Office";
+    EXPECT_EQ(RulesWithCertificatesOf(rules, L"Office"), L"");
+    rules[0].Certificates = {L"CN=Anna"};
+    rules[11].SignerLists = {{L"chiefs", {L"CN=Boris"}}};
+    rules[5].Certificates = {L"CN=Anna"};
+    rules[5].ZCSProfile = L"office";
+    EXPECT_EQ(RulesWithCertificatesOf(rules, L"Office"), L"1,12");
+    EXPECT_EQ(RulesWithCertificatesOf(rules, L"office"), L"6");
+    EXPECT_EQ(RulesWithCertificatesOf({}, L"Office"), L"");
 }
 
 }  // namespace

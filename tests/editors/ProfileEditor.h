@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "editors/AddCSProfDlg.h"
 #include "editors/AddProfile.h"
 #include "tests/support/Fixture.h"
 #include "tests/support/Ids.h"

@@ -2,7 +2,7 @@
 
 #include <map>
 
-#include "editors/AddMask.h"
+#include "editors/MaskList.h"
 
 namespace tests {
 namespace {

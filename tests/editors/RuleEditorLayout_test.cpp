@@ -1,7 +1,7 @@
 // How the keyboard goes through the rule editor.
 #include <gtest/gtest.h>
 
-#include "editors/AddMask.h"
+#include "editors/MaskList.h"
 #include "tests/editors/RuleEditor.h"
 
 namespace tests {

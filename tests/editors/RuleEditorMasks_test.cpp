@@ -1,7 +1,7 @@
 // The masks list of the rule editor.
 #include <gtest/gtest.h>
 
-#include "editors/AddMask.h"
+#include "editors/MaskList.h"
 #include "tests/editors/RuleEditor.h"
 
 namespace tests {

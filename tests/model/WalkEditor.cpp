@@ -1,8 +1,8 @@
 // What the walk does in the rule editor.
 #include <gtest/gtest.h>
 
-#include "editors/AddMask.h"
 #include "editors/AddRule.h"
+#include "editors/MaskList.h"
 #include "errors/MessageBoxes.h"
 #include "tests/editors/RuleEditor.h"
 #include "tests/model/Walk.h"

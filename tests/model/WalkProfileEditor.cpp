@@ -1,7 +1,6 @@
 // What the walk does in the profile editor.
 #include <gtest/gtest.h>
 
-#include "editors/AddCSProfDlg.h"
 #include "editors/AddProfile.h"
 #include "tests/editors/ProfileEditor.h"
 #include "tests/model/Walk.h"

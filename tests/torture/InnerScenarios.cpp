@@ -1,6 +1,6 @@
-#include "editors/AddMask.h"
 #include "editors/AddProfile.h"
 #include "editors/AddRule.h"
+#include "editors/MaskList.h"
 #include "errors/MessageBoxes.h"
 #include "settings/ConflictDlg.h"
 #include "tests/config/GoldenTree.h"
