@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "app/BrisgateDlg.h"
-#include "app/ProfileCommands.h"
+#include "app/RuleCommands.h"
 #include "editors/AddProfile.h"
 #include "errors/MessageBoxes.h"
 #include "text/Format.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "app/BrisgateDlg.h"
-#include "app/ProfileExchange.h"
 #include "app/RuleCommands.h"
 #include "editors/AddRule.h"
 #include "errors/MessageBoxes.h"

@@ -1,10 +1,24 @@
 #include "app/RuleCommands.h"
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 #include <ranges>
 #include <unordered_set>
 
+#include "config/ExchangeFile.h"
+#include "config/ExchangeFiles.h"
+#include "errors/MessageBoxes.h"
+
 namespace app {
+namespace {
+
+std::optional<std::wstring> PickRulesFile(const config::Services& services, const ui::Dialog* owner,
+                                          ui::FilePickerKind kind, const std::wstring& proposal = {}) {
+    return services.Screen.PickFile(owner, config::ExchangeFilePicker(kind, L"Profiles", L"prx", proposal));
+}
+
+}  // namespace
 
 std::vector<std::wstring> SuggestedMasks(const config::GlobalSettings& settings,
                                          std::span<const config::Rule> rules) {
@@ -35,6 +49,36 @@ void MoveRule(std::vector<config::Rule>& rules, size_t from, size_t to) {
     } else {
         std::rotate(at(to), at(from), at(from + 1));
     }
+}
+
+void LeadRulesToFirstStoreProfile(config::ServiceProfile& profile, std::span<const std::wstring> removed) {
+    if (profile.ZCSProfile.empty()) return;
+    const std::wstring& first = profile.ZCSProfile.front();
+    for (config::Rule& rule : profile.Rules)
+        for (std::wstring* used : {&rule.ZCSProfile, &rule.ResignProfile})
+            if (std::find(removed.begin(), removed.end(), *used) != removed.end()) *used = first;
+}
+
+void ExportRules(const config::Services& services, const ui::Dialog* owner,
+                 const config::ServiceProfile& profile) {
+    if (profile.Rules.empty()) return errors::Warn(services.Screen, owner, L"Profile contains no rules.");
+    const std::string text = config::ExchangeText(profile.Rules, services.Machine.CodePage);
+    const auto path = PickRulesFile(services, owner, ui::FilePickerKind::Save, profile.Name);
+    if (!path) return;
+    const ui::WaitCursor wait(services.Screen);
+    config::WriteWholeFile(services, owner, *path, text);
+}
+
+bool ImportRules(const config::Services& services, const ui::Dialog* owner, config::ServiceProfile& profile) {
+    const auto path = PickRulesFile(services, owner, ui::FilePickerKind::Open);
+    if (!path) return false;
+    const ui::WaitCursor wait(services.Screen);
+    const auto content = config::ReadWholeFile(services, owner, *path);
+    if (!content) return false;
+    config::ExchangedRules exchanged = config::ParseExchangeText(content->Bytes(), services.Machine.CodePage);
+    profile.Rules.insert(profile.Rules.end(), std::make_move_iterator(exchanged.rules.begin()),
+                         std::make_move_iterator(exchanged.rules.end()));
+    return exchanged.anyRecord;
 }
 
 }  // namespace app

@@ -1,5 +1,5 @@
 // The commands that export and import the rules of a profile.
-#include "app/ProfileExchange.h"
+#include "app/RuleCommands.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ Rule Named(const std::wstring& operation) {
     return rule;
 }
 
-class ProfileExchange : public tests::ExchangeTest {
+class RuleExchange : public tests::ExchangeTest {
   protected:
     void SetUp() override {
         profile_.Name = L"Alpha";
@@ -48,14 +48,14 @@ class ProfileExchange : public tests::ExchangeTest {
     ServiceProfile profile_;
 };
 
-TEST_F(ProfileExchange, AProfileWithoutRulesIsNotExported) {
+TEST_F(RuleExchange, AProfileWithoutRulesIsNotExported) {
     profile_.Rules.clear();
     app::ExportRules(exchange_, nullptr, profile_);
     EXPECT_EQ(TakeBox(), (Box{L"Profile contains no rules.", L"ZEMA AC QLD Service - configuration", 0x30}));
     EXPECT_EQ(TakeJournal(), Journal{"box"});
 }
 
-TEST_F(ProfileExchange, RulesAreWrittenToTheFileThatTheUserNames) {
+TEST_F(RuleExchange, RulesAreWrittenToTheFileThatTheUserNames) {
     profile_.Rules = {tests::FullRule(), Named(L"DELE")};
     const ServiceProfile before = profile_;
     Export(file_);
@@ -64,7 +64,7 @@ TEST_F(ProfileExchange, RulesAreWrittenToTheFileThatTheUserNames) {
     EXPECT_EQ(profile_, before);
 }
 
-TEST_F(ProfileExchange, ThePickerOfExportProposesTheProfilesName) {
+TEST_F(RuleExchange, ThePickerOfExportProposesTheProfilesName) {
     Export(std::nullopt);
     ASSERT_EQ(screen_.pickers.size(), 1U);
     const ui::FilePicker& picker = screen_.pickers[0];
@@ -78,7 +78,7 @@ TEST_F(ProfileExchange, ThePickerOfExportProposesTheProfilesName) {
     EXPECT_EQ(picker.initialPath, L"Alpha");
 }
 
-TEST_F(ProfileExchange, ThePickerOfImportProposesNothing) {
+TEST_F(RuleExchange, ThePickerOfImportProposesNothing) {
     EXPECT_FALSE(Import(std::nullopt));
     ASSERT_EQ(screen_.pickers.size(), 1U);
     const ui::FilePicker& picker = screen_.pickers[0];
@@ -89,7 +89,7 @@ TEST_F(ProfileExchange, ThePickerOfImportProposesNothing) {
     EXPECT_EQ(picker.initialPath, L"");
 }
 
-TEST_F(ProfileExchange, GivingUpInThePickerDoesNothing) {
+TEST_F(RuleExchange, GivingUpInThePickerDoesNothing) {
     const ServiceProfile before = profile_;
     Export(std::nullopt);
     EXPECT_FALSE(Import(std::nullopt));
@@ -97,7 +97,7 @@ TEST_F(ProfileExchange, GivingUpInThePickerDoesNothing) {
     EXPECT_EQ(profile_, before);
 }
 
-TEST_F(ProfileExchange, ImportedRulesFollowThoseThatAreThere) {
+TEST_F(RuleExchange, ImportedRulesFollowThoseThatAreThere) {
     Put(file_, std::string(tests::FullRecord) + Record({{field::Operation, "MOVE"}}));
     EXPECT_TRUE(Import(file_));
     EXPECT_EQ(TakeJournal(), (Journal{"picker", "open", "size", "read", "close"}));
@@ -106,13 +106,13 @@ TEST_F(ProfileExchange, ImportedRulesFollowThoseThatAreThere) {
     EXPECT_EQ(profile_.ZCSProfile, std::vector<std::wstring>{L"keys"});
 }
 
-TEST_F(ProfileExchange, ImportingTwiceAddsTheRulesTwice) {
+TEST_F(RuleExchange, ImportingTwiceAddsTheRulesTwice) {
     EXPECT_TRUE(ImportText(tests::FullRecord));
     EXPECT_TRUE(Import(file_));
     EXPECT_EQ(profile_.Rules, (std::vector{Named(L"DELE"), tests::FullRule(), tests::FullRule()}));
 }
 
-TEST_F(ProfileExchange, WhatIsExportedCanBeImportedElsewhere) {
+TEST_F(RuleExchange, WhatIsExportedCanBeImportedElsewhere) {
     profile_.Rules = {tests::FullRule(), Rule(), Named(L"DELE")};
     const ServiceProfile before = profile_;
     Export(file_);
@@ -121,20 +121,20 @@ TEST_F(ProfileExchange, WhatIsExportedCanBeImportedElsewhere) {
     EXPECT_EQ(profile_.Rules, before.Rules);
 }
 
-TEST_F(ProfileExchange, AFileWithoutRecordsChangesNothing) {
+TEST_F(RuleExchange, AFileWithoutRecordsChangesNothing) {
     for (const char* text : {"", "\n\r", "one line\n\r", "no end\n\n\n\n\n\n\n\n\n\n\n\n"}) {
         EXPECT_FALSE(ImportText(text)) << text;
         EXPECT_EQ(profile_.Rules, std::vector{Named(L"DELE")});
     }
 }
 
-TEST_F(ProfileExchange, RecordsTooShortForARuleCountAsAnImportOfNothing) {
+TEST_F(RuleExchange, RecordsTooShortForARuleCountAsAnImportOfNothing) {
     EXPECT_TRUE(ImportText("a\nb\n\r"));
     EXPECT_TRUE(ImportText(Record({}, 11)));
     EXPECT_EQ(profile_.Rules, std::vector{Named(L"DELE")});
 }
 
-TEST_F(ProfileExchange, AFailedImportIsReportedAndChangesNothing) {
+TEST_F(RuleExchange, AFailedImportIsReportedAndChangesNothing) {
     Put(file_, tests::FullRecord);
     const ServiceProfile before = profile_;
     for (const auto& [step, operation, journal] : tests::ReadingSteps) {
@@ -150,7 +150,7 @@ TEST_F(ProfileExchange, AFailedImportIsReportedAndChangesNothing) {
     EXPECT_EQ(profile_, before);
 }
 
-TEST_F(ProfileExchange, AFailedExportIsReported) {
+TEST_F(RuleExchange, AFailedExportIsReported) {
     for (const auto& [step, operation, journal] : tests::WritingSteps) {
         watched_.faults = {{step, Fault}};
         Export(file_);
@@ -158,7 +158,7 @@ TEST_F(ProfileExchange, AFailedExportIsReported) {
     }
 }
 
-TEST_F(ProfileExchange, BoxesAndPickersBelongToTheDialog) {
+TEST_F(RuleExchange, BoxesAndPickersBelongToTheDialog) {
     const ui::Dialog owner(screen_, nullptr, {.size = {100, 50}});
     screen_.choice = file_;
     watched_.faults = {{FileCall::Create, Fault}};
@@ -173,7 +173,7 @@ TEST_F(ProfileExchange, BoxesAndPickersBelongToTheDialog) {
 }
 
 // The same on the screen of the program itself.
-TEST_F(ProfileExchange, AUserCarriesRulesFromOneProfileToAnother) {
+TEST_F(RuleExchange, AUserCarriesRulesFromOneProfileToAnother) {
     const errors::ErrorReporter reporter(machine_, world_->Screen());
     const config::Services services{machine_, world_->Screen(), reporter, watchedStore_};
     ServiceProfile other;
