@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "config/RegistryValues.h"
+#include "config/RegistryLayout.h"
 #include "errors/ErrorReport.h"
 #include "platform/Machine.h"
 

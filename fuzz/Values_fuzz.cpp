@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "config/RegistryLayout.h"
 #include "config/RegistryStore.h"
-#include "config/RegistryValues.h"
 #include "fuzz/Input.h"
 #include "fuzz/Reports.h"
 #include "platform/memory/MemoryMachine.h"

@@ -1,5 +1,5 @@
 // What strings and lists look like as bytes, and what is made of bytes that nobody should have stored.
-#include "config/RegistryValues.h"
+#include "config/RegistryLayout.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ Bytes EncodeList(const Texts& entries) {
     return bytes;
 }
 
-TEST(RegistryValues, AStringIsItsCodeUnitsAndAZero) {
+TEST(RegistryLayout, AStringIsItsCodeUnitsAndAZero) {
     EXPECT_EQ(config::EncodeString(L""), Units(L"\0"sv));
     EXPECT_EQ(config::EncodeString(L"ab"), Units(L"ab\0"sv));
     const Bytes cyrillic{std::byte{0x13}, std::byte{0x04}, std::byte{0}, std::byte{0}};
@@ -38,20 +38,20 @@ TEST(RegistryValues, AStringIsItsCodeUnitsAndAZero) {
     EXPECT_EQ(config::EncodeString(L"\xD83D\xDE00").size(), 6U);
 }
 
-TEST(RegistryValues, AListIsEachEntryWithAZeroAndOneZeroMore) {
+TEST(RegistryLayout, AListIsEachEntryWithAZeroAndOneZeroMore) {
     EXPECT_EQ(EncodeList({}), Units(L"\0"sv));
     EXPECT_EQ(EncodeList({L"a"}), Units(L"a\0\0"sv));
     EXPECT_EQ(EncodeList({L"xml", L"edi"}), Units(L"xml\0edi\0\0"sv));
     EXPECT_EQ(EncodeList({L"a", L"", L"b"}), Units(L"a\0\0b\0\0"sv));
 }
 
-TEST(RegistryValues, TheSizeOfAListIsTwoBytesACharacterAnEntryAndTheEnd) {
+TEST(RegistryLayout, TheSizeOfAListIsTwoBytesACharacterAnEntryAndTheEnd) {
     EXPECT_EQ(config::EncodedListSize({}), 2U);
     EXPECT_EQ(config::EncodedListSize({L""}), 4U);
     EXPECT_EQ(config::EncodedListSize({L"abc", L"de"}), (5U + 2U) * 2U + 2U);
 }
 
-TEST(RegistryValues, AListIsPutAtTheFrontOfALargerBuffer) {
+TEST(RegistryLayout, AListIsPutAtTheFrontOfALargerBuffer) {
     Bytes buffer(10, std::byte{0xEE});
     config::EncodeStringList({L"a"}, buffer);
     Bytes expected = Units(L"a\0\0"sv);
@@ -95,7 +95,7 @@ const StringCase stringCases[] = {
     {"type 0", ValueType{}, Units(L"abc\0"sv), std::nullopt},
 };
 
-TEST(RegistryValues, StringsFromHostileBytes) {
+TEST(RegistryLayout, StringsFromHostileBytes) {
     for (const StringCase& c : stringCases) EXPECT_EQ(DecodeString(c.type, c.data), c.text) << c.what;
 }
 
@@ -134,7 +134,7 @@ const ListCase listCases[] = {
     {"a strange type", strangeType, Units(L"a\0\0"sv), std::nullopt},
 };
 
-TEST(RegistryValues, ListsFromHostileBytes) {
+TEST(RegistryLayout, ListsFromHostileBytes) {
     for (const ListCase& c : listCases) EXPECT_EQ(DecodeStringList(c.type, c.data), c.entries) << c.what;
 }
 
@@ -163,7 +163,7 @@ class RandomTexts {
     std::mt19937 random_;
 };
 
-TEST(RegistryValues, WhatIsEncodedIsReadBack) {
+TEST(RegistryLayout, WhatIsEncodedIsReadBack) {
     const uint32_t seed = 4321;
     RandomTexts random(seed);
     for (int i = 0; i < 2'000; ++i) {
@@ -176,7 +176,7 @@ TEST(RegistryValues, WhatIsEncodedIsReadBack) {
     }
 }
 
-TEST(RegistryValues, NoBytesGiveATextOrEntryWithAZeroInIt) {
+TEST(RegistryLayout, NoBytesGiveATextOrEntryWithAZeroInIt) {
     const uint32_t seed = 8765;
     RandomTexts random(seed);
     for (int i = 0; i < 20'000; ++i) {
@@ -193,7 +193,7 @@ TEST(RegistryValues, NoBytesGiveATextOrEntryWithAZeroInIt) {
     }
 }
 
-TEST(RegistryValues, ALongListTakesTimeThatGrowsWithItsLength) {
+TEST(RegistryLayout, ALongListTakesTimeThatGrowsWithItsLength) {
     Bytes data;
     for (int i = 0; i < 200'000; ++i)
         data.insert(data.end(), {std::byte{'x'}, std::byte{0}, std::byte{0}, std::byte{0}});

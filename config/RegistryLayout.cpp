@@ -1,4 +1,4 @@
-#include "config/RegistryValues.h"
+#include "config/RegistryLayout.h"
 
 namespace config {
 namespace {
