@@ -1,4 +1,4 @@
-// The program from its start to its end: one running copy, the main dialog, and what is told when all else
+// The program from its start to its end: one running copy, the main dialog, and what is shown when all else
 // fails.
 #pragma once
 

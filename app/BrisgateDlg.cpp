@@ -37,11 +37,11 @@ CBrisgateDlg::CBrisgateDlg(const config::Services& services)
     // By the keyboard, too: what the commands ask about and work on is what is selected.
     profiles_.OnSelect([this](size_t) { OpenProfile(); });
     profiles_.OnDoubleClick([this](const ui::ListHit&) { EditProfile(); });
-    rules_.OnFocusLost([this] { TakeCheckBoxes(); });
+    rules_.OnFocusLost([this] { ApplyCheckBoxes(); });
     rules_.OnDoubleClick([this](const ui::ListHit&) { EditRule(); });
     rules_.OnKeyDown([this](int virtualKey) {
         if (virtualKey != ui::key::Delete) return;
-        TakeNewTicks();
+        ApplyNewChecks();
         DeleteRules();
     });
 }
@@ -161,7 +161,7 @@ int CBrisgateDlg::RunForm(ui::Dialog& form) {
 
 // Whoever has opened a form means to change something.
 const wchar_t* CBrisgateDlg::ReasonToStay() const {
-    const bool mayLose = changed_ || formOpen_ || (rules_.HasFocus() && ruleList_.HasNewTicks());
+    const bool mayLose = changed_ || formOpen_ || (rules_.HasFocus() && ruleList_.HasNewChecks());
     return mayLose ? L"Some changes has not been saved." : nullptr;
 }
 
@@ -191,10 +191,10 @@ void CBrisgateDlg::RefillRules() {
 }
 
 void CBrisgateDlg::Save() {
-    if (MaySave()) Store();
+    if (CanSave()) Store();
 }
 
-bool CBrisgateDlg::MaySave() {
+bool CBrisgateDlg::CanSave() {
     const std::vector<config::Unreadable> found = config::FindUnreadable(configuration_);
     return found.empty() || errors::ConfirmRisk(Screen(), this, config::UnreadableQuestion(found));
 }
@@ -219,23 +219,23 @@ void CBrisgateDlg::Store() {
     }
 }
 
-bool CBrisgateDlg::MayLeave() {
+bool CBrisgateDlg::CanClose() {
     return !changed_ ||
            errors::Confirm(Screen(), this, L"Some changes has not been saved. Exit without saving?");
 }
 
 void CBrisgateDlg::OnOK() {
-    TakeNewTicks();
-    if (!MaySave()) return;
+    ApplyNewChecks();
+    if (!CanSave()) return;
     Store();
-    if (!MayLeave()) return;
+    if (!CanClose()) return;
     ruleList_.Empty();
     EndDialog(ui::IdOk);
 }
 
 void CBrisgateDlg::OnCancel() {
-    TakeNewTicks();
-    if (!MayLeave()) return;
+    ApplyNewChecks();
+    if (!CanClose()) return;
     ruleList_.Empty();
     EndDialog(ui::IdCancel);
 }

@@ -31,7 +31,7 @@ class CBrisgateDlg : public ui::Dialog {
     void OnCancel() override;  // exit without saving
     void OnMenuCommand(int id) override;
     void OnSystemCommand(int id) override;
-    void OnShortcut() override { TakeNewTicks(); }
+    void OnShortcut() override { ApplyNewChecks(); }
     void OnResized() override;
 
     // What the user can ask for in the menu bar.
@@ -94,8 +94,8 @@ class CBrisgateDlg : public ui::Dialog {
     void MoveUp();
     void MoveDown();
     void MakeLast();
-    void TakeCheckBoxes();
-    void TakeNewTicks();
+    void ApplyCheckBoxes();
+    void ApplyNewChecks();
     void ExportRules();
     void ImportRules();
 
@@ -103,9 +103,9 @@ class CBrisgateDlg : public ui::Dialog {
     void EditExtensions();
 
     void Save();
-    bool MaySave();
+    bool CanSave();
     void Store();
-    bool MayLeave();
+    bool CanClose();
 
     const config::Services services_;
     config::Configuration configuration_;

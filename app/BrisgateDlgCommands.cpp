@@ -67,7 +67,7 @@ void CBrisgateDlg::EnableProfileControls(bool enabled) {
 }
 
 void CBrisgateDlg::OnMenuCommand(int id) {
-    TakeNewTicks();
+    ApplyNewChecks();
     const auto command = std::ranges::find(Commands(), id, &Command::id);
     if (command != Commands().end()) (this->*command->run)();
 }

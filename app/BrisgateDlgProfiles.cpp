@@ -43,13 +43,13 @@ void CBrisgateDlg::EditProfile() {
         return;
     }
     // The editor works on a copy, which has to hold what the check boxes say once the list is left for it.
-    if (rules_.HasFocus()) TakeCheckBoxes();
+    if (rules_.HasFocus()) ApplyCheckBoxes();
     if (OpenedProfile() == nullptr) return;
     auto edited = RunProfileEditor(*OpenedProfile());
     if (!edited) return;
     config::ServiceProfile& profile = *OpenedProfile();
     // Whatever needs memory comes before the change or after it.
-    LeadRulesToFirstStoreProfile(edited->record, edited->removedCsProfiles);
+    MoveRulesToFirstCsProfile(edited->record, edited->removedCsProfiles);
     std::wstring name = edited->record.Name;
     std::vector<std::wstring> names = profileNames_;
     std::replace(names.begin(), names.end(), openedProfile_, name);
@@ -72,7 +72,7 @@ void CBrisgateDlg::DeleteProfile() {
     configuration_.Profiles.erase(configuration_.Profiles.begin() + static_cast<std::ptrdiff_t>(*row));
     ShowChangedProfiles(std::nullopt, *row);
     profiles_.SetFocus();
-    // Kept: the rows are visited in their order and each becomes the opened profile, also those behind the
+    // Kept: the rows are visited in their order and each becomes the opened profile, also those after the
     // deleted one. Its rules are seen again when the user searches.
     if (*row < profileNames_.size()) openedProfile_ = profileNames_.back();
 }

@@ -100,7 +100,7 @@ void CBrisgateDlg::MoveDown() {
     MoveRule(chosen->profile.Rules, chosen->position, chosen->position + 1);
     ShowChangedRules();
     ShowRule(chosen->position + 1);
-    // What it can be moved behind next is seen too.
+    // What it can be moved past next is seen too.
     rules_.EnsureVisible(std::min(chosen->position + 2, rules_.RowCount() - 1));
 }
 
@@ -112,7 +112,7 @@ void CBrisgateDlg::MakeLast() {
     ShowRule(rules_.RowCount() - 1);
 }
 
-void CBrisgateDlg::TakeCheckBoxes() {
+void CBrisgateDlg::ApplyCheckBoxes() {
     config::ServiceProfile* const profile = OpenedProfile();
     if (profile != nullptr && ruleList_.IsFilled() && SwitchRules(rules_.Checks(), profile->Rules))
         changed_ = true;
@@ -120,8 +120,8 @@ void CBrisgateDlg::TakeCheckBoxes() {
 
 // A command that comes while the list still has the keyboard must not lose a box that was just ticked. While
 // a search hides rules, boxes are those of other rules: then they are taken over only when the list is left.
-void CBrisgateDlg::TakeNewTicks() {
-    if (rules_.HasFocus() && search_.Text().empty()) TakeCheckBoxes();
+void CBrisgateDlg::ApplyNewChecks() {
+    if (rules_.HasFocus() && search_.Text().empty()) ApplyCheckBoxes();
 }
 
 void CBrisgateDlg::ExportRules() {

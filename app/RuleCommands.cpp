@@ -6,8 +6,8 @@
 #include <ranges>
 #include <unordered_set>
 
-#include "config/ExchangeFile.h"
-#include "config/ExchangeFiles.h"
+#include "config/ExchangeFormat.h"
+#include "config/ReportingFile.h"
 #include "errors/MessageBoxes.h"
 
 namespace app {
@@ -51,7 +51,7 @@ void MoveRule(std::vector<config::Rule>& rules, size_t from, size_t to) {
     }
 }
 
-void LeadRulesToFirstStoreProfile(config::ServiceProfile& profile, std::span<const std::wstring> removed) {
+void MoveRulesToFirstCsProfile(config::ServiceProfile& profile, std::span<const std::wstring> removed) {
     if (profile.ZCSProfile.empty()) return;
     const std::wstring& first = profile.ZCSProfile.front();
     for (config::Rule& rule : profile.Rules)

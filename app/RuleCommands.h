@@ -21,9 +21,9 @@ std::vector<std::wstring> SuggestedMasks(const config::GlobalSettings& settings,
 // rules.
 void MoveRule(std::vector<config::Rule>& rules, size_t from, size_t to);
 
-// Rules that work with one of the removed store profiles work with the profile's first one from now on; their
-// certificates stay. Nothing happens in a profile without a store profile.
-void LeadRulesToFirstStoreProfile(config::ServiceProfile& profile, std::span<const std::wstring> removed);
+// Rules that work with one of the removed CS profiles work with the profile's first one from now on; their
+// certificates stay. Nothing happens in a profile without a CS profile.
+void MoveRulesToFirstCsProfile(config::ServiceProfile& profile, std::span<const std::wstring> removed);
 
 // Writes the profile's rules to a file that the user names. Failures have been reported.
 void ExportRules(const config::Services& services, const ui::Dialog* owner,

@@ -55,7 +55,7 @@ void RuleList::Fill(std::wstring_view searchText) {
     SpreadWidths();
 }
 
-bool RuleList::HasNewTicks() const {
+bool RuleList::HasNewChecks() const {
     const std::span<const config::Rule> rules = rules_();
     for (size_t row = 0; row < listed_.size(); ++row)
         if (listed_[row] < rules.size() && view_.IsChecked(row) != (rules[listed_[row]].IsOn != 0))

@@ -1,4 +1,4 @@
-// The rule list of the main dialog: which rules of the opened profile it shows, and what a right click tells
+// The rule list of the main dialog: which rules of the opened profile it shows, and what a right click shows
 // of them.
 #pragma once
 
@@ -27,7 +27,7 @@ class RuleList {
     // The rows stand for rules: it has been filled since it was emptied.
     bool IsFilled() const { return filled_; }
     // The user has ticked or cleared a box, and its rule does not know yet.
-    bool HasNewTicks() const;
+    bool HasNewChecks() const;
     // Shows the rules that pass the search, with their check boxes as the rules are switched on and off.
     void Fill(std::wstring_view searchText);
 

@@ -93,7 +93,7 @@ std::wstring LabelOf(Holds holds) {
     return std::wstring(editors::LookOf(holds).tooltip);
 }
 
-// Builds the detail text: sections with an empty line behind each.
+// Builds the detail text: sections with an empty line after each.
 class Sections {
   public:
     void Add(std::wstring_view section) { text_.append(section).append(L"\r\n\r\n"); }
@@ -115,7 +115,7 @@ class Sections {
     std::wstring text_;
 };
 
-// Each once, in the order of the operations; how long to wait for an executable is told after its name.
+// Each once, in the order of the operations; how long to wait for an executable is shown after its name.
 std::vector<const Option*> ListedOptions() {
     std::vector<const Option*> listed;
     for (const config::Operation& operation : config::Operations())
@@ -160,7 +160,7 @@ std::wstring RuleCell(const Rule& rule, size_t position, RuleColumn column) {
         case RuleColumn::PathOut:
             return rule.PathOut;
         case RuleColumn::PathError:
-            // Kept: a store profile that is not set empties this cell, not its own.
+            // Kept: a CS profile that is not set empties this cell, not its own.
             return rule.ZCSProfile == config::NotSet ? std::wstring() : rule.PathError;
         case RuleColumn::Masks:
             return rule.Masks.size() == 1 ? rule.Masks.front() : text::Format(L"%d", rule.Masks.size());
@@ -182,7 +182,7 @@ std::wstring ExtraDetails(const Rule& rule) {
     Sections sections;
     AddCertificateSections(sections, rule);
     if (!rule.PathOut2.empty()) {
-        sections.Discard();  // a rule with a second folder is told by its folders alone
+        sections.Discard();  // of a rule with a second folder only the folders are shown
         sections.AddLabelled(LabelOf(Holds::SecondFolder) + L":", rule.PathOut2);
     }
     for (const Option* option : ListedOptions()) sections.AddOption(rule, *option);

@@ -1,5 +1,5 @@
-// How a rule is told in the rule list: its cells, the compact summary of what only some operations use, and
-// the detail text behind that summary.
+// How a rule is shown in the rule list: its cells, the compact summary of what only some operations use, and
+// the detail text that goes with that summary.
 #pragma once
 
 #include <cstddef>

@@ -9,7 +9,7 @@
 
 #include "app/BrisgateDlg.h"
 #include "bench/Sample.h"
-#include "config/ExchangeFile.h"
+#include "config/ExchangeFormat.h"
 #include "editors/AddRule.h"
 #include "editors/MaskList.h"
 #include "platform/memory/MemoryMachine.h"

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "bench/Sample.h"
-#include "config/ExchangeFile.h"
+#include "config/ExchangeFormat.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "bench/Sample.h"
-#include "config/ExchangeFile.h"
+#include "config/ExchangeFormat.h"
 #include "config/Records.h"
 #include "crypto/NameList.h"
 #include "platform/memory/MemoryCodePage.h"

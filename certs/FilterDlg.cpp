@@ -27,7 +27,7 @@ std::optional<size_t> CFilterDlg::Field() const {
 }
 
 void CFilterDlg::EnableOk() {
-    ok_.Enable(IsUsableSample(sampleEdit_.Text()));
+    ok_.Enable(IsUsablePattern(sampleEdit_.Text()));
 }
 
 void CFilterDlg::OnOK() {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/ExchangeFiles.h"
+#include "config/ReportingFile.h"
 #include "text/Format.h"
 #include "text/Trim.h"
 

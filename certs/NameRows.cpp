@@ -9,7 +9,8 @@ namespace {
 
 constexpr size_t packedUnits = 4;
 
-// The first units of a text as one number that compares as they do.
+// Sorting is an MSD radix sort on prefixes of eight bytes: the first units of a text as one number that
+// compares as they do.
 uint64_t Packed(std::wstring_view text) {
     uint64_t packed = 0;
     for (size_t i = 0; i < packedUnits; ++i)

@@ -7,7 +7,7 @@
 
 namespace certs {
 
-Sample::Sample(std::wstring_view sample) {
+WildcardPattern::WildcardPattern(std::wstring_view sample) {
     const size_t firstAsterisk = sample.find(L'*');
     first_ = sample.substr(0, firstAsterisk);
     if (firstAsterisk == std::wstring_view::npos) return;
@@ -21,7 +21,7 @@ Sample::Sample(std::wstring_view sample) {
     }
 }
 
-bool Sample::Matches(std::wstring_view value) const {
+bool WildcardPattern::Matches(std::wstring_view value) const {
     if (!hasAsterisk_) return value == first_;
     if (!value.starts_with(first_)) return false;
     value.remove_prefix(first_.size());
@@ -33,7 +33,7 @@ bool Sample::Matches(std::wstring_view value) const {
     return value.ends_with(last_);
 }
 
-bool IsUsableSample(std::wstring_view sample) {
+bool IsUsablePattern(std::wstring_view sample) {
     return sample == L"*" || sample.find_first_not_of(L" *\t") != std::wstring_view::npos;
 }
 

@@ -12,21 +12,21 @@
 namespace certs {
 
 // Values that a sample describes: an asterisk stands for any characters, also for none. What lies between
-// two asterisks is looked for from the left, each piece behind the one before it.
-class Sample {
+// two asterisks is looked for from the left, each piece after the one before it.
+class WildcardPattern {
   public:
-    explicit Sample(std::wstring_view sample);
+    explicit WildcardPattern(std::wstring_view sample);
     bool Matches(std::wstring_view value) const;
 
   private:
     std::wstring first_;  // up to the first asterisk
-    std::wstring last_;   // behind the last one
+    std::wstring last_;   // after the last one
     bool hasAsterisk_ = false;
     std::vector<text::Finder<wchar_t>> middle_;
 };
 
 // A sample has to say something: be "*", or hold more than blanks, tabs and asterisks.
-bool IsUsableSample(std::wstring_view sample);
+bool IsUsablePattern(std::wstring_view sample);
 
 class OwnerSearch {
   public:
@@ -42,7 +42,7 @@ class OwnerSearch {
   private:
     std::wstring pattern_;
     std::wstring assignment_;  // "CN="; empty: every name is meant
-    Sample sample_;
+    WildcardPattern sample_;
 };
 
 }  // namespace certs

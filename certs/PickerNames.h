@@ -26,7 +26,7 @@ class Candidates {
     std::vector<NameId> Listed(std::wstring_view filterText);
 
   private:
-    // Names that came together, in upper case and one behind the other: what a filter searches. Two bytes are
+    // Names that came together, in upper case and one after the other: what a filter searches. Two bytes are
     // enough for a unit on every system.
     struct UpperNames {
         size_t first;
@@ -54,8 +54,8 @@ class ChosenNames {
     void Add(std::wstring_view name);                  // unless an equal one is chosen already
     void RemoveEvery(const std::vector<NameId>& ids);  // all equal names
 
-    // Removes the signers of every list but the edited one. Returns what is told of each removal, one behind
-    // the other; empty when there was none.
+    // Removes the signers of every list but the edited one. Returns what is reported of each removal, one
+    // after the other; empty when there was none.
     std::wstring ExcludeSignersOf(const std::vector<config::SignerListEntry>& lists,
                                   const std::wstring& editedList);
 

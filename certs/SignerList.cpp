@@ -13,12 +13,12 @@
 
 namespace certs {
 
-SignerList::SignerList(const config::Services& services, ui::Dialog* owner, std::wstring storeProfile,
+SignerList::SignerList(const config::Services& services, ui::Dialog* owner, std::wstring csProfile,
                        crypto::PickerSettings settings, std::vector<config::SignerListEntry> lists)
     : Dialog(services.Screen, owner, {.size = {290, 162}, .guidePage = L"certificates", .resizable = true},
              L"Signer lists"),
       services_(services),
-      storeProfile_(std::move(storeProfile)),
+      csProfile_(std::move(csProfile)),
       settings_(std::move(settings)),
       lists_(std::move(lists)) {
     view_.SetName(Caption());
@@ -81,7 +81,7 @@ void SignerList::Edit() {
 
 std::optional<config::SignerListEntry> SignerList::RunPicker(config::SignerListEntry list) {
     const ui::WaitCursor wait(Screen());  // closing the context may take long, too
-    const auto opened = crypto::OpenCryptoContext(services_, *this, storeProfile_, settings_);
+    const auto opened = crypto::OpenCryptoContext(services_, *this, csProfile_, settings_);
     if (!opened) return std::nullopt;
     crypto::LibrarySearch search(services_, opened->Context, settings_);
     CPreEncryptDlg picker(services_, this, search, settings_, list.Signers);

@@ -16,8 +16,8 @@ namespace certs {
 
 class SignerList : public ui::Dialog {
   public:
-    // storeProfile: the one whose certificates are chosen, with its settings; empty when there is none.
-    SignerList(const config::Services& services, ui::Dialog* owner, std::wstring storeProfile,
+    // csProfile: the one whose certificates are chosen, with its settings; empty when there is none.
+    SignerList(const config::Services& services, ui::Dialog* owner, std::wstring csProfile,
                crypto::PickerSettings settings, std::vector<config::SignerListEntry> lists);
 
     // To be taken over when OK has ended the dialog.
@@ -40,7 +40,7 @@ class SignerList : public ui::Dialog {
     std::optional<config::SignerListEntry> RunPicker(config::SignerListEntry list);
 
     const config::Services services_;
-    const std::wstring storeProfile_;
+    const std::wstring csProfile_;
     const crypto::PickerSettings settings_;
     std::vector<config::SignerListEntry> lists_;
     std::vector<size_t> shown_;  // the list in each row: those without a name are not shown

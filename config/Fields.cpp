@@ -68,7 +68,7 @@ void FieldWriter::StoresOf(const Rule& rule) {
     if (rule.Operation == L"RESG") Stores(rule.ResignProfile, L"PSE2", L"LOCAL2");
 }
 
-// Several store profiles can carry the same name: the values of the last one stay.
+// Several CS profiles can carry the same name: the values of the last one stay.
 void FieldWriter::Stores(const std::wstring& csProfile, const wchar_t* personalName,
                          const wchar_t* localName) {
     for (const CsProfile& profile : csProfiles_) {

@@ -37,7 +37,7 @@ class FieldReader {
     void Count(const wchar_t* name, const std::vector<std::wstring>& target);
     // As many values "<prefix>0", "<prefix>1", ... as were counted last; a missing one gives an empty entry.
     void Values(const wchar_t* prefix, std::vector<std::wstring>& target);
-    // Where the stores of a rule's store profiles lie is written for the service alone.
+    // Where the stores of a rule's CS profiles lie is written for the service alone.
     void StoresOf(const Rule& /*rule*/) {}
 
   private:

@@ -161,7 +161,7 @@ bool Loader::LoadRules(const std::wstring& rulesPath, std::vector<Rule>& rules) 
 }
 
 // Where rules of the older format kept what now has a field of its own.
-void MoveOlderFields(Rule& rule) {
+void MigrateLegacyFields(Rule& rule) {
     if (rule.Certificates.empty()) return;
     if (rule.Operation == L"RESG" && rule.ResignProfile.empty())
         rule.ResignProfile = rule.Certificates.front();
@@ -172,8 +172,8 @@ bool Loader::LoadRule(const std::wstring& rulePath, Rule& rule) {
     if (!Open(rulePath)) return false;
     FieldReader reader(store_, context_);
     VisitRule(rule, reader);
-    GiveArchiveKind(rule);
-    MoveOlderFields(rule);
+    SetLegacyArchiveKind(rule);
+    MigrateLegacyFields(rule);
     return LoadSignerLists(rulePath, rule);
 }
 

@@ -16,20 +16,20 @@
 
 namespace config {
 
-// The control with which an option is set: a list of fixed choices, a list of the profile's store profiles, a
+// The control with which an option is set: a list of fixed choices, a list of the profile's CS profiles, a
 // text or a number.
-enum class Input { Choice, StoreProfile, Text, Number };
+enum class Input { Choice, CsProfile, Text, Number };
 
 // The choices begin with the first stored value; one below it stands for the first choice, too.
 struct Option {
     std::wstring_view label;  // as the rule editor shows it
     Input input{};
-    std::wstring Rule::*text = nullptr;            // of a text and of a store profile
+    std::wstring Rule::*text = nullptr;            // of a text and of a CS profile
     int32_t Rule::*number = nullptr;               // of a number and of a choice
     std::span<const std::wstring_view> choices{};  // of a choice
     int32_t firstStored = 0;                       // likewise
 
-    bool IsList() const { return input == Input::Choice || input == Input::StoreProfile; }
+    bool IsList() const { return input == Input::Choice || input == Input::CsProfile; }
 };
 
 // The index of the choice that a rule's number stands for: the first where it stands for none.
@@ -46,7 +46,7 @@ inline constexpr Option InputFormat{L"Input signature format:", Input::Choice, n
                                     SignatureFormats};
 inline constexpr Option OutputFormat{L"Output signature format:", Input::Choice, nullptr, &Rule::OutFormatDet,
                                      SignatureFormats};
-inline constexpr Option NewSignatureProfile{L"New signature profile:", Input::StoreProfile,
+inline constexpr Option NewSignatureProfile{L"New signature profile:", Input::CsProfile,
                                             &Rule::ResignProfile};
 inline constexpr Option ArchiveIfAny{L"Use archivation:", Input::Choice, nullptr, &Rule::ZipFile,
                                      ArchiveKinds};
@@ -74,7 +74,7 @@ struct Operation {
     std::wstring_view code;  // as stored in a rule; compared exactly
     std::wstring_view displayName;
     Holds holds = Holds::Nothing;
-    bool usesStoreProfile = true;
+    bool usesCsProfile = true;
     bool hasOutputFolder = true;
     std::array<const Option*, OptionRows> options{};  // of the rule editor; null: none in this row
 };

@@ -13,7 +13,7 @@ namespace config {
 using Flag = int32_t;                 // 0: off, anything else: on; the editor writes 1
 using CertificateRef = std::wstring;  // a certificate owner's name as the library gives it; opaque
 
-// A folder, a path or a store profile of a rule that is not set may stand as this text as well as empty.
+// A folder, a path or a CS profile of a rule that is not set may stand as this text as well as empty.
 inline constexpr std::wstring_view NotSet = L"0";
 
 struct SignerListEntry {
@@ -23,8 +23,8 @@ struct SignerListEntry {
 };
 
 struct Rule {
-    std::wstring ZCSProfile;     // the store profile whose certificates the rule uses
-    std::wstring ResignProfile;  // RESG: the store profile of the new signature
+    std::wstring ZCSProfile;     // the CS profile whose certificates the rule uses
+    std::wstring ResignProfile;  // RESG: the CS profile of the new signature
     std::wstring Operation;      // a code of the operation table
     std::wstring PathIn;
     std::wstring PathOut;
@@ -53,13 +53,13 @@ struct Rule {
 };
 
 // An archive has a kind: rules of before there was a choice mean ZIP.
-inline void GiveArchiveKind(Rule& rule) {
+inline void SetLegacyArchiveKind(Rule& rule) {
     if ((rule.Operation == L"ARCH" || rule.Operation == L"UNAR") && rule.ZipFile == 0) rule.ZipFile = 1;
 }
 
 // Everything a rule's key holds; its signer lists have keys of their own. Besides texts and numbers a visitor
 // meets the masks (their number, then one value each), the number of certificates and, after what the service
-// is given of the store profiles, their values.
+// is given of the CS profiles, their values.
 template <class AnyRule, class Visitor>
 void VisitRule(AnyRule& rule, Visitor& visit) {
     visit.Text(L"Operation", rule.Operation);
@@ -182,7 +182,7 @@ void VisitSettings(AnySettings& settings, Visitor& visit) {
     visit.Number(L"Log filesize", settings.LogFilesize);
 }
 
-// A store profile of the cryptographic library: where its certificates lie. The editor only ever reads them.
+// A CS profile of the cryptographic library: where its certificates lie. The editor only ever reads them.
 struct CsProfile {
     std::wstring ProfileName;  // its identity everywhere in the editor; need not be unique
     std::wstring Store0;       // location of the personal store

@@ -58,7 +58,7 @@ bool Holds(const std::wstring& text, wchar_t unit) {
 // Names of keys that lie side by side.
 class KeyNames {
   public:
-    std::optional<Reason> WhyNot(const std::wstring& name) {
+    std::optional<Reason> WhyUnreadable(const std::wstring& name) {
         if (name.empty()) return Reason::Empty;
         if (name.size() > LongestKeyName) return Reason::NameTooLong;
         if (Holds(name, L'\0')) return Reason::ZeroCharacter;
@@ -85,7 +85,7 @@ class Search {
     std::vector<Unreadable> In(const Configuration& configuration);
 
     void Text(const wchar_t* name, const std::wstring& text) {
-        if (const auto why = WhyNot(text)) Add(WordFor(name), *why);
+        if (const auto why = WhyUnreadable(text)) Add(WordFor(name), *why);
     }
     void Number(const wchar_t* /*name*/, int32_t /*number*/) {}
     void List(const wchar_t* name, const std::vector<std::wstring>& entries) {
@@ -108,7 +108,7 @@ class Search {
     }
 
   private:
-    static std::optional<Reason> WhyNot(const std::wstring& text) {
+    static std::optional<Reason> WhyUnreadable(const std::wstring& text) {
         if (text.size() > LongestText) return Reason::TextTooLong;
         return Holds(text, L'\0') ? std::optional(Reason::ZeroCharacter) : std::nullopt;
     }
@@ -118,7 +118,7 @@ class Search {
     // field: with the place of a number, from 1 on.
     void Texts(const std::wstring& field, const std::vector<std::wstring>& texts) {
         for (size_t i = 0; i < texts.size(); ++i)
-            if (const auto why = WhyNot(texts[i])) Add(text::Format(field, i + 1), *why);
+            if (const auto why = WhyUnreadable(texts[i])) Add(text::Format(field, i + 1), *why);
     }
     void Add(std::wstring field, Reason why) { found_.push_back({profile_, rule_, std::move(field), why}); }
 
@@ -141,7 +141,7 @@ std::vector<Unreadable> Search::In(const Configuration& configuration) {
 void Search::InProfile(const ServiceProfile& profile) {
     profile_ = profile.Name;
     rule_.reset();
-    if (const auto why = profileNames_.WhyNot(profile.Name)) Add(L"Name", *why);
+    if (const auto why = profileNames_.WhyUnreadable(profile.Name)) Add(L"Name", *why);
     VisitProfile(profile, *this);
     for (size_t position = 0; position < profile.Rules.size(); ++position) {
         rule_ = position;
@@ -158,10 +158,10 @@ void Search::InRule(const Rule& rule) {
 void Search::InSignerLists(const std::vector<SignerListEntry>& lists) {
     KeyNames names;
     for (const SignerListEntry& list : lists) {
-        if (const auto why = names.WhyNot(list.Name))
+        if (const auto why = names.WhyUnreadable(list.Name))
             Add(text::Format(L"Signer list '%s'", Shown(list.Name)), *why);
         for (size_t i = 0; i < list.Signers.size(); ++i)
-            if (const auto why = WhyNot(list.Signers[i]))
+            if (const auto why = WhyUnreadable(list.Signers[i]))
                 Add(text::Format(L"Signer list '%s', signer %d", Shown(list.Name), i + 1), *why);
     }
 }

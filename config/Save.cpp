@@ -84,7 +84,7 @@ bool Saver::Change(const Found& found) {
     return true;
 }
 
-// Where the library finds its LDAP directory; the service is told by every save.
+// Where the library finds its LDAP directory; every save passes it on to the service.
 bool Saver::ReadLdap(std::wstring& ldap) {
     const KeyOutcome outcome = store_.OpenIfThere(LibraryHive, LdapStore, context_);
     if (outcome == KeyOutcome::Opened) store_.ReadString(L"name", ldap, context_);
@@ -112,7 +112,7 @@ void Saver::CreateNewProfiles(const std::vector<std::wstring>& existing) {
             static_cast<void>(Open(ServiceRoot));
 }
 
-// False: this profile and those behind it stay unwritten.
+// False: this profile and those after it stay unwritten.
 bool Saver::WriteProfile(const ServiceProfile& profile) {
     const std::wstring path = ProfilePath(profile);
     if (!Open(path)) return false;

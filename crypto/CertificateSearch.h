@@ -4,15 +4,15 @@
 #include <string>
 #include <vector>
 
-#include "config/StoreProfileSettings.h"
+#include "config/CsProfileSettings.h"
 #include "crypto/NameList.h"
 #include "ui/Dialog.h"
 
 namespace crypto {
 
-// What the certificate picker and the searches are told: the store profile's settings as taken when the
+// What the certificate picker and the searches are given: the CS profile's settings as taken when the
 // context was opened, and what no configuration says yet.
-struct PickerSettings : config::StoreProfileSettings {
+struct PickerSettings : config::CsProfileSettings {
     std::wstring GroupFilesFolder;            // where user groups files are; empty: the system chooses
     config::Flag IncludeAllCertificates = 1;  // 0: only certificates with a usage bit of 0x1C
     config::Flag ReportLibraryDetail = 0;     // reports of failed searches show the library's error stack

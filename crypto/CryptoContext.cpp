@@ -52,8 +52,8 @@ void ShowLibraryFailure(const config::Services& services, ui::Dialog* owner, con
     errors::WarningBox(services.Screen, owner, errors::WarningBox::Kind::Error, text).DoModal();
 }
 
-bool GoesOnAfter(const config::Services& services, const ui::Dialog& parent, const LibraryFailure& failure,
-                 const std::wstring& question) {
+bool AsksToContinue(const config::Services& services, const ui::Dialog& parent, const LibraryFailure& failure,
+                    const std::wstring& question) {
     ShowLibraryFailure(services, nullptr, failure);
     const std::wstring text =
         text::Format(L"%s (0x%X).\r\n%s", services.Errors.Description(failure.code), failure.code, question);

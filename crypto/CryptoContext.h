@@ -71,9 +71,9 @@ struct LibraryFailure {
 // Shows the failure with everything known about it. owner: none, or the dialog in front of which it appears.
 void ShowLibraryFailure(const config::Services& services, ui::Dialog* owner, const LibraryFailure& failure);
 
-// Shows the failure in a box without an owner, then asks the question behind the failure's description. True:
+// Shows the failure in a box without an owner, then asks the question after the failure's description. True:
 // the user wants to go on.
-bool GoesOnAfter(const config::Services& services, const ui::Dialog& parent, const LibraryFailure& failure,
-                 const std::wstring& question);
+bool AsksToContinue(const config::Services& services, const ui::Dialog& parent, const LibraryFailure& failure,
+                    const std::wstring& question);
 
 }  // namespace crypto

@@ -1,5 +1,6 @@
-// Distinct texts in the order in which they were added, made for a million owner names: the characters lie in
-// large blocks, and a hash table of row numbers answers whether a name is already there.
+// A string interner: distinct texts in the order in which they were added, made for a million owner names:
+// the characters lie in large blocks, and a hash table of row numbers answers whether a name is already
+// there.
 #pragma once
 
 #include <cstddef>

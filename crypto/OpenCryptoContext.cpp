@@ -16,9 +16,9 @@ struct Initialized {
 };
 
 // A library that is missing is a failure to initialise it, too. Looking for it may take a while as well.
-Initialized Initialize(const config::Services& services, ui::Dialog& parent, const std::wstring& storeProfile,
+Initialized Initialize(const config::Services& services, ui::Dialog& parent, const std::wstring& csProfile,
                        uint32_t flags) {
-    const std::string name = services.Machine.CodePage.ToAnsi(storeProfile);
+    const std::string name = services.Machine.CodePage.ToAnsi(csProfile);
     AwaitDlg wait(services.Screen, parent);
     wait.OpenModeless();
     Initialized result;
@@ -35,8 +35,8 @@ std::wstring DetailOf(const platform::Machine& machine, const Initialized& faile
 }
 
 std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& parent,
-                                  const std::wstring& storeProfile, uint32_t flags) {
-    const Initialized result = Initialize(services, parent, storeProfile, flags);
+                                  const std::wstring& csProfile, uint32_t flags) {
+    const Initialized result = Initialize(services, parent, csProfile, flags);
     if (result.code == 0 && result.context != nullptr)
         return CryptoContext(*result.library, result.context, services.Errors);
     ShowLibraryFailure(services, &parent,
@@ -57,15 +57,15 @@ kseal::Code Probe(const CryptoContext& context) {
 }  // namespace
 
 std::optional<OpenedContext> OpenCryptoContext(const config::Services& services, ui::Dialog& parent,
-                                               const std::wstring& storeProfile,
+                                               const std::wstring& csProfile,
                                                const PickerSettings& settings) {
     const ui::WaitCursor wait(services.Screen);
-    std::optional<CryptoContext> context = Open(services, parent, storeProfile, ContextFlags(settings));
+    std::optional<CryptoContext> context = Open(services, parent, csProfile, ContextFlags(settings));
     if (!context) return std::nullopt;
     bool ldapUsable = settings.NotUseLDAP == 0;
     if (ldapUsable && !CheckLdapStore(services, parent, *context, ldapUsable)) return std::nullopt;
     const bool needsCrl = settings.NotLoadCrl == 0 && settings.CrlUpdatePeriod >= 1;
-    if (needsCrl && !RefreshCrl(services, parent, *context, storeProfile, settings.CrlUpdatePeriod))
+    if (needsCrl && !RefreshCrl(services, parent, *context, csProfile, settings.CrlUpdatePeriod))
         return std::nullopt;
     return OpenedContext{std::move(*context), ldapUsable};
 }
@@ -78,7 +78,7 @@ bool CheckLdapStore(const config::Services& services, const ui::Dialog& parent, 
     const LibraryFailure failure{.code = code,
                                  .operation = L"Conneting to network store (LDAP)",
                                  .detail = errors::ErrorStackText(services.Machine, context.Handle())};
-    return GoesOnAfter(services, parent, failure, L"Continue without LDAP?");
+    return AsksToContinue(services, parent, failure, L"Continue without LDAP?");
 }
 
 uint32_t ContextFlags(const PickerSettings& settings) {

@@ -19,19 +19,18 @@ struct OpenedContext {
     bool LdapUsable;  // for searches in the network store
 };
 
-// Shows the wait dialog over the parent, opens the context of the store profile, probes the network store and
+// Shows the wait dialog over the parent, opens the context of the CS profile, probes the network store and
 // refreshes the revocation lists, each as far as the settings want it. Nothing: the command is to be
-// abandoned, for a reason that has been shown. storeProfile: its name; empty when there is none.
+// abandoned, for a reason that has been shown. csProfile: its name; empty when there is none.
 std::optional<OpenedContext> OpenCryptoContext(const config::Services& services, ui::Dialog& parent,
-                                               const std::wstring& storeProfile,
-                                               const PickerSettings& settings);
+                                               const std::wstring& csProfile, const PickerSettings& settings);
 
 // Asks the network store for something that it does not have. False: it failed and the user gives up; true
 // with ldapUsable false: the user goes on without it.
 bool CheckLdapStore(const config::Services& services, const ui::Dialog& parent, const CryptoContext& context,
                     bool& ldapUsable);
 
-// What the library is told of the settings.
+// What the library is given of the settings.
 uint32_t ContextFlags(const PickerSettings& settings);
 
 // Shown while the library opens a context, which blocks the program for a while.

@@ -15,10 +15,10 @@ namespace {
 constexpr std::wstring_view separator = L";;";
 constexpr wchar_t stampsValue[] = L"LastCrlUpdate";
 
-// The time that a stamp of this store profile tells; nothing for any other text.
-std::optional<int32_t> TimeOf(std::wstring_view stamp, std::wstring_view storeProfile) {
+// The time of a stamp of this CS profile; nothing for any other text.
+std::optional<int32_t> TimeOf(std::wstring_view stamp, std::wstring_view csProfile) {
     const size_t end = stamp.find(separator);
-    if (end == std::wstring_view::npos || stamp.substr(0, end) != storeProfile) return std::nullopt;
+    if (end == std::wstring_view::npos || stamp.substr(0, end) != csProfile) return std::nullopt;
     const std::wstring_view rest = stamp.substr(end + separator.size());
     return text::LeadingNumber(rest.substr(0, rest.find(separator)));
 }
@@ -41,7 +41,7 @@ Loaded LoadCrl(const CryptoContext& context) {
 }  // namespace
 
 bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, const CryptoContext& context,
-                const std::wstring& storeProfile, int32_t periodHours) {
+                const std::wstring& csProfile, int32_t periodHours) {
     const errors::ReportContext report{.owner = &parent};
     config::RegistryStore store = services.Registry.Another();
     if (!store.Open(config::ServiceHive, config::ServiceRoot, report)) return false;
@@ -49,26 +49,26 @@ bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, cons
     const int64_t now = services.Machine.Clock.SecondsSince1970();
     std::vector<std::wstring> stamps;
     const bool stampsKnown = store.ReadStringList(stampsValue, stamps, report);
-    const CrlStampSearch found = FindCrlStamp(stamps, storeProfile, periodHours, now);
+    const CrlStampSearch found = FindCrlStamp(stamps, csProfile, periodHours, now);
     if (!found.due) return true;
 
     const Loaded loaded = LoadCrl(context);
-    SetCrlStamp(stamps, found.position, storeProfile, now);
-    // Writing after a failed read would lose the stamps of all other store profiles.
+    SetCrlStamp(stamps, found.position, csProfile, now);
+    // Writing after a failed read would lose the stamps of all other CS profiles.
     if (stampsKnown) store.WritePlainList(stampsValue, stamps, report);
 
     if (loaded.code == 0 || loaded.diagnostic.empty()) return true;
     const LibraryFailure failure{.code = loaded.code,
                                  .operation = L"Connetion to CRL distribution point",
                                  .detail = services.Machine.CodePage.ToWide(loaded.diagnostic)};
-    return GoesOnAfter(services, parent, failure, L"Continue without loading CRL?");
+    return AsksToContinue(services, parent, failure, L"Continue without loading CRL?");
 }
 
-CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view storeProfile,
+CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view csProfile,
                             int32_t periodHours, int64_t now) {
     CrlStampSearch found;
     for (size_t i = 0; i < stamps.size(); ++i) {
-        const std::optional<int32_t> last = TimeOf(stamps[i], storeProfile);
+        const std::optional<int32_t> last = TimeOf(stamps[i], csProfile);
         if (!last) continue;
         found.position = i;
         if (*last / 60 + int64_t{periodHours} * 60 > now / 60) found.due = false;
@@ -77,8 +77,8 @@ CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstrin
 }
 
 void SetCrlStamp(std::vector<std::wstring>& stamps, std::optional<size_t> position,
-                 std::wstring_view storeProfile, int64_t now) {
-    std::wstring stamp = text::Format(L"%s;;%lld", storeProfile, now);
+                 std::wstring_view csProfile, int64_t now) {
+    std::wstring stamp = text::Format(L"%s;;%lld", csProfile, now);
     if (position) {
         stamps[*position] = std::move(stamp);
     } else {

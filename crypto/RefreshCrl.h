@@ -1,4 +1,4 @@
-// Fresh certificate revocation lists, and when those of each store profile were last refreshed.
+// Fresh certificate revocation lists, and when those of each CS profile were last refreshed.
 #pragma once
 
 #include <cstddef>
@@ -18,20 +18,20 @@ namespace crypto {
 // refresh is not tried again before the next period. False: a failure, which has been shown, ends the
 // command.
 bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, const CryptoContext& context,
-                const std::wstring& storeProfile, int32_t periodHours);
+                const std::wstring& csProfile, int32_t periodHours);
 
 // The times lie in texts "NAME;;SECONDS", with the seconds since 1970.
 struct CrlStampSearch {
-    bool due = true;                 // no stamp of the store profile is younger than the period
+    bool due = true;                 // no stamp of the CS profile is younger than the period
     std::optional<size_t> position;  // of its last stamp
 };
 
 // periodHours: how long a refresh holds, counted in whole minutes.
-CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view storeProfile,
+CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view csProfile,
                             int32_t periodHours, int64_t now);
 
 // Puts the stamp in place of the one at the position, or at the end.
 void SetCrlStamp(std::vector<std::wstring>& stamps, std::optional<size_t> position,
-                 std::wstring_view storeProfile, int64_t now);
+                 std::wstring_view csProfile, int64_t now);
 
 }  // namespace crypto

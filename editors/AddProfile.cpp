@@ -36,7 +36,7 @@ CAddProfile::CAddProfile(const config::Services& services, ui::Dialog* owner, co
 void CAddProfile::OnInitDialog() {
     const bool isNew = profile_.Name.empty();
     SetCaption(isNew ? L"Add profile" : L"Edit profile");
-    if (isNew && !csProfileNames_.empty()) config::AttachStoreProfile(profile_, csProfileNames_.front());
+    if (isNew && !csProfileNames_.empty()) config::AttachCsProfile(profile_, csProfileNames_.front());
     LoadControls(profile_);
     name_.SetText(profile_.Name);
     timeout_.SetText(text::Decimal(profile_.HandlerTimeout));
@@ -49,7 +49,7 @@ void CAddProfile::ShowCsProfile(std::optional<size_t> index) {
     memory_.ShownCsProfile = csProfiles_.Selected();
     settings_.SetText(L"CS profile setting's: " + csProfiles_.SelectedItem());
     const std::optional<size_t> shown = csProfiles_.Selected();
-    shown_ = shown ? config::SettingsAt(profile_, *shown) : config::StoreProfileSettings();
+    shown_ = shown ? config::SettingsAt(profile_, *shown) : config::CsProfileSettings();
     LoadControls(shown_);
     period_.SetText(text::Decimal(shown_.CrlUpdatePeriod));
     tsp_.SetText(shown_.ServerTSP);
@@ -83,7 +83,7 @@ void CAddProfile::AddCsProfile() {
     const std::wstring& name = chooser.ProfileName();
     if (name.empty() || config::IsAttached(profile_, name)) return;
     KeepShownSettings();
-    config::AttachStoreProfile(profile_, name);
+    config::AttachCsProfile(profile_, name);
     ShowCsProfile(csProfiles_.Add(name));
 }
 
@@ -96,7 +96,7 @@ void CAddProfile::DeleteCsProfile() {
     if (!errors::Confirm(Screen(), this, DeleteQuestion(name))) return;
     if (std::find(removed_.begin(), removed_.end(), name) == removed_.end()) removed_.push_back(name);
     csProfiles_.Remove(*selected);
-    config::DetachStoreProfile(profile_, *selected);
+    config::DetachCsProfile(profile_, *selected);
     ShowCsProfile(0);
 }
 
@@ -126,10 +126,10 @@ void CAddProfile::ClampPeriod() {
 }
 
 bool CAddProfile::LacksTimeStampServer() {
-    const auto refusal = FindMissingTimeStampServer(useTsp_.IsChecked(), tsp_.Text());
+    const auto refusal = CheckTimeStampServer(useTsp_.IsChecked(), tsp_.Text());
     if (!refusal) return false;
     csProfiles_.Select(memory_.ShownCsProfile);
-    Tell(*refusal);
+    ShowRefusal(*refusal);
     return true;
 }
 
@@ -138,7 +138,7 @@ void CAddProfile::OnOK() {
                            .HandlerTimeout = timeout_.Number(),
                            .UsesTimeStampServer = useTsp_.IsChecked(),
                            .TimeStampServer = tsp_.Text()};
-    if (const auto refusal = FindRefusal(form, profile_.Name, profileNames_)) return Tell(*refusal);
+    if (const auto refusal = Validate(form, profile_.Name, profileNames_)) return ShowRefusal(*refusal);
     KeepShownSettings();
     StoreControls(profile_);
     profile_.Name = name_.Text();
@@ -146,7 +146,7 @@ void CAddProfile::OnOK() {
     EndDialog(ui::IdOk);
 }
 
-void CAddProfile::Tell(const ProfileRefusal& refusal) {
+void CAddProfile::ShowRefusal(const ProfileRefusal& refusal) {
     errors::Warn(Screen(), this, refusal.text);
     ControlOf(refusal.field).SetFocus();
 }

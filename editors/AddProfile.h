@@ -1,4 +1,4 @@
-// The profile editor: the name and the options of a service profile, the store profiles attached to it, and
+// The profile editor: the name and the options of a service profile, the CS profiles attached to it, and
 // the settings of the one that is selected.
 #pragma once
 
@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "config/CsProfileSettings.h"
 #include "config/Services.h"
-#include "config/StoreProfileSettings.h"
 #include "editors/EditorMemory.h"
 #include "editors/ProfileChecks.h"
 #include "ui/Choices.h"
@@ -16,7 +16,7 @@
 
 namespace editors {
 
-// Asks for one of the store profiles of the cryptographic library.
+// Asks for one of the CS profiles of the cryptographic library.
 class CAddCSProfDlg : public ui::Dialog {
   public:
     CAddCSProfDlg(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> profileNames);
@@ -45,7 +45,7 @@ class CAddProfile : public ui::Dialog {
 
     // As accepted by OK; not to be used before.
     const config::ServiceProfile& Result() const { return profile_; }
-    // The store profiles that were taken out of the list, each once, attached again or not.
+    // The CS profiles that were taken out of the list, each once, attached again or not.
     const std::vector<std::wstring>& RemovedCsProfiles() const { return removed_; }
 
   private:
@@ -64,12 +64,12 @@ class CAddProfile : public ui::Dialog {
     void ClampPeriod();
 
     std::wstring DeleteQuestion(const std::wstring& name) const;
-    bool LacksTimeStampServer();  // and has told so
-    void Tell(const ProfileRefusal& refusal);
+    bool LacksTimeStampServer();  // which has been reported
+    void ShowRefusal(const ProfileRefusal& refusal);
     ui::Control& ControlOf(ProfileField field);
 
     config::ServiceProfile profile_;
-    config::StoreProfileSettings shown_;  // of the store profile that is selected
+    config::CsProfileSettings shown_;  // of the CS profile that is selected
     const std::vector<std::wstring> profileNames_;
     const std::vector<std::wstring> csProfileNames_;
     EditorMemory& memory_;

@@ -4,8 +4,8 @@
 
 #include "certs/PreEncryptDlg.h"
 #include "certs/SignerList.h"
+#include "config/CsProfileSettings.h"
 #include "config/Operations.h"
-#include "config/StoreProfileSettings.h"
 #include "crypto/LibrarySearch.h"
 #include "crypto/OpenCryptoContext.h"
 #include "errors/MessageBoxes.h"
@@ -35,7 +35,7 @@ CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const co
       profile_(profile),
       memory_(memory),
       isNew_(rule.Operation.empty()),
-      form_(OpenedForm(rule, profile_.ZCSProfile)),
+      form_(FormFromRule(rule, profile_.ZCSProfile)),
       maskList_(masks_, *this, services.Screen, form_.Masks, std::move(suggestedMasks)) {
     oldMask_.SetText(isNew_ ? L"*" : rule.Mask);
     operation_.SetName(L"Operation");
@@ -56,32 +56,32 @@ void CAddRule::OnInitDialog() {
          std::initializer_list<ui::Control*>{&oldMaskLabel_, &oldMask_, &oldMaskEdit_})
         Use(neverShown, false);
     operation_.SetItems(OperationNames());
-    storeProfile_.SetItems(profile_.ZCSProfile);
+    csProfile_.SetItems(profile_.ZCSProfile);
     listA_.SetItems(ChoicesOf(config::option::InputFormat, {}));
     listC_.SetItems(profile_.ZCSProfile);
-    if (!isNew_) memory_.RememberedCsProfile = form_.StoreProfile;
+    if (!isNew_) memory_.RememberedCsProfile = form_.CsProfile;
     maskList_.CreateColumn();
     operation_.Select(config::OperationIndex(form_.Operation));
     Reshape();
-    Push();
+    LoadControls();
     maskList_.Refill();
 }
 
-void CAddRule::Read() {
-    StoreControls(form_);
+void CAddRule::StoreControls() {
+    Dialog::StoreControls(form_);
     const std::optional<size_t> operation = operation_.Selected();
     form_.Operation = operation ? config::Operations()[*operation].code : L"";
     if (!actionField_.IsReadOnly()) form_.ActionPath = actionField_.Text();
 }
 
-void CAddRule::Push() {
-    LoadControls(form_);
+void CAddRule::LoadControls() {
+    Dialog::LoadControls(form_);
     actionField_.SetText(ActionText(form_));
 }
 
-void CAddRule::ReadAndPush() {
-    Read();
-    Push();
+void CAddRule::SyncControls() {
+    StoreControls();
+    LoadControls();
 }
 
 void CAddRule::Reshape() {
@@ -95,8 +95,8 @@ void CAddRule::Reshape() {
     actionField_.SetCue(look.takesPath ? actionField_.Name() : L"");
     pickPathOut_.Enable(operation.hasOutputFolder);
     pathOut_.Enable(operation.hasOutputFolder);
-    storeProfileLabel_.SetText(operation.usesStoreProfile ? L"CS profile: " : L"");
-    Use(&storeProfile_, operation.usesStoreProfile);
+    csProfileLabel_.SetText(operation.usesCsProfile ? L"CS profile: " : L"");
+    Use(&csProfile_, operation.usesCsProfile);
     for (size_t i = RowA; i < RowCount; ++i) ReshapeRow(rows_.at(i), operation.options.at(i));
 }
 
@@ -105,7 +105,7 @@ void CAddRule::ReshapeRow(const Row& row, const config::Option* option) {
     const auto isSetBy = [option](Input input) { return option != nullptr && option->input == input; };
     const bool isList = option != nullptr && option->IsList();
     row.label->SetText(std::wstring(option == nullptr ? L"" : option->label));
-    // Behind a list that is not shown, the label is too far away for these.
+    // After a list that is not shown, the label is too far away for these.
     row.text->SetName(row.label->Text());
     if (row.number != nullptr) row.number->SetName(row.label->Text());
     Use(row.list, isList);
@@ -116,26 +116,26 @@ void CAddRule::ReshapeRow(const Row& row, const config::Option* option) {
 
 void CAddRule::ChooseOperation() {
     const std::wstring previous = form_.Operation;
-    Read();
-    TakeOverOperation(form_, previous);
+    StoreControls();
+    ChangeOperation(form_, previous);
     Reshape();
-    Push();
+    LoadControls();
 }
 
-void CAddRule::ChooseStoreProfile() {
-    Read();
+void CAddRule::ChooseCsProfile() {
+    StoreControls();
     std::optional<size_t>& remembered = memory_.RememberedCsProfile;
-    if (form_.StoreProfile == remembered) return;
-    if (GiveUpCertificates()) {
-        remembered = form_.StoreProfile;
+    if (form_.CsProfile == remembered) return;
+    if (ConfirmClearCertificates()) {
+        remembered = form_.CsProfile;
     } else {
-        form_.StoreProfile = remembered;
+        form_.CsProfile = remembered;
     }
-    Push();
+    LoadControls();
 }
 
-// They belong to the store profile that they were chosen from.
-bool CAddRule::GiveUpCertificates() {
+// They belong to the CS profile that they were chosen from.
+bool CAddRule::ConfirmClearCertificates() {
     if (!form_.Recipients.empty()) {
         if (!errors::Confirm(Screen(), this,
                              L"Recipients field must be clean to change CS profile.\r\n"
@@ -154,12 +154,12 @@ bool CAddRule::GiveUpCertificates() {
 }
 
 void CAddRule::PickFolder(std::wstring& path) {
-    Read();  // the picker starts where the field says
+    StoreControls();  // the picker starts where the field says
     const auto folder = Screen().PickFolder(this, path);
     if (!folder) return;
-    Read();
+    StoreControls();
     path = *folder;
-    Push();
+    LoadControls();
 }
 
 bool CAddRule::Exists(const std::wstring& path) const {
@@ -177,11 +177,11 @@ void CAddRule::PickExecutable() {
     const auto file = Screen().PickFile(this, picker);
     if (!file) return;
     form_.ActionPath = *file;
-    Push();
+    LoadControls();
 }
 
 void CAddRule::DoAction() {
-    ReadAndPush();
+    SyncControls();
     switch (OperationOf(form_).holds) {
         case config::Holds::Recipients:
             return ChooseRecipients();
@@ -198,62 +198,60 @@ void CAddRule::DoAction() {
 
 crypto::PickerSettings CAddRule::PickerSettings() const {
     crypto::PickerSettings settings;
-    if (form_.StoreProfile)
-        static_cast<config::StoreProfileSettings&>(settings) =
-            config::SettingsAt(profile_, *form_.StoreProfile);
+    if (form_.CsProfile)
+        static_cast<config::CsProfileSettings&>(settings) = config::SettingsAt(profile_, *form_.CsProfile);
     return settings;
 }
 
 void CAddRule::ChooseRecipients() {
     const ui::WaitCursor wait(Screen());  // closing the context may take long, too
     const crypto::PickerSettings settings = PickerSettings();
-    const auto opened = crypto::OpenCryptoContext(services_, *this, storeProfile_.SelectedItem(), settings);
+    const auto opened = crypto::OpenCryptoContext(services_, *this, csProfile_.SelectedItem(), settings);
     if (!opened) return;
     crypto::LibrarySearch search(services_, opened->Context, settings);
     certs::CPreEncryptDlg picker(services_, this, search, settings, form_.Recipients);
     picker.SetLdapUsable(opened->LdapUsable);
     if (picker.DoModal() != ui::IdOk) return;
     form_.Recipients = picker.Result();
-    Push();
+    LoadControls();
 }
 
 void CAddRule::EditSignerLists() {
-    certs::SignerList form(services_, this, storeProfile_.SelectedItem(), PickerSettings(),
-                           form_.SignerLists);
+    certs::SignerList form(services_, this, csProfile_.SelectedItem(), PickerSettings(), form_.SignerLists);
     if (form.DoModal() != ui::IdOk) return;
     form_.SignerLists = form.Lists();
-    Push();
+    LoadControls();
 }
 
 void CAddRule::OnOK() {
     const ui::WaitCursor wait(Screen());  // a server that is gone takes its time
-    ReadAndPush();
-    if (const auto refusal = FindRefusal(form_, services_.Machine.Files)) {
-        Tell(*refusal);
+    SyncControls();
+    if (const auto refusal = Validate(form_, services_.Machine.Files)) {
+        ShowRefusal(*refusal);
         ControlOf(refusal->field).SetFocus();
         return;
     }
-    result_ = CommittedRule(form_, profile_.ZCSProfile);
+    result_ = RuleFromForm(form_, profile_.ZCSProfile);
     EndDialog(ui::IdOk);
 }
 
-void CAddRule::Tell(const Refusal& refusal) {
-    switch (refusal.telling) {
-        case Refusal::Telling::MessageBox:
+void CAddRule::ShowRefusal(const Refusal& refusal) {
+    switch (refusal.shown) {
+        case Refusal::Shown::MessageBox:
             errors::Warn(Screen(), this, refusal.text);
             break;
-        case Refusal::Telling::ErrorBox:
+        case Refusal::Shown::ErrorBox:
             errors::ErrBox(Screen(), this, refusal.text, refusal.icon).DoModal();
             break;
-        case Refusal::Telling::Report: {
-            std::wstring shownBehind = refusal.text;
+        case Refusal::Shown::Report: {
+            std::wstring shownAfter = refusal.text;
             services_.Errors.ErrorReport(
                 {.owner = this},
                 {.code = refusal.code, .operation = L"Opening file %s", .argument = refusal.path},
-                &shownBehind);
+                &shownAfter);
             break;
         }
-        case Refusal::Telling::Silence:
+        case Refusal::Shown::Silence:
             break;
     }
 }

@@ -37,9 +37,9 @@ class CAddRule : public ui::Dialog {
     void OnOK() override;
 
     // Between the controls and the form's values.
-    void Read();
-    void Push();
-    void ReadAndPush();
+    void StoreControls();
+    void LoadControls();
+    void SyncControls();
 
     // The three stacked controls of a row; row D has only the edit.
     struct Row {
@@ -52,8 +52,8 @@ class CAddRule : public ui::Dialog {
     void ReshapeRow(const Row& row, const config::Option* option);
 
     void ChooseOperation();
-    void ChooseStoreProfile();
-    bool GiveUpCertificates();
+    void ChooseCsProfile();
+    bool ConfirmClearCertificates();
     void PickFolder(std::wstring& path);
     bool Exists(const std::wstring& path) const;
     void PickExecutable();
@@ -62,7 +62,7 @@ class CAddRule : public ui::Dialog {
     void ChooseRecipients();
     void EditSignerLists();
 
-    void Tell(const Refusal& refusal);
+    void ShowRefusal(const Refusal& refusal);
     ui::Control& ControlOf(FormField field);
 
     const config::Services services_;
@@ -73,9 +73,8 @@ class CAddRule : public ui::Dialog {
     config::Rule result_;
 
     ui::ComboBox operation_{*this, 1042, {7, 7, 190, 14}, [this] { ChooseOperation(); }};
-    ui::Label storeProfileLabel_{*this, 1104, {206, 9, 44, 8}};
-    ui::ComboBox storeProfile_{
-        *this, 1051, {253, 7, 134, 14}, form_.StoreProfile, [this] { ChooseStoreProfile(); }};
+    ui::Label csProfileLabel_{*this, 1104, {206, 9, 44, 8}};
+    ui::ComboBox csProfile_{*this, 1051, {253, 7, 134, 14}, form_.CsProfile, [this] { ChooseCsProfile(); }};
     ui::Label descriptionLabel_{*this, 1122, {7, 29, 32, 18}, L"Descrip\ntion"};
     ui::Edit description_{*this,
                           1079,
@@ -113,15 +112,15 @@ class CAddRule : public ui::Dialog {
     ui::Label labelA_{*this, 1108, {7, 159, 98, 8}};
     ui::ComboBox listA_{*this, 1105, {107, 157, 86, 14}, form_.Choices[RowA]};
     ui::Edit textA_{*this, 1130, {107, 157, 86, 14}, form_.Texts[RowA], textStyle};
-    ui::Edit numberA_{*this, 1139, {107, 157, 86, 14}, form_.Numbers[RowA], [this] { ReadAndPush(); }};
+    ui::Edit numberA_{*this, 1139, {107, 157, 86, 14}, form_.Numbers[RowA], [this] { SyncControls(); }};
     ui::Label labelB_{*this, 1109, {201, 159, 98, 8}};
     ui::ComboBox listB_{*this, 1106, {301, 157, 86, 14}, form_.Choices[RowB]};
     ui::Edit textB_{*this, 1131, {301, 157, 86, 14}, form_.Texts[RowB], textStyle};
-    ui::Edit numberB_{*this, 1140, {301, 157, 86, 14}, form_.Numbers[RowB], [this] { ReadAndPush(); }};
+    ui::Edit numberB_{*this, 1140, {301, 157, 86, 14}, form_.Numbers[RowB], [this] { SyncControls(); }};
     ui::Label labelC_{*this, 1110, {7, 179, 98, 8}};
     ui::ComboBox listC_{*this, 1107, {107, 177, 86, 14}, form_.Choices[RowC]};
     ui::Edit textC_{*this, 1136, {107, 177, 86, 14}, form_.Texts[RowC], textStyle};
-    ui::Edit numberC_{*this, 1141, {107, 177, 86, 14}, form_.Numbers[RowC], [this] { ReadAndPush(); }};
+    ui::Edit numberC_{*this, 1141, {107, 177, 86, 14}, form_.Numbers[RowC], [this] { SyncControls(); }};
     ui::Label labelD_{*this, 1138, {201, 179, 98, 8}};
     ui::Edit textD_{*this, 1137, {301, 177, 86, 14}, form_.Texts[RowD], textStyle};
 

@@ -7,11 +7,11 @@
 namespace editors {
 
 struct EditorMemory {
-    // The store profile, by its index in the service profile, that the rule editor last took to be selected.
+    // The CS profile, by its index in the service profile, that the rule editor last took to be selected.
     // Kept: opening the editor for a new rule leaves it as the rule before left it.
     std::optional<size_t> RememberedCsProfile = 0;
 
-    // The store profile, by its index in the service profile, whose settings the profile editor shows.
+    // The CS profile, by its index in the service profile, whose settings the profile editor shows.
     std::optional<size_t> ShownCsProfile = 0;
 };
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "config/StoreProfileSettings.h"
+#include "config/CsProfileSettings.h"
 #include "text/Format.h"
 #include "text/Numbers.h"
 
@@ -28,27 +28,26 @@ std::optional<ProfileRefusal> CheckIsNew(const std::wstring& name, std::span<con
 
 }  // namespace
 
-std::optional<ProfileRefusal> FindMissingTimeStampServer(bool isUsed, std::wstring_view server) {
+std::optional<ProfileRefusal> CheckTimeStampServer(bool isUsed, std::wstring_view server) {
     if (!isUsed || (!server.empty() && server != config::NoTimeStampServer)) return std::nullopt;
     return ProfileRefusal{ProfileField::TimeStampServer, L"Please, type TSP data."};
 }
 
-std::optional<ProfileRefusal> FindRefusal(const ProfileForm& form, const std::wstring& nameBefore,
-                                          std::span<const std::wstring> names) {
+std::optional<ProfileRefusal> Validate(const ProfileForm& form, const std::wstring& nameBefore,
+                                       std::span<const std::wstring> names) {
     if (auto refusal = CheckName(form.Name)) return refusal;
     if (form.HandlerTimeout == 0)
         return ProfileRefusal{ProfileField::HandlerTimeout, L"Please, choose handler timeout."};
     if (form.Name != nameBefore)
         if (auto refusal = CheckIsNew(form.Name, names)) return refusal;
-    return FindMissingTimeStampServer(form.UsesTimeStampServer, form.TimeStampServer);
+    return CheckTimeStampServer(form.UsesTimeStampServer, form.TimeStampServer);
 }
 
-std::wstring RulesWithCertificatesOf(std::span<const config::Rule> rules, std::wstring_view storeProfile) {
+std::wstring RulesWithCertificatesOf(std::span<const config::Rule> rules, std::wstring_view csProfile) {
     std::wstring positions;
     for (size_t i = 0; i < rules.size(); ++i) {
         const config::Rule& rule = rules[i];
-        if (rule.ZCSProfile != storeProfile || (rule.Certificates.empty() && rule.SignerLists.empty()))
-            continue;
+        if (rule.ZCSProfile != csProfile || (rule.Certificates.empty() && rule.SignerLists.empty())) continue;
         if (!positions.empty()) positions += L',';
         positions += text::Decimal(static_cast<int64_t>(i) + 1);
     }

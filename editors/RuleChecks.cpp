@@ -7,21 +7,21 @@
 namespace editors {
 namespace {
 
-using enum Refusal::Telling;
+using enum Refusal::Shown;
 using Found = std::optional<Refusal>;
 
 Found RequirePath(const std::wstring& path, FormField field, const wchar_t* text, ui::Icon icon) {
     if (IsSet(path)) return std::nullopt;
-    return Refusal{.field = field, .telling = ErrorBox, .text = text, .icon = icon};
+    return Refusal{.field = field, .shown = ErrorBox, .text = text, .icon = icon};
 }
 
 Found RequireFolder(const std::wstring& path, FormField field, const wchar_t* text, platform::Files& files) {
     const platform::Win32Code code =
         platform::NamesADriveOrServer(path) ? files.CheckPathExists(path) : platform::code::PathNotFound;
     if (code == platform::code::Success) return std::nullopt;
-    // Kept: the system's "file exists" is no reason that could be told, and yet no folder.
-    if (code == platform::code::FileExists) return Refusal{.field = field, .telling = Silence};
-    return Refusal{.field = field, .telling = Report, .text = text, .code = code, .path = path};
+    // Kept: the system's "file exists" is no reason that could be reported, and yet no folder.
+    if (code == platform::code::FileExists) return Refusal{.field = field, .shown = Silence};
+    return Refusal{.field = field, .shown = Report, .text = text, .code = code, .path = path};
 }
 
 Found CheckOperation(const RuleForm& form, platform::Files&) {
@@ -64,7 +64,7 @@ Found CheckMasks(const RuleForm& form, platform::Files&) {
 Found CheckRecipients(const RuleForm& form, platform::Files&) {
     if (OperationOf(form).holds != config::Holds::Recipients || !form.Recipients.empty()) return std::nullopt;
     return Refusal{.field = FormField::ActionButton,
-                   .telling = ErrorBox,
+                   .shown = ErrorBox,
                    .text = L"No certificate is selected for operation.",
                    .icon = ui::Icon::Recipients};
 }
@@ -87,7 +87,7 @@ constexpr std::array inOrder{CheckOperation,  CheckInputIsSet,   CheckOutputIsSe
 
 }  // namespace
 
-std::optional<Refusal> FindRefusal(const RuleForm& form, platform::Files& files) {
+std::optional<Refusal> Validate(const RuleForm& form, platform::Files& files) {
     for (const auto check : inOrder)
         if (auto refusal = check(form, files)) return refusal;
     return std::nullopt;

@@ -12,12 +12,12 @@ namespace editors {
 
 enum class FormField { Operation, PathIn, PathOut, PathError, Masks, ActionButton, ActionPath };
 
-// Why a form is not accepted, and how the user is told.
+// Why a form is not accepted, and how that is shown.
 struct Refusal {
-    enum class Telling { MessageBox, ErrorBox, Report, Silence };
+    enum class Shown { MessageBox, ErrorBox, Report, Silence };
 
     FormField field = FormField::Operation;  // the one to be put right
-    Telling telling = Telling::MessageBox;
+    Shown shown = Shown::MessageBox;
     std::wstring text{};
     ui::Icon icon = ui::Icon::None;  // of an error box: the picture on the button that sets the field
     uint32_t code = 0;               // of a report: the system's code
@@ -27,6 +27,6 @@ struct Refusal {
 
 // The first check that the form fails; nothing when it passes them all. Asks the machine for a folder only
 // when every check before has passed.
-std::optional<Refusal> FindRefusal(const RuleForm& form, platform::Files& files);
+std::optional<Refusal> Validate(const RuleForm& form, platform::Files& files);
 
 }  // namespace editors

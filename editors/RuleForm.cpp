@@ -45,13 +45,13 @@ std::wstring KnownOperation(const std::wstring& code) {
 }
 
 // Of several that are equal the last; the first when there is none.
-size_t IndexOf(const std::wstring& name, const Names& storeProfiles) {
-    const auto found = std::find(storeProfiles.rbegin(), storeProfiles.rend(), name);
-    return found == storeProfiles.rend() ? 0 : static_cast<size_t>(storeProfiles.rend() - found) - 1;
+size_t IndexOf(const std::wstring& name, const Names& csProfiles) {
+    const auto found = std::find(csProfiles.rbegin(), csProfiles.rend(), name);
+    return found == csProfiles.rend() ? 0 : static_cast<size_t>(csProfiles.rend() - found) - 1;
 }
 
-std::wstring NameAt(std::optional<size_t> index, const Names& storeProfiles) {
-    return index && *index < storeProfiles.size() ? storeProfiles[*index] : std::wstring();
+std::wstring NameAt(std::optional<size_t> index, const Names& csProfiles) {
+    return index && *index < csProfiles.size() ? csProfiles[*index] : std::wstring();
 }
 
 std::wstring UnlessNotSet(const std::wstring& path) {
@@ -99,14 +99,13 @@ void CommitHeld(const RuleForm& form, Holds holds, Rule& rule) {
     if (holds == Holds::Executable) rule.ExecName = form.ActionPath;
 }
 
-void OpenOption(const Rule& rule, const Option& option, size_t row, const Names& storeProfiles,
-                RuleForm& form) {
+void OpenOption(const Rule& rule, const Option& option, size_t row, const Names& csProfiles, RuleForm& form) {
     switch (option.input) {
         case Input::Choice:
             form.Choices.at(row) = config::ChoiceOf(option, rule.*option.number);
             break;
-        case Input::StoreProfile:
-            form.Choices.at(row) = IndexOf(rule.*option.text, storeProfiles);
+        case Input::CsProfile:
+            form.Choices.at(row) = IndexOf(rule.*option.text, csProfiles);
             break;
         case Input::Text:
             form.Texts.at(row) = rule.*option.text;
@@ -117,14 +116,14 @@ void OpenOption(const Rule& rule, const Option& option, size_t row, const Names&
     }
 }
 
-void CommitOption(const RuleForm& form, const Option& option, size_t row, const Names& storeProfiles,
+void CommitOption(const RuleForm& form, const Option& option, size_t row, const Names& csProfiles,
                   Rule& rule) {
     switch (option.input) {
         case Input::Choice:
             rule.*option.number = config::StoredChoice(option, form.Choices.at(row).value_or(0));
             break;
-        case Input::StoreProfile:
-            rule.*option.text = NameAt(form.Choices.at(row), storeProfiles);
+        case Input::CsProfile:
+            rule.*option.text = NameAt(form.Choices.at(row), csProfiles);
             break;
         case Input::Text:
             rule.*option.text = form.Texts.at(row);
@@ -145,14 +144,14 @@ const Operation& OperationOf(const RuleForm& form) {
     return OperationOf(form.Operation);
 }
 
-RuleForm OpenedForm(const Rule& rule, const Names& storeProfiles) {
+RuleForm FormFromRule(const Rule& rule, const Names& csProfiles) {
     RuleForm form;
     form.Operation = KnownOperation(rule.Operation);
     const Operation& operation = OperationOf(form);
     TakeOverLists(form, OperationOf(std::wstring()), operation);
     if (rule.Operation.empty()) return form;
 
-    form.StoreProfile = IndexOf(rule.ZCSProfile, storeProfiles);
+    form.CsProfile = IndexOf(rule.ZCSProfile, csProfiles);
     form.Descryption = rule.Descryption;
     form.PathIn = rule.PathIn;
     if (operation.hasOutputFolder) form.PathOut = rule.PathOut;
@@ -161,16 +160,16 @@ RuleForm OpenedForm(const Rule& rule, const Names& storeProfiles) {
     OpenHeld(rule, operation.holds, form);
     for (size_t row = RowA; row < RowCount; ++row)
         if (const Option* option = operation.options.at(row))
-            OpenOption(rule, *option, row, storeProfiles, form);
+            OpenOption(rule, *option, row, csProfiles, form);
     return form;
 }
 
-Rule CommittedRule(const RuleForm& form, const Names& storeProfiles) {
+Rule RuleFromForm(const RuleForm& form, const Names& csProfiles) {
     const Operation& operation = OperationOf(form);
     Rule rule;
     rule.IsOn = 1;  // whatever leaves the editor is switched on
     rule.Operation = form.Operation;
-    if (operation.usesStoreProfile) rule.ZCSProfile = NameAt(form.StoreProfile, storeProfiles);
+    if (operation.usesCsProfile) rule.ZCSProfile = NameAt(form.CsProfile, csProfiles);
     rule.Descryption = form.Descryption;
     rule.PathIn = form.PathIn;
     rule.PathOut = form.PathOut;
@@ -179,11 +178,11 @@ Rule CommittedRule(const RuleForm& form, const Names& storeProfiles) {
     CommitHeld(form, operation.holds, rule);
     for (size_t row = RowA; row < RowCount; ++row)
         if (const Option* option = operation.options.at(row))
-            CommitOption(form, *option, row, storeProfiles, rule);
+            CommitOption(form, *option, row, csProfiles, rule);
     return rule;
 }
 
-void TakeOverOperation(RuleForm& form, const std::wstring& previous) {
+void ChangeOperation(RuleForm& form, const std::wstring& previous) {
     if (form.Operation == previous) return;
     const Operation& before = OperationOf(previous);
     const Operation& now = OperationOf(form);
@@ -207,8 +206,8 @@ std::wstring ActionText(const RuleForm& form) {
     return L"0";
 }
 
-std::vector<std::wstring> ChoicesOf(const Option& option, const Names& storeProfiles) {
-    if (option.input == Input::StoreProfile) return storeProfiles;
+std::vector<std::wstring> ChoicesOf(const Option& option, const Names& csProfiles) {
+    if (option.input == Input::CsProfile) return csProfiles;
     return {option.choices.begin(), option.choices.end()};
 }
 

@@ -19,8 +19,8 @@ inline constexpr size_t RowA = 0, RowB = 1, RowC = 2, RowD = 3;
 inline constexpr size_t RowCount = config::OptionRows;
 
 struct RuleForm {
-    std::wstring Operation;                  // a code; empty: none selected
-    std::optional<size_t> StoreProfile = 0;  // an index of the profile's store profiles
+    std::wstring Operation;               // a code; empty: none selected
+    std::optional<size_t> CsProfile = 0;  // an index of the profile's CS profiles
     std::wstring Descryption;
     std::wstring PathIn;
     std::wstring PathOut;
@@ -45,15 +45,15 @@ bool IsSet(const std::wstring& path);
 
 // What the form holds when it opens on the rule. A rule without an operation is a new one: the form is empty,
 // whatever else the rule holds. An unknown operation is shown as the first one.
-RuleForm OpenedForm(const config::Rule& rule, const std::vector<std::wstring>& storeProfiles);
+RuleForm FormFromRule(const config::Rule& rule, const std::vector<std::wstring>& csProfiles);
 
 // The rule that a form without fault describes: switched on, and empty in every field that its operation does
 // not use, whatever the form still holds.
-config::Rule CommittedRule(const RuleForm& form, const std::vector<std::wstring>& storeProfiles);
+config::Rule RuleFromForm(const RuleForm& form, const std::vector<std::wstring>& csProfiles);
 
 // The form's operation has just been changed from the previous one (which may be the same): drops what does
 // not go over to it.
-void TakeOverOperation(RuleForm& form, const std::wstring& previous);
+void ChangeOperation(RuleForm& form, const std::wstring& previous);
 
 // The operation that is selected; without one there is nothing to ask for. Throws std::out_of_range for a
 // code that is not in the operation table.
@@ -64,7 +64,7 @@ std::wstring ActionText(const RuleForm& form);
 
 // What the list of an option offers.
 std::vector<std::wstring> ChoicesOf(const config::Option& option,
-                                    const std::vector<std::wstring>& storeProfiles);
+                                    const std::vector<std::wstring>& csProfiles);
 
 // The look of the action button, which gets what the operation holds, and of its field.
 struct ActionLook {

@@ -1,4 +1,4 @@
-// The one way in which a failed operation is told to the user: what was being done, the code, and its
+// The one way in which a failed operation is reported to the user: what was being done, the code, and its
 // description.
 #pragma once
 
@@ -36,7 +36,7 @@ class ErrorReporter {
         : machine_(machine),
           screen_(screen) {}
 
-    // Returns the failure's code. outText: its former content is shown behind the report; afterwards it holds
+    // Returns the failure's code. outText: its former content is shown after the report; afterwards it holds
     // the report alone.
     uint32_t ErrorReport(const ReportContext& context, const Failure& failure,
                          std::wstring* outText = nullptr) const;
@@ -44,7 +44,7 @@ class ErrorReporter {
     // How many failures have been reported so far, the silent ones left out.
     size_t Count() const { return count_; }
 
-    // What is known of a code, as reports show it behind the code, for messages of another shape.
+    // What is known of a code, as reports show it after the code, for messages of another shape.
     std::wstring Description(uint32_t code) const;
 
   private:

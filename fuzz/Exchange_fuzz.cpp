@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "config/ExchangeFile.h"
+#include "config/ExchangeFormat.h"
 #include "platform/memory/MemoryCodePage.h"
 
 namespace {

@@ -80,7 +80,7 @@ class ScreenMetrics {
 class Memory {
   public:
     virtual ~Memory() = default;
-    // No block: error tells the system's last error.
+    // No block: error is the system's last error.
     [[nodiscard]] virtual std::unique_ptr<std::byte[]> Allocate(size_t bytes, Win32Code& error) = 0;
 };
 
@@ -88,7 +88,7 @@ class Memory {
 class CryptoLibrary {
   public:
     virtual ~CryptoLibrary() = default;
-    // None: error tells why. 126: there is no library; 127: it lacks a function; or the system's own code.
+    // None: error says why. 126: there is no library; 127: it lacks a function; or the system's own code.
     [[nodiscard]] virtual const kseal::Exports* Exports(Win32Code& error) = 0;
     // After Exports had none: one line that names what is missing or cannot be loaded.
     virtual std::wstring WhatIsMissing() const = 0;

@@ -47,9 +47,9 @@ bool CConflictDlg::CheckExists(const std::wstring& path) {
 }
 
 void CConflictDlg::ReportBadPath(const std::wstring& path, uint32_t code) {
-    std::wstring shownBehind = L"Bad Log path.";
+    std::wstring shownAfter = L"Bad Log path.";
     services_.Errors.ErrorReport(
-        {.owner = this}, {.code = code, .operation = L"Opening file %s", .argument = path}, &shownBehind);
+        {.owner = this}, {.code = code, .operation = L"Opening file %s", .argument = path}, &shownAfter);
 }
 
 void CConflictDlg::OnOK() {

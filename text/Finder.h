@@ -1,4 +1,5 @@
-// Looks for one text in many others, in time linear in what it reads whatever the texts are.
+// Looks for one text in many others by the algorithm of Knuth, Morris and Pratt: in time linear in what it
+// reads, whatever the texts are.
 #pragma once
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // What every control of a dialog has. A control object is its own state; the window, when there is one,
 // mirrors it. The program changes a control silently with the Set functions; what the user does arrives
-// through the User functions, which change the state first and then tell the dialog's handler.
+// through the User functions, which change the state first and then call the dialog's handler.
 #pragma once
 
 #include <cstdint>
@@ -114,7 +114,7 @@ class Control {
     void SetText(std::wstring text);
 
     // What a screen reader calls a control that has no caption, if that is not the text of the label right
-    // before it (SpokenName).
+    // before it (AccessibleName).
     const std::wstring& Name() const { return name_; }
     void SetName(std::wstring name);
 

@@ -145,7 +145,7 @@ void Dialog::UserLeft(Control& control) {
     if (focus_ == &control) focus_ = nullptr;
 }
 
-bool Dialog::Survives(const std::exception_ptr& failure) const {
+bool Dialog::RecoversFrom(const std::exception_ptr& failure) const {
     try {
         std::rethrow_exception(failure);
     } catch (const std::bad_alloc&) {
@@ -216,13 +216,13 @@ const Label* LabelBefore(const Dialog& dialog, const Control& control) {
 
 }  // namespace
 
-bool NeedsNamePlate(const Dialog& dialog, const Control& control) {
+bool NeedsAccessibleLabel(const Dialog& dialog, const Control& control) {
     if (!control.TakesFocus() || control.HasCaption()) return false;
     const Label* const label = LabelBefore(dialog, control);
     return label == nullptr || (!control.Name().empty() && control.Name() != label->Text());
 }
 
-std::wstring SpokenName(const Dialog& dialog, const Control& control) {
+std::wstring AccessibleName(const Dialog& dialog, const Control& control) {
     if (control.HasCaption()) return control.Text().empty() ? control.Tooltip() : control.Text();
     if (!control.Name().empty()) return control.Name();
     const Label* const label = LabelBefore(dialog, control);

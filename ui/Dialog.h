@@ -114,8 +114,8 @@ class Dialog {
     void UserFocused(Control& control);
     void UserLeft(Control& control);
     // For the windows, when a handler of what the user does has thrown: the dialog stays open if only memory
-    // was short, and the user has been told.
-    [[nodiscard]] bool Survives(const std::exception_ptr& failure) const;
+    // was short, and that has been reported.
+    [[nodiscard]] bool RecoversFrom(const std::exception_ptr& failure) const;
 
   protected:
     // Called once the window exists and before it is shown.
@@ -215,9 +215,9 @@ class Dialog {
 
 // Whether the control of the dialog can get the focus, has no caption, and no label right before it that says
 // its name.
-bool NeedsNamePlate(const Dialog& dialog, const Control& control);
+bool NeedsAccessibleLabel(const Dialog& dialog, const Control& control);
 
 // Empty: the user hears nothing but the kind of the control.
-std::wstring SpokenName(const Dialog& dialog, const Control& control);
+std::wstring AccessibleName(const Dialog& dialog, const Control& control);
 
 }  // namespace ui

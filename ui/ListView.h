@@ -99,7 +99,7 @@ class ListView : public Control {
     void OnDetails(std::function<void(size_t row)> handler) { onDetails_ = std::move(handler); }
     void OnHeaderClick(std::function<void(size_t column)> handler) { onHeaderClick_ = std::move(handler); }
 
-    // The user's hands. A click first changes the selection (told through UserSelected), then is heard.
+    // The user's hands. A click first changes the selection (reported through UserSelected), then is heard.
     void UserSelected(size_t first, size_t last, bool selected);  // rows first..last, both included
     void UserFocusedRow(std::optional<size_t> row) { focusedRow_ = row; }
     void UserToggledCheck(size_t row);

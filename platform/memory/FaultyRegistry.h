@@ -25,7 +25,7 @@ enum class RegistryCall {
 struct RecordedCall {
     RegistryCall call;
     // The path below the root with the root's name in front ("HKEY_LOCAL_MACHINE\..."); for calls on an open
-    // key the path of that key; with the subkey or value name behind a further backslash where the call has
+    // key the path of that key; with the subkey or value name after a further backslash where the call has
     // one.
     std::wstring target;
     bool operator==(const RecordedCall&) const = default;

@@ -13,7 +13,7 @@ constexpr Win32Code invalidParameter = 87;
 constexpr Win32Code badPathName = 161;
 constexpr size_t longestKeyName = 255;
 
-// Takes the first name off a path; an empty name behind the last one. Backslashes in a row count as one.
+// Takes the first name off a path; an empty name after the last one. Backslashes in a row count as one.
 std::wstring_view TakeName(std::wstring_view& path) {
     path.remove_prefix(std::min(path.find_first_not_of(L'\\'), path.size()));
     const std::wstring_view name = path.substr(0, path.find(L'\\'));

@@ -41,7 +41,7 @@ class NamedItems {
         items_.erase(text::Upper(name));
     }
 
-    // The index-th item in alphabetical order, null behind the last one. Whoever counts upwards pays one step
+    // The index-th item in alphabetical order, null after the last one. Whoever counts upwards pays one step
     // an item, because the place of the last answer is remembered.
     Item* At(uint32_t index) {
         if (index >= items_.size()) return nullptr;

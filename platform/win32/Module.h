@@ -32,7 +32,7 @@ struct UnloadModule {
 // Unloaded when it goes.
 using Module = std::unique_ptr<void, UnloadModule>;
 
-// Both without a backslash at the end; empty when the system does not tell.
+// Both without a backslash at the end; empty when the system does not say.
 std::wstring ProgramFolder();
 std::wstring SystemFolder();
 
@@ -40,7 +40,7 @@ std::wstring SystemFolder();
 // to it. Cannot be undone.
 void LoadFromSystemOnly();
 
-// Loads code; what it needs in turn comes from its own folder or the system's. Null: error tells why.
+// Loads code; what it needs in turn comes from its own folder or the system's. Null: error says why.
 [[nodiscard]] Module LoadCode(const std::wstring& path, Win32Code& error);
 // Loads only resources and message tables. Null when it cannot be loaded.
 [[nodiscard]] Module LoadResources(const std::wstring& path);

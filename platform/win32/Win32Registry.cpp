@@ -46,7 +46,7 @@ LSTATUS SetBytes(KeyHandle key, const std::wstring& name, ValueType type, std::s
                           reinterpret_cast<const BYTE*>(data.data()), Length(data.size()));
 }
 
-// Where a text does not end with a NUL, the system looks at the character behind it and takes it in when it
+// Where a text does not end with a NUL, the system looks at the character after it and takes it in when it
 // is NUL. So that exactly the given bytes are stored, other characters stand around them.
 LSTATUS SetUnterminated(KeyHandle key, const std::wstring& name, ValueType type,
                         std::span<const std::byte> data) {

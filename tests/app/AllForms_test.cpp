@@ -64,7 +64,7 @@ std::vector<const ui::Control*> ShownOn(const ui::Dialog& form) {
 
 void CheckNames(const ui::Dialog& form) {
     for (const ui::Control* control : ShownOn(form)) {
-        EXPECT_TRUE(!control->TakesFocus() || !ui::SpokenName(form, *control).empty())
+        EXPECT_TRUE(!control->TakesFocus() || !ui::AccessibleName(form, *control).empty())
             << "control " << control->Id();
     }
 }

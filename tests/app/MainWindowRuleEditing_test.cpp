@@ -143,7 +143,7 @@ TEST_F(MainWindowRuleEditing, TheEditorRemembersTheStoreProfileFromOneOpeningToT
         user_.Click(id::EditRule);
         ExpectEditor([&](editors::CAddRule&) {
             user_.Click(ruleid::ActionButton);
-            user_.Choose(ruleid::StoreProfile, bank);  // no question
+            user_.Choose(ruleid::CsProfile, bank);  // no question
             EXPECT_EQ(user_.Text(ruleid::ActionField), L"1");
             user_.Press(Key::Escape);
         });
@@ -155,7 +155,7 @@ TEST_F(MainWindowRuleEditing, TheEditorRemembersTheStoreProfileFromOneOpeningToT
 TEST_F(MainWindowRuleEditing, TheEditorKnowsTheOpenedProfile) {
     Run([&] {
         ExpectEditor([&](editors::CAddRule& editor) {
-            EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::StoreProfile).Items(), (Texts{L"Office", L"Bank"}));
+            EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::CsProfile).Items(), (Texts{L"Office", L"Bank"}));
             user_.Click(ruleid::ActionButton);
             EXPECT_EQ(certificates_.OpenedFor(), std::vector<std::string>{"Office"});
             EXPECT_EQ(certificates_.lastOwner, &editor);

@@ -64,35 +64,35 @@ config::ServiceProfile ProfileWithRules() {
     return profile;
 }
 
-TEST(LeadRulesToFirstStoreProfile, RulesOfRemovedStoreProfilesGoToTheFirst) {
+TEST(MoveRulesToFirstCsProfile, RulesOfRemovedStoreProfilesGoToTheFirst) {
     config::ServiceProfile profile = ProfileWithRules();
     config::ServiceProfile expected = profile;
     expected.Rules[0].ZCSProfile = L"Tax";
     expected.Rules[1].ResignProfile = L"Tax";
     expected.Rules[3].ZCSProfile = L"Tax";
-    LeadRulesToFirstStoreProfile(profile, std::vector<std::wstring>{L"Other", L"Bank"});
+    MoveRulesToFirstCsProfile(profile, std::vector<std::wstring>{L"Other", L"Bank"});
     EXPECT_EQ(profile, expected);
 }
 
-TEST(LeadRulesToFirstStoreProfile, OneThatWasAttachedAgainCountsAsRemoved) {
+TEST(MoveRulesToFirstCsProfile, OneThatWasAttachedAgainCountsAsRemoved) {
     config::ServiceProfile profile = ProfileWithRules();
-    LeadRulesToFirstStoreProfile(profile, std::vector<std::wstring>{L"Office", L"Tax"});
+    MoveRulesToFirstCsProfile(profile, std::vector<std::wstring>{L"Office", L"Tax"});
     EXPECT_EQ(profile.Rules[1].ZCSProfile, L"Tax");
     EXPECT_EQ(profile.Rules[3].ResignProfile, L"Tax");
     EXPECT_EQ(profile.Rules[0].ZCSProfile, L"Bank");
 }
 
-TEST(LeadRulesToFirstStoreProfile, NothingRemovedMeansNothingChanged) {
+TEST(MoveRulesToFirstCsProfile, NothingRemovedMeansNothingChanged) {
     config::ServiceProfile profile = ProfileWithRules();
-    LeadRulesToFirstStoreProfile(profile, {});
+    MoveRulesToFirstCsProfile(profile, {});
     EXPECT_EQ(profile, ProfileWithRules());
 }
 
-TEST(LeadRulesToFirstStoreProfile, AProfileWithoutAStoreProfileKeepsItsRules) {
+TEST(MoveRulesToFirstCsProfile, AProfileWithoutAStoreProfileKeepsItsRules) {
     config::ServiceProfile profile = ProfileWithRules();
     profile.ZCSProfile.clear();
     const config::ServiceProfile before = profile;
-    LeadRulesToFirstStoreProfile(profile, std::vector<std::wstring>{L"Bank"});
+    MoveRulesToFirstCsProfile(profile, std::vector<std::wstring>{L"Bank"});
     EXPECT_EQ(profile, before);
 }
 

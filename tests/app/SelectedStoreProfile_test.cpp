@@ -82,14 +82,14 @@ TEST_F(SelectedStoreProfile, IsProbedAndRefreshedInItsOwnTime) {
 TEST_F(SelectedStoreProfile, IsTheOneChosenInTheEditor) {
     SeedThree(onlyTheSecondIsQuiet, "CHCK");
     InTheEditor([this] {
-        user_.Choose(ruleid::StoreProfile, 2);
+        user_.Choose(ruleid::CsProfile, 2);
         OpenSignerLists([this] {
             user_.Expect<certs::CPreEncryptDlg>(
                 [this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
             user_.Click(signersid::Add);
             user_.Click(ui::IdCancel);
         });
-        user_.Choose(ruleid::StoreProfile, 1);
+        user_.Choose(ruleid::CsProfile, 1);
         OpenSignerLists([this] {
             user_.Expect<certs::CPreEncryptDlg>(
                 [this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });

@@ -10,12 +10,12 @@
 namespace {
 
 using certs::OwnerSearch;
-using certs::Sample;
+using certs::WildcardPattern;
 
 constexpr size_t commonName = 0;
 constexpr size_t organization = 7;
 
-TEST(Sample, MatchesWhatItDescribes) {
+TEST(WildcardPattern, MatchesWhatItDescribes) {
     struct Case {
         std::wstring_view sample;
         std::vector<std::wstring_view> matching;
@@ -39,7 +39,7 @@ TEST(Sample, MatchesWhatItDescribes) {
         {L"", {L""}, {L"A"}},
     };
     for (const Case& c : cases) {
-        const Sample sample(c.sample);
+        const WildcardPattern sample(c.sample);
         for (const auto value : c.matching)
             EXPECT_TRUE(sample.Matches(value))
                 << testing::PrintToString(c.sample) << " and " << testing::PrintToString(value);
@@ -49,7 +49,7 @@ TEST(Sample, MatchesWhatItDescribes) {
     }
 }
 
-TEST(Sample, AgreesWithTryingEveryWay) {
+TEST(WildcardPattern, AgreesWithTryingEveryWay) {
     std::mt19937 random(6);
     const auto text = [&random](size_t longest, std::wstring_view letters) {
         std::wstring made(random() % (longest + 1), L' ');
@@ -61,18 +61,18 @@ TEST(Sample, AgreesWithTryingEveryWay) {
         const std::wstring sample = text(7, L"AB*");
         const std::wstring value = text(9, L"AB");
         const bool matching = tests::MatchesInSomeWay(sample, value);
-        ASSERT_EQ(Sample(sample).Matches(value), matching)
+        ASSERT_EQ(WildcardPattern(sample).Matches(value), matching)
             << testing::PrintToString(sample) << " and " << testing::PrintToString(value);
         matches += matching ? 1 : 0;
     }
     EXPECT_GT(matches, 6'000);
 }
 
-TEST(Sample, HasToSaySomething) {
+TEST(WildcardPattern, HasToSaySomething) {
     for (const std::wstring_view usable : {L"*", L"A", L" A ", L"*A", L"A*", L"\tA", L"=", L"* ."})
-        EXPECT_TRUE(certs::IsUsableSample(usable)) << testing::PrintToString(usable);
+        EXPECT_TRUE(certs::IsUsablePattern(usable)) << testing::PrintToString(usable);
     for (const std::wstring_view useless : {L"", L" ", L"\t", L"**", L"* ", L" *", L" \t*", L"***"})
-        EXPECT_FALSE(certs::IsUsableSample(useless)) << testing::PrintToString(useless);
+        EXPECT_FALSE(certs::IsUsablePattern(useless)) << testing::PrintToString(useless);
 }
 
 TEST(OwnerSearch, AsksForTheSampleAsItWasTyped) {

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "config/ExchangeFile.h"
+#include "config/ExchangeFormat.h"
 #include "platform/memory/MemoryCodePage.h"
 #include "tests/config/ExchangeText.h"
 

@@ -1,5 +1,5 @@
 // Whole files, and what is told of every step that fails.
-#include "config/ExchangeFiles.h"
+#include "config/ReportingFile.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <random>
 
-#include "config/ExchangeFile.h"
+#include "config/ExchangeFormat.h"
 #include "platform/memory/MemoryCodePage.h"
 #include "tests/config/ExchangeText.h"
 

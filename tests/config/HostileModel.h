@@ -18,7 +18,7 @@ namespace tests {
 // As loading gives what has been saved: names in the registry's order, what is missing filled in, no empty
 // entries in lists of texts, no rules without an operation.
 inline void PutAsLoaded(config::Rule& rule) {
-    config::GiveArchiveKind(rule);
+    config::SetLegacyArchiveKind(rule);
     rule.Mask.clear();
     if (rule.Masks.empty()) rule.Masks.emplace_back();
     if (!rule.Certificates.empty() && rule.Operation == L"RESG" && rule.ResignProfile.empty())

@@ -1,5 +1,5 @@
 // The parallel lists of a service profile, equal in length and not.
-#include "config/StoreProfileSettings.h"
+#include "config/CsProfileSettings.h"
 
 #include <gtest/gtest.h>
 
@@ -8,16 +8,16 @@
 namespace tests {
 namespace {
 
-using config::AttachStoreProfile;
-using config::DetachStoreProfile;
+using config::AttachCsProfile;
+using config::CsProfileSettings;
+using config::DetachCsProfile;
 using config::PutSettings;
 using config::ServiceProfile;
 using config::SettingsAt;
-using config::StoreProfileSettings;
 using Flags = std::vector<config::Flag>;
 
 // Settings that are told apart in every list.
-StoreProfileSettings Marked(int mark) {
+CsProfileSettings Marked(int mark) {
     return {.ServerTSP = std::to_wstring(mark),
             .NotUseLDAP = mark + 1,
             .NotCopyToLocal = mark + 2,
@@ -30,9 +30,9 @@ StoreProfileSettings Marked(int mark) {
             .CrlUpdatePeriod = mark + 9};
 }
 
-TEST(StoreProfileSettings, EachGoesToTheListOfItsName) {
+TEST(CsProfileSettings, EachGoesToTheListOfItsName) {
     ServiceProfile profile;
-    AttachStoreProfile(profile, L"Office");
+    AttachCsProfile(profile, L"Office");
     PutSettings(profile, 0, Marked(100));
     ServiceProfile expected;
     expected.ZCSProfile = {L"Office"};
@@ -50,8 +50,8 @@ TEST(StoreProfileSettings, EachGoesToTheListOfItsName) {
     EXPECT_EQ(SettingsAt(profile, 0), Marked(100));
 }
 
-TEST(StoreProfileSettings, WhatIsNotThereIsTheDefault) {
-    StoreProfileSettings defaults;
+TEST(CsProfileSettings, WhatIsNotThereIsTheDefault) {
+    CsProfileSettings defaults;
     EXPECT_EQ(defaults.ServerTSP, L"0");
     EXPECT_EQ(defaults.NotUseLDAP, 1);
     EXPECT_EQ(defaults.CrlUpdatePeriod, 1);
@@ -63,12 +63,12 @@ TEST(StoreProfileSettings, WhatIsNotThereIsTheDefault) {
     EXPECT_EQ(SettingsAt(profile, 1), defaults);
 }
 
-TEST(StoreProfileSettings, AMissingDefaultIsNotWritten) {
+TEST(CsProfileSettings, AMissingDefaultIsNotWritten) {
     ServiceProfile profile;
     profile.ZCSProfile = {L"Office", L"Bank", L"Tax"};
     PutSettings(profile, 2, {});
     EXPECT_EQ(ListLengths(profile), (std::vector<size_t>{3, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
-    StoreProfileSettings settings;
+    CsProfileSettings settings;
     settings.NotUseLDAP = 0;
     PutSettings(profile, 2, settings);
     EXPECT_EQ(profile.NotUseLDAP, (Flags{1, 1, 0}));
@@ -77,31 +77,31 @@ TEST(StoreProfileSettings, AMissingDefaultIsNotWritten) {
     EXPECT_TRUE(profile.ServerTSP.empty());
 }
 
-TEST(StoreProfileSettings, OneIsAttachedAtTheEndOfTheNames) {
+TEST(CsProfileSettings, OneIsAttachedAtTheEndOfTheNames) {
     ServiceProfile profile;
     profile.ZCSProfile = {L"Office"};
     profile.NotUseLDAP = {0, 0, 5};  // the second and third are nobody's
-    AttachStoreProfile(profile, L"Bank");
+    AttachCsProfile(profile, L"Bank");
     EXPECT_EQ(profile.ZCSProfile, (std::vector<std::wstring>{L"Office", L"Bank"}));
     EXPECT_EQ(profile.NotUseLDAP, (Flags{0, 1, 0, 5}));
     EXPECT_EQ(profile.ServerTSP, (std::vector<std::wstring>{L"0", L"0"}));
-    EXPECT_EQ(SettingsAt(profile, 1), StoreProfileSettings());
+    EXPECT_EQ(SettingsAt(profile, 1), CsProfileSettings());
 }
 
-TEST(StoreProfileSettings, OneGoesFromEveryListThatReachesIt) {
+TEST(CsProfileSettings, OneGoesFromEveryListThatReachesIt) {
     ServiceProfile profile;
     profile.ZCSProfile = {L"Office", L"Bank", L"Tax"};
     profile.NotUseLDAP = {5};
     profile.UseAIA = {1, 2};
     profile.NotAddCert = {1, 2, 3, 4};
-    DetachStoreProfile(profile, 1);
+    DetachCsProfile(profile, 1);
     EXPECT_EQ(profile.ZCSProfile, (std::vector<std::wstring>{L"Office", L"Tax"}));
     EXPECT_EQ(profile.NotUseLDAP, Flags{5});
     EXPECT_EQ(profile.UseAIA, Flags{1});
     EXPECT_EQ(profile.NotAddCert, (Flags{1, 3, 4}));
 }
 
-TEST(StoreProfileSettings, AttachedIsWhatHasTheWholeNameInAnyCase) {
+TEST(CsProfileSettings, AttachedIsWhatHasTheWholeNameInAnyCase) {
     ServiceProfile profile;
     profile.ZCSProfile = {L"Office", L"\u0411\u0430\u043D\u043A"};
     for (const wchar_t* name : {L"Office", L"OFFICE", L"office", L"\u0431\u0410\u041D\u041A"})

@@ -122,7 +122,7 @@ TEST_F(AddProfileCsProfiles, AddingAttachesOneWithTheDefaultsAndShowsIt) {
     });
     config::ServiceProfile expected = Alpha();
     expected.CrlUpdatePeriod[0] = 7;
-    config::AttachStoreProfile(expected, L"Tax");
+    config::AttachCsProfile(expected, L"Tax");
     EXPECT_EQ(profile, expected);
     EXPECT_EQ(ListLengths(*profile), std::vector<size_t>(11, 3));
     EXPECT_EQ(removed_, Texts{});

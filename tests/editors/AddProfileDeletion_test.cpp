@@ -23,7 +23,7 @@ TEST_F(AddProfileDeletion, TheLastOneCannotBeDeleted) {
 
 TEST_F(AddProfileDeletion, DeletingAsksAndTakesTheSettingsAlong) {
     config::ServiceProfile three = Alpha();
-    config::AttachStoreProfile(three, L"Tax");
+    config::AttachCsProfile(three, L"Tax");
     const auto profile = Edit(three, [this](ui::Dialog&) {
         user_.Choose(List, 1);
         ExpectQuestion(L"Delete CS profile 'Bank' from list?", ui::IdNo);
@@ -41,7 +41,7 @@ TEST_F(AddProfileDeletion, DeletingAsksAndTakesTheSettingsAlong) {
         EXPECT_EQ(ShownSettings(), newSettings);
         user_.Click(ui::IdOk);
     });
-    config::DetachStoreProfile(three, 1);
+    config::DetachCsProfile(three, 1);
     EXPECT_EQ(profile, three);
     EXPECT_EQ(ListLengths(*profile), std::vector<size_t>(11, 2));
     EXPECT_EQ(removed_, Texts{L"Bank"});

@@ -101,7 +101,7 @@ TEST_F(AddProfileLayout, ALongListShowsEveryStoreProfile) {
         EXPECT_EQ(SelectedCsProfile(), L"Store profile 0");
         user_.Click(ui::IdOk);
     });
-    config::DetachStoreProfile(expected, 150);
+    config::DetachCsProfile(expected, 150);
     expected.UseAIA.back() = 1;
     EXPECT_EQ(profile, expected);
 }

@@ -10,14 +10,14 @@ namespace tests {
 namespace {
 
 using namespace profileid;
-using config::StoreProfileSettings;
+using config::CsProfileSettings;
 
 // A user who knows by heart what each store profile was given.
 class AddProfileProperty : public ProfileEditorTest {
   protected:
     struct Known {
         std::wstring name;
-        StoreProfileSettings settings;
+        CsProfileSettings settings;
     };
 
     void Play(uint32_t seed, int steps) {
@@ -87,7 +87,7 @@ class AddProfileProperty : public ProfileEditorTest {
     }
 
     void UseServer() {
-        StoreProfileSettings& settings = known_[shown_].settings;
+        CsProfileSettings& settings = known_[shown_].settings;
         if (settings.AutoUseTSP != 0) {
             settings.AutoUseTSP = 0;
             settings.ServerTSP = L"0";
@@ -100,7 +100,7 @@ class AddProfileProperty : public ProfileEditorTest {
     }
 
     void Toggle() {
-        StoreProfileSettings& settings = known_[shown_].settings;
+        CsProfileSettings& settings = known_[shown_].settings;
         const std::pair<int, config::Flag*> boxes[] = {{NotUseLdap, &settings.NotUseLDAP},
                                                        {NotAddCert, &settings.NotAddCert},
                                                        {NotCopyToLocal, &settings.NotCopyToLocal},

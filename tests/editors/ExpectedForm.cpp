@@ -100,7 +100,7 @@ ExpectedForm::Seen ExpectedForm::Shown() const {
     const std::wstring unlessDelete = Is(L"DELE") ? L" (disabled)" : L"";
     Seen seen{
         {1104, HasStoreProfile() ? L"CS profile: " : L""},
-        {1051, HasStoreProfile() ? L"Office|Bank|Tax| " + storeProfile : hidden},
+        {1051, HasStoreProfile() ? L"Office|Bank|Tax| " + csProfile : hidden},
         {1043, WithIcon(L"Output folder", ui::Icon::FolderOut) + unlessDelete},
         {1046, pathOut + unlessDelete},
         {1050, ActionButton()},

@@ -15,7 +15,7 @@ class ExpectedForm {
     explicit ExpectedForm(std::wstring firstOperation) : operation_(std::move(firstOperation)) {}
 
     // What the user has put in where the operation asks for it.
-    std::wstring storeProfile = L"Office";
+    std::wstring csProfile = L"Office";
     std::wstring pathOut;
     size_t recipients = 0;
     size_t signerLists = 0;

@@ -59,8 +59,8 @@ class OperationWalk : public RuleEditorTest {
 
     void PutInStoreProfile(ExpectedForm& form) {
         const size_t profile = step_ % profile_.ZCSProfile.size();
-        user_.Choose(ruleid::StoreProfile, static_cast<int>(profile));
-        form.storeProfile = profile_.ZCSProfile[profile];
+        user_.Choose(ruleid::CsProfile, static_cast<int>(profile));
+        form.csProfile = profile_.ZCSProfile[profile];
     }
     void PutInRecipients(ExpectedForm& form) {
         form.recipients = 1 + step_ % 4;

@@ -7,16 +7,16 @@
 namespace tests {
 namespace {
 
-using editors::FindMissingTimeStampServer;
-using editors::FindRefusal;
+using editors::CheckTimeStampServer;
 using editors::ProfileField;
 using editors::ProfileForm;
 using editors::RulesWithCertificatesOf;
+using editors::Validate;
 
 // What is wrong with an otherwise good form; empty when it is accepted.
 std::wstring Wrong(const ProfileForm& form, const std::wstring& nameBefore = {}) {
     const std::vector<std::wstring> names{L"Alpha", L"Beta"};
-    const auto refusal = FindRefusal(form, nameBefore, names);
+    const auto refusal = Validate(form, nameBefore, names);
     return refusal ? refusal->text : L"";
 }
 std::wstring WrongName(const std::wstring& name, const std::wstring& nameBefore = {}) {
@@ -54,17 +54,17 @@ TEST(ProfileChecks, OnlyNoTimeoutIsRefused) {
 
 TEST(ProfileChecks, AServerInUseHasAName) {
     for (const wchar_t* none : {L"", L"0"}) {
-        const auto refusal = FindMissingTimeStampServer(true, none);
+        const auto refusal = CheckTimeStampServer(true, none);
         ASSERT_TRUE(refusal);
         EXPECT_EQ(refusal->text, L"Please, type TSP data.");
         EXPECT_EQ(refusal->field, ProfileField::TimeStampServer);
-        EXPECT_FALSE(FindMissingTimeStampServer(false, none));
+        EXPECT_FALSE(CheckTimeStampServer(false, none));
         EXPECT_EQ(
             Wrong({.Name = L"x", .HandlerTimeout = 1, .UsesTimeStampServer = true, .TimeStampServer = none}),
             L"Please, type TSP data.");
     }
     for (const wchar_t* server : {L"00", L" ", L"http://tsp"})
-        EXPECT_FALSE(FindMissingTimeStampServer(true, server));
+        EXPECT_FALSE(CheckTimeStampServer(true, server));
 }
 
 TEST(ProfileChecks, TheFirstFaultIsTold) {
@@ -80,7 +80,7 @@ TEST(ProfileChecks, TheFirstFaultIsTold) {
 
 TEST(ProfileChecks, EachRefusalNamesItsField) {
     const std::vector<std::wstring> names{L"Beta"};
-    const auto field = [&names](const ProfileForm& form) { return FindRefusal(form, L"", names)->field; };
+    const auto field = [&names](const ProfileForm& form) { return Validate(form, L"", names)->field; };
     EXPECT_EQ(field({.Name = L""}), ProfileField::Name);
     EXPECT_EQ(field({.Name = L"x"}), ProfileField::HandlerTimeout);
     EXPECT_EQ(field({.Name = L"Beta", .HandlerTimeout = 1}), ProfileField::Name);

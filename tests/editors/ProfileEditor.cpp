@@ -31,7 +31,7 @@ config::ServiceProfile ProfileEditorTest::Alpha() {
 config::ServiceProfile ProfileEditorTest::With(const Texts& csProfiles) {
     config::ServiceProfile profile;
     profile.Name = L"Alpha";
-    for (const std::wstring& name : csProfiles) config::AttachStoreProfile(profile, name);
+    for (const std::wstring& name : csProfiles) config::AttachCsProfile(profile, name);
     return profile;
 }
 

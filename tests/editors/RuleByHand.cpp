@@ -82,7 +82,7 @@ config::Rule RuleByHandTest::Expected(const std::wstring& code) {
 
 void RuleByHandTest::PutIn(const Rule& rule) {
     ChooseOperation(rule.Operation);
-    PutInIfUsable(ruleid::StoreProfile, 1);
+    PutInIfUsable(ruleid::CsProfile, 1);
     user_.Type(ruleid::Description, rule.Descryption);
     user_.Type(ruleid::PathIn, rule.PathIn);
     if (user_.CanUse(ruleid::PathOut)) user_.Type(ruleid::PathOut, rule.PathOut);

@@ -12,11 +12,11 @@
 namespace tests {
 namespace {
 
-using editors::FindRefusal;
 using editors::FormField;
 using editors::Refusal;
 using editors::RuleForm;
-using enum editors::Refusal::Telling;
+using editors::Validate;
+using enum editors::Refusal::Shown;
 
 struct NamedRefusal {
     std::function<void(RuleForm&)> spoil;
@@ -24,11 +24,11 @@ struct NamedRefusal {
 };
 
 Refusal Missing(FormField field, const wchar_t* text, ui::Icon icon) {
-    return {.field = field, .telling = ErrorBox, .text = text, .icon = icon};
+    return {.field = field, .shown = ErrorBox, .text = text, .icon = icon};
 }
 
 Refusal Bad(FormField field, const wchar_t* text, uint32_t code, const wchar_t* path) {
-    return {.field = field, .telling = Report, .text = text, .code = code, .path = path};
+    return {.field = field, .shown = Report, .text = text, .code = code, .path = path};
 }
 
 class RuleChecks : public testing::Test {
@@ -49,7 +49,7 @@ class RuleChecks : public testing::Test {
         form.ActionPath = operation == L"EXEC" ? L"run.exe" : L"C:\\Second";
         return form;
     }
-    std::optional<Refusal> Find(const RuleForm& form) { return FindRefusal(form, files_); }
+    std::optional<Refusal> Find(const RuleForm& form) { return Validate(form, files_); }
     std::optional<Refusal> FindAfter(const std::wstring& operation,
                                      const std::function<void(RuleForm&)>& spoil) {
         RuleForm form = Valid(operation);
@@ -149,7 +149,7 @@ TEST_F(RuleChecks, ReportTheSystemsCodeAndKeepSilentAboutOne) {
         files_.SetFault([code](size_t number, const auto&) { return number == 1 ? code : 0U; });
         files_.ForgetCalls();
         const Refusal expected = code == 80
-                                     ? Refusal{.field = FormField::PathOut, .telling = Silence}
+                                     ? Refusal{.field = FormField::PathOut, .shown = Silence}
                                      : Bad(FormField::PathOut, L"Bad Output folder.", code, L"C:\\Out");
         EXPECT_EQ(Find(Valid(L"HASH")), expected);
     }

@@ -103,7 +103,7 @@ TEST_F(OperationChain, ResigningForgetsTheArchiveAndItsFormatsAreNone) {
 
 TEST_F(OperationChain, TheCsProfileIsKeptWhereItIsNotShown) {
     for (const std::wstring& middle : Some(between))
-        Go(L"ENCR " + middle + L" DECR", [&] { EXPECT_EQ(Chosen(ruleid::StoreProfile), L"Bank"); });
+        Go(L"ENCR " + middle + L" DECR", [&] { EXPECT_EQ(Chosen(ruleid::CsProfile), L"Bank"); });
 }
 
 TEST_F(OperationChain, TheNewSignatureProfileIsKeptForTheWayBack) {

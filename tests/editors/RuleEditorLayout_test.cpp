@@ -32,7 +32,7 @@ TEST_F(RuleEditorLayout, AWholeRuleCanBeMadeByTheKeyboard) {
         EXPECT_EQ(dialog.Focus(), &dialog.Find(ruleid::Operation));
         user_.Press(Key::Down);
         user_.Press(Key::Down);  // "Hash file"
-        tabTo(ruleid::StoreProfile);
+        tabTo(ruleid::CsProfile);
         user_.Press(Key::Down);
         tabTo(ruleid::Description);
         user_.Press(Key::Enter);  // a new line, not OK

@@ -37,7 +37,7 @@ TEST_F(RuleEditorOpening, ANewRuleIsAnEmptyEncryption) {
     Edit({}, [this](ui::Dialog& dialog) {
         EXPECT_EQ(dialog.Caption(), L"Add rule");
         EXPECT_EQ(Chosen(ruleid::Operation), L"Encrypt");
-        EXPECT_EQ(Chosen(ruleid::StoreProfile), L"Office");
+        EXPECT_EQ(Chosen(ruleid::CsProfile), L"Office");
         EXPECT_EQ(Chosen(ruleid::ListB), L"No");
         for (const int edit : {ruleid::Description, ruleid::PathIn, ruleid::PathOut, ruleid::PathError})
             EXPECT_EQ(user_.Text(edit), L"");
@@ -199,9 +199,9 @@ TEST_F(RuleEditorOpening, SelectsTheStoreProfilesOfTheRuleAndRemembersTheFirst) 
         rule.ResignProfile = resign;
         std::pair<std::wstring, std::wstring> chosen;
         Edit(rule, [&](ui::Dialog&) {
-            EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::StoreProfile).Items(), profile_.ZCSProfile);
+            EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::CsProfile).Items(), profile_.ZCSProfile);
             EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::ListC).Items(), profile_.ZCSProfile);
-            chosen = {Chosen(ruleid::StoreProfile), Chosen(ruleid::ListC)};
+            chosen = {Chosen(ruleid::CsProfile), Chosen(ruleid::ListC)};
             Leave();
         });
         return chosen;

@@ -25,7 +25,7 @@ class RuleEditorStoreProfiles : public RuleEditorTest {
 TEST_F(RuleEditorStoreProfiles, NothingIsAskedWhereThereIsNothingToLose) {
     const auto rule = Edit(PlainRule(L"DECR"), [this](ui::Dialog&) {
         EXPECT_EQ(memory_.RememberedCsProfile, bank);
-        user_.Choose(ruleid::StoreProfile, tax);
+        user_.Choose(ruleid::CsProfile, tax);
         EXPECT_EQ(memory_.RememberedCsProfile, tax);
         user_.Click(ui::IdOk);
     });
@@ -35,7 +35,7 @@ TEST_F(RuleEditorStoreProfiles, NothingIsAskedWhereThereIsNothingToLose) {
 
 TEST_F(RuleEditorStoreProfiles, NothingIsAskedForTheSameProfile) {
     Edit(FullRule(L"ENCR"), [this](ui::Dialog&) {
-        user_.Choose(ruleid::StoreProfile, bank);
+        user_.Choose(ruleid::CsProfile, bank);
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"3");
         Leave();
     });
@@ -44,11 +44,11 @@ TEST_F(RuleEditorStoreProfiles, NothingIsAskedForTheSameProfile) {
 TEST_F(RuleEditorStoreProfiles, RecipientsGoWithTheUsersConsent) {
     const auto rule = Edit(FullRule(L"ENCR"), [this](ui::Dialog&) {
         ExpectRecipientsQuestion(ui::IdYes);
-        user_.Choose(ruleid::StoreProfile, office);
-        EXPECT_EQ(Chosen(ruleid::StoreProfile), L"Office");
+        user_.Choose(ruleid::CsProfile, office);
+        EXPECT_EQ(Chosen(ruleid::CsProfile), L"Office");
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"0");
         EXPECT_EQ(memory_.RememberedCsProfile, office);
-        user_.Choose(ruleid::StoreProfile, tax);  // nothing left to ask for
+        user_.Choose(ruleid::CsProfile, tax);  // nothing left to ask for
         certificates_.recipients = {L"CN=New"};
         user_.Click(ruleid::ActionButton);
         user_.Click(ui::IdOk);
@@ -62,8 +62,8 @@ TEST_F(RuleEditorStoreProfiles, RecipientsGoWithTheUsersConsent) {
 TEST_F(RuleEditorStoreProfiles, RefusingLeavesProfileAndRecipients) {
     const auto rule = Edit(FullRule(L"ENCR"), [this](ui::Dialog&) {
         ExpectRecipientsQuestion(ui::IdNo);
-        user_.Choose(ruleid::StoreProfile, office);
-        EXPECT_EQ(Chosen(ruleid::StoreProfile), L"Bank");
+        user_.Choose(ruleid::CsProfile, office);
+        EXPECT_EQ(Chosen(ruleid::CsProfile), L"Bank");
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"3");
         EXPECT_EQ(memory_.RememberedCsProfile, bank);
         user_.Click(ui::IdOk);
@@ -76,12 +76,12 @@ TEST_F(RuleEditorStoreProfiles, RefusingLeavesProfileAndRecipients) {
 TEST_F(RuleEditorStoreProfiles, SignerListsGoOrStayInTheSameWay) {
     const auto rule = Edit(FullRule(L"RESG"), [this](ui::Dialog&) {
         ExpectSignersQuestion(ui::IdNo);
-        user_.Choose(ruleid::StoreProfile, office);
-        EXPECT_EQ(Chosen(ruleid::StoreProfile), L"Bank");
+        user_.Choose(ruleid::CsProfile, office);
+        EXPECT_EQ(Chosen(ruleid::CsProfile), L"Bank");
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"2");
         ExpectSignersQuestion(ui::IdYes);
-        user_.Choose(ruleid::StoreProfile, office);
-        EXPECT_EQ(Chosen(ruleid::StoreProfile), L"Office");
+        user_.Choose(ruleid::CsProfile, office);
+        EXPECT_EQ(Chosen(ruleid::CsProfile), L"Office");
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"0");
         user_.Click(ui::IdOk);
     });
@@ -94,7 +94,7 @@ TEST_F(RuleEditorStoreProfiles, WhatWasTypedMeanwhileStays) {
     Edit(FullRule(L"ENCR"), [this](ui::Dialog&) {
         user_.Type(ruleid::PathIn, L"D:\\typed");
         ExpectRecipientsQuestion(ui::IdNo);
-        user_.Choose(ruleid::StoreProfile, office);
+        user_.Choose(ruleid::CsProfile, office);
         EXPECT_EQ(user_.Text(ruleid::PathIn), L"D:\\typed");
         Leave();
     });
@@ -107,14 +107,14 @@ TEST_F(RuleEditorStoreProfiles, ANewRuleComparesWithTheProfileOfTheRuleBefore) {
     Edit(before, [this](ui::Dialog&) { Leave(); });
     EXPECT_EQ(memory_.RememberedCsProfile, tax);
     Edit({}, [this](ui::Dialog&) {
-        EXPECT_EQ(Chosen(ruleid::StoreProfile), L"Office");
+        EXPECT_EQ(Chosen(ruleid::CsProfile), L"Office");
         certificates_.recipients = {L"CN=Anna"};
         user_.Click(ruleid::ActionButton);
-        user_.Choose(ruleid::StoreProfile, tax);  // no question
+        user_.Choose(ruleid::CsProfile, tax);  // no question
         EXPECT_EQ(user_.Text(ruleid::ActionField), L"1");
         ExpectRecipientsQuestion(ui::IdNo);
-        user_.Choose(ruleid::StoreProfile, office);
-        EXPECT_EQ(Chosen(ruleid::StoreProfile), L"Tax");
+        user_.Choose(ruleid::CsProfile, office);
+        EXPECT_EQ(Chosen(ruleid::CsProfile), L"Tax");
         Leave();
     });
     EXPECT_EQ(memory_.RememberedCsProfile, tax);
@@ -126,8 +126,8 @@ TEST_F(RuleEditorStoreProfiles, ARememberedProfileThatThisOneLacksLeavesNoneSele
         certificates_.recipients = {L"CN=Anna"};
         user_.Click(ruleid::ActionButton);
         ExpectRecipientsQuestion(ui::IdNo);
-        user_.Choose(ruleid::StoreProfile, bank);
-        EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::StoreProfile).Selected(), std::nullopt);
+        user_.Choose(ruleid::CsProfile, bank);
+        EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::CsProfile).Selected(), std::nullopt);
         user_.Type(ruleid::PathIn, L"C:\\In");
         user_.Click(ruleid::ActionButton);
         Leave();

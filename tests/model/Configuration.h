@@ -32,7 +32,7 @@ struct Profile {
 
     // One that has every value: empty lists, and the numbers of a new one.
     explicit Profile(std::wstring name = {});
-    const Texts& StoreProfiles() const { return std::get<Texts>(values.at(L"ZCSProfile")); }
+    const Texts& CsProfiles() const { return std::get<Texts>(values.at(L"ZCSProfile")); }
 };
 
 struct Configuration {

@@ -19,17 +19,17 @@ int IndexOf(const std::wstring& name, const Texts& names) {
 }  // namespace
 
 EditorForm::EditorForm(const Rule& rule, const Texts& storeProfilesOfProfile)
-    : storeProfiles(storeProfilesOfProfile) {
+    : csProfiles(storeProfilesOfProfile) {
     if (rule.Operation().empty()) return;
     operation = rule.Operation();
-    store = IndexOf(rule.text.at(L"ZCSProfile"), storeProfiles);
+    store = IndexOf(rule.text.at(L"ZCSProfile"), csProfiles);
     values = rule;
     if (!HasRecipients()) values.recipients.clear();
     if (!HasSigners()) values.signerLists.clear();
     if (Is(L"DELE")) values.text[L"Path Out"] = L"";
     for (const wchar_t* path : {L"Path Out 2", L"ExecName"})
         if (values.text[path] == L"0") values.text[path] = L"";
-    values.text[L"ResignProfile"] = StoreName(IndexOf(rule.text.at(L"ResignProfile"), storeProfiles));
+    values.text[L"ResignProfile"] = StoreName(IndexOf(rule.text.at(L"ResignProfile"), csProfiles));
     for (const wchar_t* format : {L"In format det", L"Out format det"})
         values.number[format] = rule.number.at(format) == 1 ? 1 : 0;
 }
@@ -83,8 +83,8 @@ std::optional<EditorForm::Refusal> EditorForm::FirstRefusal(const Texts& existin
 }
 
 std::wstring EditorForm::StoreName(int index) const {
-    const bool exists = index >= 0 && index < static_cast<int>(storeProfiles.size());
-    return exists ? storeProfiles[static_cast<size_t>(index)] : L"";
+    const bool exists = index >= 0 && index < static_cast<int>(csProfiles.size());
+    return exists ? csProfiles[static_cast<size_t>(index)] : L"";
 }
 
 Rule EditorForm::Finished() const {

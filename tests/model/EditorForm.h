@@ -10,7 +10,7 @@ namespace tests::model {
 
 struct EditorForm {
     std::wstring operation = L"ENCR";
-    Texts storeProfiles;
+    Texts csProfiles;
     int store = 0;  // an index of the store profiles
     // Everything that goes straight into the rule under its name. What the operation does not use stays
     // behind.

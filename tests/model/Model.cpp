@@ -28,7 +28,7 @@ std::wstring Model::ProfileLabel() const {
     return L"Profile: " + shownProfile_;
 }
 
-std::wstring Model::StoreProfileLabel() const {
+std::wstring Model::CsProfileLabel() const {
     return L"CS profile's num: " + std::to_wstring(shownStoreProfiles_);
 }
 
@@ -116,7 +116,7 @@ void Model::OpenProfile() {
     if (!selectedProfile_) return;
     const Profile& profile = memory_.profiles.at(*selectedProfile_);
     opened_ = shownProfile_ = profile.name;
-    shownStoreProfiles_ = profile.StoreProfiles().size();
+    shownStoreProfiles_ = profile.CsProfiles().size();
     showsProfile_ = true;
     Fill();
 }
@@ -129,7 +129,7 @@ void Model::AddProfile(const Profile& profile) {
 void Model::ReplaceProfile(const Profile& profile) {
     *OpenedProfile() = profile;
     opened_ = shownProfile_ = profile.name;
-    shownStoreProfiles_ = profile.StoreProfiles().size();
+    shownStoreProfiles_ = profile.CsProfiles().size();
     Fill();
     changed_ = true;
 }

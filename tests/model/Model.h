@@ -38,7 +38,7 @@ class Model {
     // Something that is not stored, be it only a tick.
     bool HasUnsaved() const;
     std::wstring ProfileLabel() const;
-    std::wstring StoreProfileLabel() const;
+    std::wstring CsProfileLabel() const;
     // Whether a profile is shown as the opened one; without one, its commands and its rules cannot be used.
     bool ShowsProfile() const { return showsProfile_; }
 

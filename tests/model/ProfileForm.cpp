@@ -38,7 +38,7 @@ ProfileForm::ProfileForm(const Profile& profile)
     if (IsNew()) {
         Attach(StoreProfileFolders().front().first);
     } else {
-        Show(StoreProfiles().empty() ? std::nullopt : std::optional<size_t>(0));
+        Show(CsProfiles().empty() ? std::nullopt : std::optional<size_t>(0));
     }
 }
 
@@ -78,9 +78,9 @@ bool ProfileForm::LacksServer() const {
     return settings.at(L"AutoUseTSP") && (server.empty() || server == L"0");
 }
 
-bool ProfileForm::IsAttached(const std::wstring& storeProfile) const {
-    return std::any_of(StoreProfiles().begin(), StoreProfiles().end(), [&](const std::wstring& attached) {
-        return Capitals(attached) == Capitals(storeProfile);
+bool ProfileForm::IsAttached(const std::wstring& csProfile) const {
+    return std::any_of(CsProfiles().begin(), CsProfiles().end(), [&](const std::wstring& attached) {
+        return Capitals(attached) == Capitals(csProfile);
     });
 }
 
@@ -116,10 +116,10 @@ void ProfileForm::ShowStoreProfile(size_t index) {
     Show(index);
 }
 
-void ProfileForm::Attach(const std::wstring& storeProfile) {
+void ProfileForm::Attach(const std::wstring& csProfile) {
     Keep();
-    const size_t index = StoreProfiles().size();
-    List(L"ZCSProfile").push_back(storeProfile);
+    const size_t index = CsProfiles().size();
+    List(L"ZCSProfile").push_back(csProfile);
     for (const auto& [list, missing] : missingSettings) {
         Texts& entries = List(list);
         entries.resize(std::max(entries.size(), index), missing);
@@ -158,10 +158,10 @@ Profile ProfileForm::Finished() const {
         auto& number = std::get<int32_t>(profile.values[option]);
         if (isOn != (number != 0)) number = isOn ? 1 : 0;
     }
-    if (StoreProfiles().empty()) return profile;
+    if (CsProfiles().empty()) return profile;
     for (Rule& rule : profile.rules)
         for (const wchar_t* used : {L"ZCSProfile", L"ResignProfile"})
-            if (Contains(removed_, rule.text[used])) rule.text[used] = StoreProfiles().front();
+            if (Contains(removed_, rule.text[used])) rule.text[used] = CsProfiles().front();
     return profile;
 }
 

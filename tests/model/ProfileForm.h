@@ -23,16 +23,16 @@ struct ProfileForm {
     explicit ProfileForm(const Profile& profile);
 
     bool IsNew() const { return profile_.name.empty(); }
-    const Texts& StoreProfiles() const { return profile_.StoreProfiles(); }
-    std::wstring ShownName() const { return shown ? StoreProfiles().at(*shown) : L""; }
+    const Texts& CsProfiles() const { return profile_.CsProfiles(); }
+    std::wstring ShownName() const { return shown ? CsProfiles().at(*shown) : L""; }
     bool LacksServer() const;
-    bool IsAttached(const std::wstring& storeProfile) const;
+    bool IsAttached(const std::wstring& csProfile) const;
     std::wstring DeleteQuestion() const;
 
     void SwitchSetting(const std::wstring& setting);
     void PutPeriod(int64_t hours);  // into the field, which keeps it within a year
     void ShowStoreProfile(size_t index);
-    void Attach(const std::wstring& storeProfile);
+    void Attach(const std::wstring& csProfile);
     void Detach();  // the shown one
 
     // Why OK would refuse the form. names: of all profiles.

@@ -69,10 +69,10 @@ void PutProfile(Dice& dice, const std::wstring& name, Tree& tree) {
     const size_t stores = dice.Chance(40) ? 3 : dice.Below(4);
     Values& key = tree.Key(name);
     if (dice.Chance(30)) key[L"Unknown"] = L"stays";
-    Texts storeProfiles{L"Office", L"Bank", L"Tax"};
-    storeProfiles.resize(stores);
-    if (dice.Chance(30) && stores > 0) storeProfiles.back() = dice.Pick(Texts{L"Gone", L"TAX", L"office"});
-    key[L"ZCSProfile"] = storeProfiles;
+    Texts csProfiles{L"Office", L"Bank", L"Tax"};
+    csProfiles.resize(stores);
+    if (dice.Chance(30) && stores > 0) csProfiles.back() = dice.Pick(Texts{L"Gone", L"TAX", L"office"});
+    key[L"ZCSProfile"] = csProfiles;
     PutStoreProfileSettings(dice, key);
     for (const wchar_t* number :
          {L"Verify File", L"Verify x file", L"Verify det file", L"Verify resign file", L"Rename conf files"})

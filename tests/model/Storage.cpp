@@ -92,10 +92,9 @@ void CreateFirstProfile(Tree& registry) {
     registry.Key(L"default\\rules");
 }
 
-void SaveStores(Values& key, const std::wstring& storeProfile, const wchar_t* personal,
-                const wchar_t* local) {
+void SaveStores(Values& key, const std::wstring& csProfile, const wchar_t* personal, const wchar_t* local) {
     for (const auto& [name, folder] : StoreProfileFolders()) {
-        if (name != storeProfile) continue;
+        if (name != csProfile) continue;
         key[personal] = L"pse://signed/" + folder + L"\\local.pse";
         key[local] = L"file://" + folder + L"\\local.gdbm";
     }

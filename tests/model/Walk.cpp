@@ -146,7 +146,7 @@ void Walk::CompareProfiles() {
     for (size_t row = 0; row < names.size(); ++row) EXPECT_EQ(user_.Row(id::Profiles, row).at(0), names[row]);
     EXPECT_EQ(user_.Get<ui::ListView>(id::Profiles).FirstSelected(), model_.SelectedProfile());
     EXPECT_EQ(user_.Text(id::ProfileLabel), model_.ProfileLabel());
-    EXPECT_EQ(user_.Text(id::CsProfileLabel), model_.StoreProfileLabel());
+    EXPECT_EQ(user_.Text(id::CsProfileLabel), model_.CsProfileLabel());
 }
 
 // Only what works on the opened profile can be out of use.

@@ -87,8 +87,8 @@ class Walk {
     void TypeServer(ProfileForm& form);
     void SwitchOption(ProfileForm& form);
     void SelectStoreProfile(ProfileForm& form);
-    void AttachStoreProfile(ProfileForm& form);
-    void DetachStoreProfile(ProfileForm& form);
+    void AttachCsProfile(ProfileForm& form);
+    void DetachCsProfile(ProfileForm& form);
     std::optional<Profile> LeaveProfileEditor(ProfileForm& form);
 
     // Commands on rules (WalkRules.cpp).
@@ -111,7 +111,7 @@ class Walk {
     std::optional<Rule> LeaveEditor(const EditorForm& form);
     void ChooseOperation(EditorForm& form);
     void PutOwnValues(EditorForm& form);
-    void ChooseStoreProfile(EditorForm& form);
+    void ChooseCsProfile(EditorForm& form);
     void PutCommonValues(EditorForm& form);
     void ChangeMasks(EditorForm& form);
     void ChooseCertificates(EditorForm& form);

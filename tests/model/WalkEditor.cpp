@@ -36,7 +36,7 @@ std::wstring RandomFolder(Dice& dice) {
 
 std::optional<Rule> Walk::RunEditor(const Rule& rule, const std::function<void()>& open) {
     const bool isNew = rule.Operation().empty();
-    EditorForm form(rule, model_.Opened()->StoreProfiles());
+    EditorForm form(rule, model_.Opened()->CsProfiles());
     if (!isNew) rememberedStore_ = form.store;
     std::optional<Rule> finished;
     user_.Expect<CAddRule>([&](CAddRule& editor) {
@@ -55,7 +55,7 @@ void Walk::FillEditor(EditorForm& form) {
     if (dice_.Chance(40)) PutOwnValues(form);
     if (isEmpty || dice_.Chance(60)) PutCommonValues(form);
     if (dice_.Chance(40)) ChooseCertificates(form);
-    if (dice_.Chance(40)) ChooseStoreProfile(form);
+    if (dice_.Chance(40)) ChooseCsProfile(form);
     if (isEmpty || dice_.Chance(30)) ChangeMasks(form);
     if (form.values.recipients.empty() && dice_.Chance(90)) ChooseCertificates(form);
 }
@@ -74,9 +74,9 @@ void Walk::PutOwnValues(EditorForm& form) {
     for (const std::wstring& name : form.OwnTexts()) {
         std::wstring& value = form.values.text[name];
         if (name == L"ResignProfile") {
-            const size_t count = form.storeProfiles.size();
+            const size_t count = form.csProfiles.size();
             const size_t index = dice_.Below(count + 1);
-            value = count == 0 ? L"" : form.storeProfiles[index % count];
+            value = count == 0 ? L"" : form.csProfiles[index % count];
             if (count > 0) user_.Choose(ControlOf(name), static_cast<int>(index % count));
             continue;
         }
@@ -112,8 +112,8 @@ void Walk::PutCommonValues(EditorForm& form) {
     form.values.text[L"Descryption"] = std::wstring(519, L'x');
 }
 
-void Walk::ChooseStoreProfile(EditorForm& form) {
-    const size_t count = form.storeProfiles.size();
+void Walk::ChooseCsProfile(EditorForm& form) {
+    const size_t count = form.csProfiles.size();
     if (!form.HasStoreProfile() || count == 0) return;
     const auto index = static_cast<int>(dice_.Below(count));
     const bool isNew = index != rememberedStore_;
@@ -128,7 +128,7 @@ void Walk::ChooseStoreProfile(EditorForm& form) {
            form.values.recipients);
     giveUp(L"Signers field must be clean to change CS profile.\r\nDelete all signer lists from rule?",
            form.values.signerLists);
-    user_.Choose(ruleid::StoreProfile, index);
+    user_.Choose(ruleid::CsProfile, index);
     form.store = refused ? rememberedStore_ : index;
     if (!refused && isNew) rememberedStore_ = index;
     if (form.store >= static_cast<int>(count)) form.store = -1;

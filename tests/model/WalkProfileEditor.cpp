@@ -52,7 +52,7 @@ std::optional<Profile> Walk::RunProfileEditor(const Profile& profile, const std:
 void Walk::CompareProfileForm(const ProfileForm& form) {
     using namespace profileid;
     const auto& list = user_.Get<ui::ListBox>(CsProfiles);
-    EXPECT_EQ(list.Items(), form.StoreProfiles());
+    EXPECT_EQ(list.Items(), form.CsProfiles());
     EXPECT_EQ(list.Selected(), form.shown);
     EXPECT_EQ(user_.Text(Settings), L"CS profile setting's: " + form.ShownName());
     for (const auto& [setting, box] : settingBoxes)
@@ -70,11 +70,10 @@ void Walk::CompareProfileForm(const ProfileForm& form) {
 void Walk::ChangeProfileForm(ProfileForm& form) {
     using Change = void (Walk::*)(ProfileForm&);
     static const std::vector<Change> changes{
-        &Walk::TypeProfileName,    &Walk::TypeTimeout,        &Walk::TypePeriod,
-        &Walk::StepPeriod,         &Walk::SwitchSetting,      &Walk::SwitchSetting,
-        &Walk::SwitchTimeStamps,   &Walk::TypeServer,         &Walk::SwitchOption,
-        &Walk::SelectStoreProfile, &Walk::SelectStoreProfile, &Walk::AttachStoreProfile,
-        &Walk::AttachStoreProfile, &Walk::DetachStoreProfile, &Walk::DetachStoreProfile};
+        &Walk::TypeProfileName, &Walk::TypeTimeout,        &Walk::TypePeriod,         &Walk::StepPeriod,
+        &Walk::SwitchSetting,   &Walk::SwitchSetting,      &Walk::SwitchTimeStamps,   &Walk::TypeServer,
+        &Walk::SwitchOption,    &Walk::SelectStoreProfile, &Walk::SelectStoreProfile, &Walk::AttachCsProfile,
+        &Walk::AttachCsProfile, &Walk::DetachCsProfile,    &Walk::DetachCsProfile};
     (this->*dice_.Pick(changes))(form);
 }
 
@@ -128,15 +127,15 @@ void Walk::SwitchOption(ProfileForm& form) {
 }
 
 void Walk::SelectStoreProfile(ProfileForm& form) {
-    if (form.StoreProfiles().empty()) return;
-    const size_t index = dice_.Below(form.StoreProfiles().size());
+    if (form.CsProfiles().empty()) return;
+    const size_t index = dice_.Below(form.CsProfiles().size());
     const bool refused = form.LacksServer();
     if (refused) user_.ExpectBox(serverRequest, boxes::Hint, ui::IdOk, boxes::Title);
     user_.Choose(profileid::CsProfiles, static_cast<int>(index));
     if (!refused) form.ShowStoreProfile(index);
 }
 
-void Walk::AttachStoreProfile(ProfileForm& form) {
+void Walk::AttachCsProfile(ProfileForm& form) {
     if (form.LacksServer()) {
         user_.ExpectBox(serverRequest, boxes::Hint, ui::IdOk, boxes::Title);
         return user_.Click(profileid::Add);
@@ -155,8 +154,8 @@ void Walk::AttachStoreProfile(ProfileForm& form) {
     if (confirmed && !form.IsAttached(name)) form.Attach(name);
 }
 
-void Walk::DetachStoreProfile(ProfileForm& form) {
-    const size_t count = form.StoreProfiles().size();
+void Walk::DetachCsProfile(ProfileForm& form) {
+    const size_t count = form.CsProfiles().size();
     if (count < 2) {
         user_.ExpectBox(
             count == 1 ? L"Last CS profile in list cannot be deleted." : L"Select list item to delete.",

@@ -32,7 +32,7 @@ inline constexpr int About = 16;
 }  // namespace command
 
 namespace ruleid {
-inline constexpr int Operation = 1042, StoreProfileLabel = 1104, StoreProfile = 1051;
+inline constexpr int Operation = 1042, CsProfileLabel = 1104, CsProfile = 1051;
 inline constexpr int DescriptionLabel = 1122, Description = 1079;
 inline constexpr int PickPathIn = 1000, PathIn = 1045, PickPathOut = 1043, PathOut = 1046;
 inline constexpr int PickPathError = 1044, PathError = 1047, ActionButton = 1050, ActionField = 1049;

@@ -1,5 +1,5 @@
 // A desktop without windows. It runs the same dialogs as the real one; in place of a person at keyboard and
-// mouse, a user object is told of every window that opens and acts through the dialog's own functions.
+// mouse, a user object is notified of every window that opens and acts through the dialog's own functions.
 #pragma once
 
 #include <functional>

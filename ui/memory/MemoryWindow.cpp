@@ -42,7 +42,7 @@ int MemoryWindow::Result() const {
 }
 
 void MemoryWindow::Fail(std::exception_ptr failure) {
-    if (wasActive_ && !HasEnded() && dialog_.Survives(failure)) return;
+    if (wasActive_ && !HasEnded() && dialog_.RecoversFrom(failure)) return;
     if (!failure_) failure_ = std::move(failure);
     End(IdCancel);
 }

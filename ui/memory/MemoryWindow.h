@@ -23,7 +23,7 @@ class MemoryWindow final : public Window {
     MemoryWindow(Dialog& dialog, const platform::ScreenMetrics& metrics, uint32_t dpi,
                  std::function<void()> onEnd = {});
 
-    // Lays the controls out and tells the dialog; what its handler throws passes through.
+    // Lays the controls out and notifies the dialog; what its handler throws passes through.
     void Open();
 
     const Dialog& Owner() const { return dialog_; }

@@ -27,7 +27,7 @@ void DialogWindow::ReportOpeningBounds() {
 }
 
 void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
-    const Writing writing(*this);
+    const EchoGuard guard(*this);
     if (!MoveAtOnce()) MoveOneByOne();
     for (const auto& mirror : mirrors_) {
         mirror->Moved();
@@ -134,13 +134,13 @@ void DialogWindow::OnChangedDpi(uint32_t dpi, const RECT& suggested) {
 void DialogWindow::TakeDpi(uint32_t dpi) {
     const Size letter = rescaling_.LetterAt(dpi);
     {
-        const Writing writing(*this);
+        const EchoGuard guard(*this);
         rescaling_.ShowFont(window_, dpi);
         LayOut(letter);
         ReportOpeningBounds();
     }
     dialog_.UserChangedDpi(dpi, OpeningSize(letter));
-    const Writing writing(*this);
+    const EchoGuard guard(*this);
     for (const auto& mirror : mirrors_) mirror->ShowRescaled(dpi);
     ShowIcon();
 }
@@ -166,7 +166,7 @@ void DialogWindow::FitTo(POINT corner) {
     const Size client = dialog_.ClientSize();
     const Size outer = OuterSizeFor(window_, client, dialog_.Dpi());
     {
-        const Writing writing(*this);
+        const EchoGuard guard(*this);
         SetWindowPos(window_, nullptr, corner.x, corner.y, outer.width, outer.height, MoveFlags);
         // The frame may be another one than the system says.
         if (Client() != client) ResizeClient(window_, client);

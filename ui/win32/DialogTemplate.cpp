@@ -23,11 +23,11 @@ DWORD StyleOf(const DialogStyle& style) {
 DialogTemplate::DialogTemplate(const Dialog& dialog) {
     const auto& controls = dialog.Controls();
     const auto namePlates = std::count_if(controls.begin(), controls.end(), [&dialog](const auto* control) {
-        return NeedsNamePlate(dialog, *control);
+        return NeedsAccessibleLabel(dialog, *control);
     });
     AddHeader(dialog, static_cast<int>(controls.size()) + static_cast<int>(namePlates));
     for (Control* control : controls) {
-        if (NeedsNamePlate(dialog, *control)) AddNamePlate(*control);
+        if (NeedsAccessibleLabel(dialog, *control)) AddAccessibleLabel(*control);
         AddControl(*control);
     }
 }
@@ -54,8 +54,8 @@ void DialogTemplate::AddHeader(const Dialog& dialog, int items) {
     AddText(L"MS Shell Dlg");
 }
 
-void DialogTemplate::AddNamePlate(const Control& control) {
-    AddItem({WC_STATICW, SS_LEFT | SS_NOPREFIX}, 0, {}, NamePlateId(control), control.Name());
+void DialogTemplate::AddAccessibleLabel(const Control& control) {
+    AddItem({WC_STATICW, SS_LEFT | SS_NOPREFIX}, 0, {}, AccessibleLabelId(control), control.Name());
 }
 
 void DialogTemplate::AddControl(Control& control) {

@@ -13,7 +13,7 @@
 namespace ui::win32 {
 
 // The number of the invisible text right before a control that needs one; controls have lower numbers.
-inline int NamePlateId(const Control& control) {
+inline int AccessibleLabelId(const Control& control) {
     constexpr int BeyondControls = 0x4000;
     return BeyondControls + control.Id();
 }
@@ -28,7 +28,7 @@ class DialogTemplate {
 
   private:
     void AddHeader(const Dialog& dialog, int items);
-    void AddNamePlate(const Control& control);
+    void AddAccessibleLabel(const Control& control);
     void AddControl(Control& control);
     void AddItem(const WindowKind& kind, DWORD state, const Place& place, int id, std::wstring_view text);
     void AddWord(int value) { words_.push_back(static_cast<uint16_t>(value)); }

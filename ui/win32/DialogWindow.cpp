@@ -92,7 +92,7 @@ void DialogWindow::OpenModeless(HWND owner) {
 }
 
 void DialogWindow::Fail(std::exception_ptr exception) {
-    if (stage_ == Stage::InUse && dialog_.Survives(exception)) return;
+    if (stage_ == Stage::InUse && dialog_.RecoversFrom(exception)) return;
     if (!isAttended_) {
         taker_(std::move(exception));
     } else if (!exception_) {
@@ -107,7 +107,7 @@ INT_PTR DialogWindow::OnInit() {
     platform::win32::KeepSystemFromRescaling(window_);
     rescaling_.Attach(window_);
     {
-        const Writing writing(*this);
+        const EchoGuard guard(*this);
         MakeMirrors();
         ShowAll();
         ReportOpeningBounds();
@@ -138,7 +138,7 @@ void DialogWindow::ShowAll() {
         AcceptDrops();
     for (const auto& mirror : mirrors_) {
         mirror->ShowAll();
-        mirror->ShowName(SpokenName(dialog_, mirror->Mirrored()));
+        mirror->ShowName(AccessibleName(dialog_, mirror->Mirrored()));
         tooltips_.SetText(mirror->Window(), mirror->Mirrored().Tooltip());
     }
 }
@@ -146,11 +146,11 @@ void DialogWindow::ShowAll() {
 void DialogWindow::Show(const Control& control, Aspect aspect) {
     ControlMirror* const mirror = MirrorOf(control);
     if (mirror == nullptr) return;
-    const Writing writing(*this);
+    const EchoGuard guard(*this);
     mirror->Show(aspect);
     if (aspect == Aspect::Name) {
-        mirror->ShowName(SpokenName(dialog_, control));
-        SetDlgItemTextW(window_, NamePlateId(control), control.Name().c_str());
+        mirror->ShowName(AccessibleName(dialog_, control));
+        SetDlgItemTextW(window_, AccessibleLabelId(control), control.Name().c_str());
     }
     if (aspect == Aspect::Tooltip) tooltips_.SetText(mirror->Window(), control.Tooltip());
     if (aspect == Aspect::Enabled || aspect == Aspect::Visible) tooltips_.Follow(mirror->Window());
@@ -168,7 +168,7 @@ void DialogWindow::FollowFocus() const {
 }
 
 void DialogWindow::Show(const Dialog& dialog, DialogAspect aspect) {
-    const Writing writing(*this);
+    const EchoGuard guard(*this);
     switch (aspect) {
         case DialogAspect::Caption:
             SetWindowTextW(window_, dialog.Caption().c_str());

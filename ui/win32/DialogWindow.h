@@ -1,5 +1,5 @@
 // The real window of a dialog: made from the dialog's declarations by the system's dialog manager, it mirrors
-// the dialog's state and tells the dialog what the user does.
+// the dialog's state and reports to the dialog what the user does.
 #pragma once
 
 #include <windows.h>
@@ -83,19 +83,19 @@ class DialogWindow : public ui::Window {
     // In this order, none twice.
     enum class Stage {
         Making,   // the window and its controls do not show the dialog yet, which hears of nothing
-        Opening,  // the dialog initialises itself, and is told of sizes and asked for their limits
+        Opening,  // the dialog initialises itself, hears of sizes and is asked for their limits
         InUse,    // by the user
-        Ended,    // nothing is told to the dialog any more
+        Ended,    // nothing reaches the dialog any more
     };
 
     // While one lives, what the controls notify of, and how large the window becomes, is the echo of what the
     // program itself is changing.
-    class Writing {
+    class EchoGuard {
       public:
-        explicit Writing(DialogWindow& window) : window_(window) { ++window_.writing_; }
-        ~Writing() { --window_.writing_; }
-        Writing(const Writing&) = delete;
-        Writing& operator=(const Writing&) = delete;
+        explicit EchoGuard(DialogWindow& window) : window_(window) { ++window_.writing_; }
+        ~EchoGuard() { --window_.writing_; }
+        EchoGuard(const EchoGuard&) = delete;
+        EchoGuard& operator=(const EchoGuard&) = delete;
 
       private:
         DialogWindow& window_;

@@ -1,4 +1,4 @@
-// The window of a list view. It holds no rows of its own: it asks for the cells that it draws and tells of
+// The window of a list view. It holds no rows of its own: it asks for the cells that it draws and reports
 // changes of the selection, which are followed as they come and never read back as a whole.
 #pragma once
 

@@ -1,4 +1,4 @@
-// What list view windows tell and ask.
+// What list view windows report and ask for.
 #include <algorithm>
 
 #include "text/Case.h"

@@ -134,7 +134,7 @@ Win32Screen::Win32Screen(const platform::ScreenMetrics& metrics)
 Win32Screen::~Win32Screen() = default;
 
 int Win32Screen::RunModal(Dialog& dialog) {
-    ThrowStray();
+    RethrowDeferred();
     SweepClosed();
     DialogWindow window(dialog);
     const Asking asking(*waiting_);
@@ -144,10 +144,10 @@ int Win32Screen::RunModal(Dialog& dialog) {
 }
 
 void Win32Screen::OpenModeless(Dialog& dialog) {
-    ThrowStray();
+    RethrowDeferred();
     SweepClosed();
-    auto window =
-        std::make_unique<DialogWindow>(dialog, [this](std::exception_ptr e) { TakeStray(std::move(e)); });
+    auto window = std::make_unique<DialogWindow>(
+        dialog, [this](std::exception_ptr e) { DeferException(std::move(e)); });
     DialogWindow& opened = *window;
     modeless_.push_back(std::move(window));
     opened.OpenModeless(HandleOf(WindowOf(dialog.Parent())));
@@ -166,7 +166,7 @@ void Win32Screen::SweepClosed() {
     std::erase_if(modeless_, [](const auto& window) { return window->IsOver(); });
 }
 
-void Win32Screen::TakeStray(std::exception_ptr exception) {
+void Win32Screen::DeferException(std::exception_ptr exception) {
     if (!modal_.empty()) {
         modal_.back()->Fail(std::move(exception));
     } else if (!stray_) {
@@ -174,7 +174,7 @@ void Win32Screen::TakeStray(std::exception_ptr exception) {
     }
 }
 
-void Win32Screen::ThrowStray() {
+void Win32Screen::RethrowDeferred() {
     if (stray_) std::rethrow_exception(std::exchange(stray_, nullptr));
 }
 

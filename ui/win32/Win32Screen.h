@@ -35,8 +35,8 @@ class Win32Screen : public ui::Screen {
 
     DialogWindow* WindowOf(const Dialog* dialog) const;  // none when the dialog is not open
     void SweepClosed();
-    void TakeStray(std::exception_ptr exception);
-    void ThrowStray();
+    void DeferException(std::exception_ptr exception);
+    void RethrowDeferred();
 
     const platform::ScreenMetrics& metrics_;
     const std::unique_ptr<const ShortcutKeys> shortcutKeys_;

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "config/ExchangeFile.h"
+#include "config/ExchangeFormat.h"
 #include "platform/memory/MemoryCodePage.h"
 #include "tests/config/ExchangeText.h"
 #include "tests/torture/ShortMemory.h"

@@ -167,7 +167,7 @@ void CheckFocus(HWND dialog, HWND window, const ui::Control& control) {
 
 // What a screen reader finds before a control that does not say itself what it is.
 void CheckNamePlate(HWND dialog, HWND window, const ui::Control& control) {
-    const HWND plate = GetDlgItem(dialog, ui::win32::NamePlateId(control));
+    const HWND plate = GetDlgItem(dialog, ui::win32::AccessibleLabelId(control));
     ASSERT_NE(nullptr, plate);
     EXPECT_EQ(plate, GetWindow(window, GW_HWNDPREV));
     EXPECT_EQ(control.Name(), ui::win32::TextOf(plate));
@@ -179,7 +179,7 @@ void CheckListName(HWND window, const ui::Dialog& mirrored, const ui::Control& c
     const bool isList = dynamic_cast<const ui::ListView*>(&control) != nullptr ||
                         dynamic_cast<const ui::ListBox*>(&control) != nullptr;
     if (isList) {
-        EXPECT_EQ(ui::SpokenName(mirrored, control), ui::win32::TextOf(window));
+        EXPECT_EQ(ui::AccessibleName(mirrored, control), ui::win32::TextOf(window));
     }
 }
 
@@ -207,7 +207,7 @@ void CheckControl(HWND dialog, const ui::Dialog& mirrored, const TooltipWindow& 
     CheckBounds(dialog, window, control);
     CheckFocus(dialog, window, control);
     CheckTooltip(tooltips, dialog, window, control);
-    if (ui::NeedsNamePlate(mirrored, control)) CheckNamePlate(dialog, window, control);
+    if (ui::NeedsAccessibleLabel(mirrored, control)) CheckNamePlate(dialog, window, control);
     CheckListName(window, mirrored, control);
     Checker checker(window);
     control.Accept(checker);

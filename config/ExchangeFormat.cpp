@@ -1,4 +1,4 @@
-#include "config/ExchangeFile.h"
+#include "config/ExchangeFormat.h"
 
 #include <algorithm>
 
@@ -8,15 +8,15 @@ namespace config {
 namespace {
 
 constexpr wchar_t fieldEnd = L'\n';
-constexpr wchar_t recordEnd = L'\r';  // behind the end of the last field
+constexpr wchar_t recordEnd = L'\r';  // after the end of the last field
 constexpr char fieldEndByte = '\n';
 constexpr std::string_view recordEndBytes = "\n\r";
 constexpr std::wstring_view betweenEntries = L";;";
 constexpr std::wstring_view betweenSignerLists = L";\\;";
 constexpr std::wstring_view emptyList = L"0";
-constexpr auto fewestFields = 12;  // of a rule; those behind the second output folder may be missing
+constexpr auto fewestFields = 12;  // of a rule; those after the second output folder may be missing
 
-// All fields of a record in their order, each on a line of its own. A record may end behind any of them from
+// All fields of a record in their order, each on a line of its own. A record may end after any of them from
 // the twelfth on.
 template <class AnyRule, class Visitor>
 void VisitRecord(AnyRule& rule, Visitor& visit) {
@@ -141,7 +141,7 @@ class RecordReader {
 void ReadRule(std::wstring_view record, Rule& rule) {
     RecordReader reader(record);
     VisitRecord(rule, reader);
-    GiveArchiveKind(rule);
+    SetLegacyArchiveKind(rule);
 }
 
 }  // namespace

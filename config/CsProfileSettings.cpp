@@ -1,4 +1,4 @@
-#include "config/StoreProfileSettings.h"
+#include "config/CsProfileSettings.h"
 
 #include <algorithm>
 
@@ -11,7 +11,7 @@ namespace {
 template <class Visitor>
 void VisitLists(const Visitor& visit) {
     using Profile = ServiceProfile;
-    using Settings = StoreProfileSettings;
+    using Settings = CsProfileSettings;
     visit(&Profile::ServerTSP, &Settings::ServerTSP);
     visit(&Profile::NotUseLDAP, &Settings::NotUseLDAP);
     visit(&Profile::NotCopyToLocal, &Settings::NotCopyToLocal);
@@ -31,8 +31,8 @@ auto At(Entries& entries, size_t index) {
 
 }  // namespace
 
-StoreProfileSettings SettingsAt(const ServiceProfile& profile, size_t index) {
-    StoreProfileSettings settings;
+CsProfileSettings SettingsAt(const ServiceProfile& profile, size_t index) {
+    CsProfileSettings settings;
     VisitLists([&](auto list, auto setting) {
         const auto& entries = profile.*list;
         if (index < entries.size()) settings.*setting = entries[index];
@@ -40,8 +40,8 @@ StoreProfileSettings SettingsAt(const ServiceProfile& profile, size_t index) {
     return settings;
 }
 
-void PutSettings(ServiceProfile& profile, size_t index, const StoreProfileSettings& settings) {
-    const StoreProfileSettings defaults;
+void PutSettings(ServiceProfile& profile, size_t index, const CsProfileSettings& settings) {
+    const CsProfileSettings defaults;
     VisitLists([&](auto list, auto setting) {
         auto& entries = profile.*list;
         if (index >= entries.size()) {
@@ -58,8 +58,8 @@ bool IsAttached(const ServiceProfile& profile, std::wstring_view name) {
                        [&wanted](const std::wstring& attached) { return text::Upper(attached) == wanted; });
 }
 
-void AttachStoreProfile(ServiceProfile& profile, std::wstring name) {
-    const StoreProfileSettings defaults;
+void AttachCsProfile(ServiceProfile& profile, std::wstring name) {
+    const CsProfileSettings defaults;
     const size_t index = profile.ZCSProfile.size();
     profile.ZCSProfile.push_back(std::move(name));
     VisitLists([&](auto list, auto setting) {
@@ -69,7 +69,7 @@ void AttachStoreProfile(ServiceProfile& profile, std::wstring name) {
     });
 }
 
-void DetachStoreProfile(ServiceProfile& profile, size_t index) {
+void DetachCsProfile(ServiceProfile& profile, size_t index) {
     profile.ZCSProfile.erase(At(profile.ZCSProfile, index));
     VisitLists([&](auto list, auto) {
         auto& entries = profile.*list;

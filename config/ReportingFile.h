@@ -34,8 +34,8 @@ class FileContent {
 
 inline constexpr std::wstring_view MemoryRefused = L"Memory allocation";
 
-// One file on its way from opening to closing. Each step reports its failure and tells whether it succeeded;
-// a file that a failure leaves open is closed without another report.
+// One file on its way from opening to closing. Each step reports its failure and returns whether it
+// succeeded; a file that a failure leaves open is closed without another report.
 class ReportingFile {
   public:
     // owner: none, or the dialog that the reports belong to.

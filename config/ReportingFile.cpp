@@ -1,4 +1,4 @@
-#include "config/ExchangeFiles.h"
+#include "config/ReportingFile.h"
 
 #include <limits>
 #include <span>
@@ -39,7 +39,7 @@ bool ReportingFile::ReadAll(FileContent& content, std::wstring_view refusal) {
     if (!Succeeded(files.Size(file_, size), L"Getting size of file %s")) return false;
 
     if (size > largestRead) return Succeeded(code::NotEnoughMemory, refusal);
-    const size_t room = static_cast<size_t>(size) + 1;  // for a zero byte behind the content
+    const size_t room = static_cast<size_t>(size) + 1;  // for a zero byte after the content
     platform::Win32Code error = code::Success;
     std::unique_ptr<std::byte[]> block = services_.Machine.Memory.Allocate(room, error);
     if (!block) return Succeeded(error, refusal);

@@ -21,7 +21,7 @@ struct ExchangedRules {
     std::vector<Rule> rules;
 };
 
-// Takes any bytes. The text ends at the first zero byte; what stands behind its last whole record is left
+// Takes any bytes. The text ends at the first zero byte; what stands after its last whole record is left
 // out.
 ExchangedRules ParseExchangeText(std::string_view text, const platform::CodePage& codePage);
 
