@@ -5,7 +5,7 @@ list(FILTER fast_sources EXCLUDE REGEX "/config/(Load|Redo|RoundTrip|Save|Store)
 foreach(name GroupsFile NameFields NameRows OwnerSearch PickerNames)
     list(APPEND fast_sources certs/${name}.cpp)
 endforeach()
-list(APPEND fast_sources crypto/FindResult.cpp crypto/LibrarySearch.cpp crypto/NameList.cpp app/RuleCommands.cpp
+list(APPEND fast_sources crypto/LibrarySearch.cpp crypto/NameList.cpp app/RuleCommands.cpp
      app/RuleList.cpp app/RuleTexts.cpp ui/Choices.cpp ui/ListView.cpp)
 if(NOT MSVC)
     set_source_files_properties(${fast_sources} PROPERTIES COMPILE_OPTIONS -O2 SKIP_PRECOMPILE_HEADERS ON)

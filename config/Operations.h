@@ -1,7 +1,5 @@
-// What a rule can do with a file: the 24 operations, and the options that some of them have. Whatever differs
-// from operation to operation - the rule editor's form, what a finished rule keeps, how the rule list shows
-// it
-// - follows from these rows.
+// What a rule can do with a file: the 24 operations, and the options that some of them have. The rule
+// editor's form, what a finished rule keeps and how the rule list shows it follow from these rows.
 #pragma once
 
 #include <array>
