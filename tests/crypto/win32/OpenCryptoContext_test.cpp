@@ -2,9 +2,14 @@
 // work and while the program says that it failed.
 #include <windows.h>
 
+#include <algorithm>
+
+#include "certs/PreEncryptDlg.h"
+#include "certs/SignerList.h"
 #include "crypto/OpenCryptoContext.h"
 #include "errors/MessageBoxes.h"
 #include "tests/crypto/CryptoTest.h"
+#include "tests/support/Ids.h"
 #include "tests/support/win32/Input.h"
 #include "tests/support/win32/Win32Robot.h"
 
@@ -32,21 +37,25 @@ class WaitingForLibrary : public CryptoTest {
     crypto::PickerSettings settings_;
 };
 
+// Neither while the context is opened nor while it is closed.
 TEST_F(WaitingForLibrary, ASecondClickOpensNoSecondContext) {
-    library_.OnCall([this](const std::string&) {
-        const HWND button = GetDlgItem(WindowOf(opener_), Go);
-        const POINT at = input::CenterOf(button);
-        PostMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
-        PostMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+    certs::SignerList form(services_, nullptr, csProfile_, settings_, {});
+    user_.Expect<certs::SignerList>([&](certs::SignerList&) {
+        library_.OnCall([&form](const std::string&) {
+            const HWND button = GetDlgItem(WindowOf(form), signersid::Add);
+            const POINT at = input::CenterOf(button);
+            PostMessageW(button, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(at.x, at.y));
+            PostMessageW(button, WM_LBUTTONUP, 0, MAKELPARAM(at.x, at.y));
+        });
+        user_.Expect<certs::CPreEncryptDlg>([this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
+        user_.Click(signersid::Add);
+        library_.OnCall([](const std::string&) {});
+        user_.Click(ui::IdCancel);
     });
-    int clicks = 0;
-    bool opened = false;
-    InDialog([&] {
-        if (++clicks == 1)
-            opened = crypto::OpenCryptoContext(services_, opener_, csProfile_, settings_).has_value();
-    });
-    EXPECT_TRUE(opened);
-    EXPECT_EQ(clicks, 1);
+    form.DoModal();
+    EXPECT_EQ(library_.Calls().front(), "Initialize \"Office\" 0x80000040");
+    EXPECT_EQ(library_.Calls().back(), "Uninitialize");
+    EXPECT_EQ(std::ranges::count(library_.Calls(), library_.Calls().front()), 1);
 }
 
 TEST_F(WaitingForLibrary, TheBoxAboutTheNetworkStoreLetsNothingElseTakeInput) {
