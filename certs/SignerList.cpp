@@ -79,7 +79,7 @@ void SignerList::Edit() {
     Refill();
 }
 
-std::optional<config::SignerListEntry> SignerList::RunPicker(config::SignerListEntry list) {
+std::optional<config::SignerListEntry> SignerList::RunPicker(const config::SignerListEntry& list) {
     const ui::WaitCursor wait(Screen());  // closing the context may take long, too
     const auto opened = crypto::OpenCryptoContext(services_, *this, csProfile_, settings_);
     if (!opened) return std::nullopt;

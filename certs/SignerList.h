@@ -37,7 +37,7 @@ class SignerList : public ui::Dialog {
     void Delete();
     void ShowMembers(const ui::ListHit& hit);
     // Nothing: the user gave up, or there was no context.
-    std::optional<config::SignerListEntry> RunPicker(config::SignerListEntry list);
+    std::optional<config::SignerListEntry> RunPicker(const config::SignerListEntry& list);
 
     const config::Services services_;
     const std::wstring csProfile_;

@@ -53,11 +53,11 @@ class ScopedKey {
 }  // namespace
 
 RegistryStore::~RegistryStore() {
-    if (current_.handle != KeyHandle::None) registry_.Close(current_.handle);
+    if (current_.handle != KeyHandle::None) static_cast<void>(registry_.Close(current_.handle));
 }
 
 void RegistryStore::MakeCurrent(Key key) {
-    if (current_.handle != KeyHandle::None) registry_.Close(current_.handle);
+    if (current_.handle != KeyHandle::None) static_cast<void>(registry_.Close(current_.handle));
     current_ = std::move(key);
 }
 
@@ -92,7 +92,7 @@ bool RegistryStore::Close(const errors::ReportContext& context, const std::wstri
 }
 
 void RegistryStore::Flush() {
-    registry_.Flush(current_.handle);
+    static_cast<void>(registry_.Flush(current_.handle));
 }
 
 bool RegistryStore::EnumerateSubkeys(std::vector<std::wstring>& names, const errors::ReportContext& context) {

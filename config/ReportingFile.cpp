@@ -22,7 +22,7 @@ std::string_view FileContent::Bytes() const {
 }
 
 ReportingFile::~ReportingFile() {
-    if (file_ != platform::FileHandle::None) services_.Machine.Files.Close(file_);
+    if (file_ != platform::FileHandle::None) static_cast<void>(services_.Machine.Files.Close(file_));
 }
 
 bool ReportingFile::Open() {

@@ -134,7 +134,7 @@ void MoveChoice(ChoiceControl& choice, VirtualKey key) {
     const size_t last = choice.Items().size() - 1;
     const std::optional<size_t> before = choice.Selected();
     std::optional<size_t> index = before;
-    if (key == VirtualKey::Up) index = before.value_or(0) == 0 ? 0 : *before - 1;
+    if (key == VirtualKey::Up) index = std::max<size_t>(before.value_or(0), 1) - 1;
     if (key == VirtualKey::Down) index = before ? std::min(*before + 1, last) : 0;
     if (key == VirtualKey::Home) index = 0;
     if (key == VirtualKey::End) index = last;
