@@ -2,10 +2,13 @@
 """Measures the strength of the tests: changes one small thing in the product, builds it, and looks whether any test
 fails, those of the changed folder first. Does so for a random sample of changes and reports the share that was noticed.
 
-Usage: run.py [--windows] [--count N] [--seed N] [--files REGEX]
+Usage: run.py [--windows] [--count N] [--from N] [--seed N] [--files REGEX]
 
 Without --windows the portable code is changed and the native tests are run, without sanitizers. With it the back ends
 for Windows are changed and the tests are run on real windows under Wine, those of the released program last.
+
+A sample that takes too long for one run is tried in pieces: --from goes on after so many changes of the same seed and
+the same sources.
 
 Works on copies of the checkout under build/mutation/, where what was built stays for the next time. Changes that do not
 compile are not counted. Survivors are written to build/mutation/survivors.txt (survivors-windows.txt) with file, line
@@ -77,9 +80,10 @@ def measure(target, options):
     random.Random(options.seed).shuffle(candidates)
     records = Records(target.records)
     started = time.monotonic()
-    for change in candidates:
+    for change in candidates[options.first:]:
         if records.total() == options.count:
             break
+        options.first += 1
         began = time.monotonic()
         failed = failures(target, change)
         if failed is not None:
@@ -87,7 +91,7 @@ def measure(target, options):
     minutes = (time.monotonic() - started) / 60
     share = 100 * records.noticed / max(1, records.total())
     print(f"{records.noticed} of {records.total()} changes noticed ({share:.1f} %), out of {len(candidates)} possible,"
-          f" in {minutes:.1f} minutes")
+          f" in {minutes:.1f} minutes; the next is --from {options.first}")
     return pass_unchanged(target)  # else a change has left something that others were noticed by
 
 
@@ -95,6 +99,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--windows", action="store_true", help="change the back ends for Windows, test under Wine")
     parser.add_argument("--count", type=int, default=300, help="changes to be tried")
+    parser.add_argument("--from", dest="first", type=int, default=0, help="as the run before this one has said")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--files", default="", help="only files whose path matches")
     options = parser.parse_args()
