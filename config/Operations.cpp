@@ -16,7 +16,7 @@ constexpr Options moving{&DeleteExtension, &AddExtension, &AccountingFormat, &Ac
 constexpr Options packing{&FileCount, &ArchiveSize, &ArchiveTimeout, &ArchiveNames};
 constexpr Options executing{&ExecutionTimeout};
 
-constexpr std::array<Operation, 24> operations{{
+constexpr auto operations = std::to_array<Operation>({
     {.code = L"ENCR", .displayName = L"Encrypt", .holds = Recipients, .options = archiveIfAny},
     {.code = L"DECR", .displayName = L"Decrypt", .options = archiveIfAny},
     {.code = L"HASH", .displayName = L"Hash file"},
@@ -55,7 +55,7 @@ constexpr std::array<Operation, 24> operations{{
      .holds = Executable,
      .usesCsProfile = false,
      .options = executing},
-}};
+});
 
 }  // namespace
 

@@ -1,4 +1,4 @@
-// What a rule can do with a file: the 24 operations, and the options that some of them have. The rule
+// What a rule can do with a file: the operations, and the options that some of them have. The rule
 // editor's form, what a finished rule keeps and how the rule list shows it follow from these rows.
 #pragma once
 

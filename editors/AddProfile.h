@@ -37,7 +37,7 @@ class CAddCSProfDlg : public ui::Dialog {
 
 class CAddProfile : public ui::Dialog {
   public:
-    // profile: one without a name is a new one. profileNames: of all profiles. csProfileNames: the store
+    // profile: one without a name is a new one. profileNames: of all profiles. csProfileNames: the CS
     // profiles that can be attached. memory must outlive the dialog.
     CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
                 std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames,

@@ -42,16 +42,18 @@ def kept_values():
     return re.findall(r'visit\.\w+\(L"([^"]+)"', source)
 
 
-def operation_codes():
+def operations():
+    """Code and name of each. There are some: a table that has another form must not go unchecked."""
     source = (root / "config" / "Operations.cpp").read_text(encoding="utf-8")
-    return re.findall(r'L"([A-Z0-9]{4})"', source)
+    found = re.findall(r'\.code = L"(\w+)",\s*\.displayName = L"([^"]+)"', source)
+    assert found and len(found) == source.count(".code = "), "config/Operations.cpp cannot be read"
+    return found
 
 
 def undrawn_operations():
-    source = (root / "config" / "Operations.cpp").read_text(encoding="utf-8")
     rows = "\n".join(path.read_text(encoding="utf-8") for path in sorted(guide.glob("drawings/*.txt")))
     drawn = {name for cell in re.findall(r"-> ([^(\n]+?) *(?:\(|->|$)", rows, re.MULTILINE) for name in cell.split(" + ")}
-    for name in re.findall(r'\{L"[A-Z0-9]{4}", L"([^"]+)"\}', source):
+    for _, name in operations():
         if name not in drawn:
             yield f"in no drawing: the operation {name}"
 
@@ -96,7 +98,7 @@ def main() -> int:
     whole = re.sub(r"\s+", " ", "\n".join(pages.values()))
     found = sorted({f"{path}: not in the guide: {text}" for path, text in shown_texts() if text not in whole})
     found += [f"not in the guide: the value {name}" for name in kept_values() if f"`{name}" not in whole]
-    found += [f"not in the guide: the operation {code}" for code in operation_codes() if f"| {code} |" not in whole]
+    found += [f"not in the guide: the operation {code}" for code, _ in operations() if f"| {code} |" not in whole]
     found += list(bad_links(pages)) + list(unused_pictures(whole)) + list(stale_drawings())
     found += list(undrawn_operations()) + list(swallowed_texts(pages))
     print(*found, sep="\n", end="\n" if found else "")

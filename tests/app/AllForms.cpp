@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "app/AboutDlg.h"
+#include "config/Operations.h"
 #include "crypto/OpenCryptoContext.h"
 #include "editors/AddProfile.h"
 #include "editors/MaskList.h"
@@ -14,7 +15,7 @@
 namespace tests {
 namespace {
 
-constexpr int operations = 24, checkSignature = 6, execute = 23;  // places in the list of operations
+constexpr int checkSignature = 6, execute = 23;  // places in the list of operations
 constexpr int actionColumn = 8;
 
 }  // namespace
@@ -95,7 +96,7 @@ void AllForms::BeRefused() {
 }
 
 void AllForms::VisitOperations() {
-    for (int operation = 0; operation < operations; ++operation) {
+    for (int operation = 0; operation < static_cast<int>(config::Operations().size()); ++operation) {
         user_.Choose(ruleid::Operation, operation);
         look_(user_.Top(), user_.Get<ui::ComboBox>(ruleid::Operation).SelectedItem());
     }

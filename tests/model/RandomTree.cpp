@@ -109,8 +109,9 @@ Tree RandomTree(Dice& dice) {
     if (dice.Chance(50)) root[L"LogPath"] = L"C:\\Logs";
     if (dice.Chance(50)) root[L"Log filesize"] = static_cast<int32_t>(dice.Below(10'000));
     // No profile's revocation lists are due as long as a walk lasts: the editor would note the time.
-    root[L"LastCrlUpdate"] =
-        Texts{L";;2147483647", L"Office;;2147483647", L"Bank;;2147483647", L"Tax;;2147483647"};
+    Texts& fresh = std::get<Texts>(root[L"LastCrlUpdate"] = Texts());
+    for (const wchar_t* name : {L"", L"Office", L"office", L"Bank", L"Tax", L"TAX", L"Gone"})
+        fresh.push_back(name + std::wstring(L";;2147483647"));
     for (const wchar_t* name : {L"Alpha", L"beta", L"Gamma"})
         if (dice.Chance(70)) PutProfile(dice, name, tree);
     return tree;
