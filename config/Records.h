@@ -96,8 +96,8 @@ void VisitSignerList(AnyList& list, Visitor& visit) {
     visit.Values(L"S", list.Signers);
 }
 
-// The lists from ServerTSP to CrlUpdatePeriod are parallel: entry i of each belongs to the CS profile named by
-// entry i of ZCSProfile. A configuration edited by hand may hold lists of unequal length.
+// The lists from ServerTSP to CrlUpdatePeriod are parallel: entry i of each belongs to the CS profile named
+// by entry i of ZCSProfile. A configuration edited by hand may hold lists of unequal length.
 struct ServiceProfile {
     std::wstring Name;  // also the name of its registry key
     std::vector<Rule> Rules;
