@@ -42,9 +42,8 @@ CBrisgateApp::CBrisgateApp(const platform::Machine& machine, ui::Screen& screen,
     });
     screen_.SetGuideHandler([this, &guide](const ui::Dialog& dialog) {
         if (guide.Show(dialog.Style().guidePage) != platform::code::Success)
-            errors::Warn(
-                screen_, &dialog,
-                L"The guide cannot be opened. It belongs into the folder \"guide\" beside the program.");
+            errors::Warn(screen_, &dialog,
+                         L"The guide cannot be opened. It belongs into the folder \"guide\" beside the program.");
     });
 }
 

@@ -18,8 +18,7 @@ CBrisgateDlg::CBrisgateDlg(const config::Services& services)
       services_(services),
       ruleList_(rules_, *this, services_, [this] {
           const config::ServiceProfile* profile = OpenedProfile();
-          return profile == nullptr ? std::span<const config::Rule>()
-                                    : std::span<const config::Rule>(profile->Rules);
+          return profile == nullptr ? std::span<const config::Rule>() : std::span<const config::Rule>(profile->Rules);
       }) {
     AddShortcuts();
     profileLabel_.SetName(L"Opened profile");
@@ -97,8 +96,7 @@ bool CBrisgateDlg::PutsOffUnfinishedSave(config::RedoRecord& unfinished) {
                      L"The last save was not completed, and its record cannot be read.\r\n"
                      L"Please, check profiles and rules and save them again.");
     if (state != State::Whole) return false;
-    if (!errors::Propose(Screen(), this, L"The last save was not completed.\r\nComplete it now?"))
-        return true;
+    if (!errors::Propose(Screen(), this, L"The last save was not completed.\r\nComplete it now?")) return true;
     unfinished.Complete();
     return false;
 }
@@ -220,8 +218,7 @@ void CBrisgateDlg::Store() {
 }
 
 bool CBrisgateDlg::CanClose() {
-    return !changed_ ||
-           errors::Confirm(Screen(), this, L"Some changes has not been saved. Exit without saving?");
+    return !changed_ || errors::Confirm(Screen(), this, L"Some changes has not been saved. Exit without saving?");
 }
 
 void CBrisgateDlg::OnOK() {

@@ -40,8 +40,7 @@ class CBrisgateDlg : public ui::Dialog {
         const wchar_t* menu;
         const wchar_t* text;
         void (CBrisgateDlg::*run)();
-        ui::IconButton CBrisgateDlg::*profileButton =
-            nullptr;  // that also asks for it, when it needs a profile
+        ui::IconButton CBrisgateDlg::*profileButton = nullptr;  // that also asks for it, when it needs a profile
 
         constexpr bool NeedsProfile() const { return profileButton != nullptr; }
     };
@@ -81,8 +80,7 @@ class CBrisgateDlg : public ui::Dialog {
         size_t position;
     };
     std::optional<ChosenRule> FirstChosenRule();
-    std::optional<config::Rule> RunRuleEditor(const config::ServiceProfile& profile,
-                                              const config::Rule& rule);
+    std::optional<config::Rule> RunRuleEditor(const config::ServiceProfile& profile, const config::Rule& rule);
     void ShowChangedRules();
     // Selects the row and brings it into view, where it exists: a search may hide it.
     void ShowRule(size_t row);
@@ -121,51 +119,33 @@ class CBrisgateDlg : public ui::Dialog {
     ui::IconButton saveIcon_{*this, 1021, {7, 9, 32, 32}, ui::Icon::Save, L"Save", [this] { Save(); }};
     ui::IconButton logPath_{
         *this, 1022, {39, 9, 32, 32}, ui::Icon::LogSettings, L"Log path", [this] { EditLogSettings(); }};
-    ui::IconButton addRule_{
-        *this, 1023, {76, 9, 32, 32}, ui::Icon::RuleAdd, L"Add rule", [this] { AddRule(); }};
-    ui::IconButton copyRule_{
-        *this, 1037, {108, 9, 32, 32}, ui::Icon::RuleCopy, L"Copy rule", [this] { CopyRule(); }};
-    ui::IconButton editRule_{
-        *this, 1024, {140, 9, 32, 32}, ui::Icon::RuleEdit, L"Edit rule", [this] { EditRule(); }};
+    ui::IconButton addRule_{*this, 1023, {76, 9, 32, 32}, ui::Icon::RuleAdd, L"Add rule", [this] { AddRule(); }};
+    ui::IconButton copyRule_{*this, 1037, {108, 9, 32, 32}, ui::Icon::RuleCopy, L"Copy rule", [this] { CopyRule(); }};
+    ui::IconButton editRule_{*this, 1024, {140, 9, 32, 32}, ui::Icon::RuleEdit, L"Edit rule", [this] { EditRule(); }};
     ui::IconButton deleteRule_{
         *this, 1025, {172, 9, 32, 32}, ui::Icon::RuleDelete, L"Delete rule", [this] { DeleteRules(); }};
     ui::IconButton makeFirst_{
         *this, 1026, {204, 9, 32, 32}, ui::Icon::RuleFirst, L"Make first", [this] { MakeFirst(); }};
     ui::IconButton moveUp_{*this, 1027, {236, 9, 32, 32}, ui::Icon::RuleUp, L"Move up", [this] { MoveUp(); }};
-    ui::IconButton moveDown_{
-        *this, 1028, {268, 9, 32, 32}, ui::Icon::RuleDown, L"Move down", [this] { MoveDown(); }};
-    ui::IconButton makeLast_{
-        *this, 1029, {300, 9, 32, 32}, ui::Icon::RuleLast, L"Make last", [this] { MakeLast(); }};
+    ui::IconButton moveDown_{*this, 1028, {268, 9, 32, 32}, ui::Icon::RuleDown, L"Move down", [this] { MoveDown(); }};
+    ui::IconButton makeLast_{*this, 1029, {300, 9, 32, 32}, ui::Icon::RuleLast, L"Make last", [this] { MakeLast(); }};
     ui::IconButton addProfile_{
         *this, 1031, {337, 9, 32, 32}, ui::Icon::ProfileAdd, L"Add profile", [this] { AddProfile(); }};
     ui::IconButton editProfile_{
         *this, 1032, {369, 9, 32, 32}, ui::Icon::ProfileEdit, L"Edit profile", [this] { EditProfile(); }};
-    ui::IconButton deleteProfile_{*this,
-                                  1033,
-                                  {401, 9, 32, 32},
-                                  ui::Icon::ProfileDelete,
-                                  L"Delete profile",
-                                  [this] { DeleteProfile(); }};
-    ui::IconButton exportRules_{*this,
-                                1034,
-                                {433, 9, 32, 32},
-                                ui::Icon::RulesExport,
-                                L"Export profile rules",
-                                [this] { ExportRules(); }};
-    ui::IconButton importRules_{*this,
-                                1035,
-                                {465, 9, 32, 32},
-                                ui::Icon::RulesImport,
-                                L"Import profile rules",
-                                [this] { ImportRules(); }};
+    ui::IconButton deleteProfile_{
+        *this, 1033, {401, 9, 32, 32}, ui::Icon::ProfileDelete, L"Delete profile", [this] { DeleteProfile(); }};
+    ui::IconButton exportRules_{
+        *this, 1034, {433, 9, 32, 32}, ui::Icon::RulesExport, L"Export profile rules", [this] { ExportRules(); }};
+    ui::IconButton importRules_{
+        *this, 1035, {465, 9, 32, 32}, ui::Icon::RulesImport, L"Import profile rules", [this] { ImportRules(); }};
     ui::Label searchCaption_{*this, 1120, {506, 9, 107, 16, ui::GrowX}, L"Search by field \"Description\""};
     ui::Edit search_{*this, 1079, {506, 26, 100, 14, ui::GrowX}, {}, [this] { RefillRules(); }};
     ui::Edit profileLabel_{*this, 1041, {8, 43, 112, 14}, {.readOnly = true}};
     ui::Edit csProfileLabel_{*this, 1042, {133, 43, 473, 14, ui::GrowX}, {.readOnly = true}};
     ui::ListView profiles_{*this, 1001, {8, 60, 112, 90, ui::GrowY}, {.singleSelection = true}};
     ui::ListView rules_{*this, 1030, {133, 60, 473, 90, ui::GrowBoth}, {.checkBoxes = true}};
-    ui::Button configurations_{
-        *this, 1036, {21, 151, 12, 11}, L"Configurations", [this] { EditExtensions(); }};
+    ui::Button configurations_{*this, 1036, {21, 151, 12, 11}, L"Configurations", [this] { EditExtensions(); }};
     ui::Button openProfile_{*this, 1053, {7, 152, 12, 8}, L"Open profile", [this] { OpenProfile(); }};
     ui::Button save_{*this, 1000, {426, 167, 50, 19, ui::MoveBoth}, L"Save", [this] { Save(); }};
     ui::Button saveAndExit_{*this, ui::IdOk, {482, 167, 50, 19, ui::MoveBoth}, L"Save and exit"};

@@ -54,8 +54,7 @@ void CBrisgateDlg::CreateMenus() {
 }
 
 void CBrisgateDlg::EnableProfileControls(bool enabled) {
-    for (ui::Control* control :
-         std::initializer_list<ui::Control*>{&profileLabel_, &csProfileLabel_, &rules_})
+    for (ui::Control* control : std::initializer_list<ui::Control*>{&profileLabel_, &csProfileLabel_, &rules_})
         control->Enable(enabled);
     std::vector<int> onMenus;
     for (const Command& command : Commands()) {

@@ -10,8 +10,7 @@
 
 namespace app {
 
-std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(
-    const config::ServiceProfile& profile) {
+std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(const config::ServiceProfile& profile) {
     std::vector<std::wstring> names;
     names.reserve(configuration_.Profiles.size());
     for (const config::ServiceProfile& known : configuration_.Profiles) names.push_back(known.Name);
@@ -65,8 +64,7 @@ void CBrisgateDlg::EditProfile() {
 
 void CBrisgateDlg::DeleteProfile() {
     const std::optional<size_t> row = profiles_.FirstSelected();
-    if (!row || !errors::Confirm(Screen(), this, text::Format(L"Delete profile '%s'?", openedProfile_)))
-        return;
+    if (!row || !errors::Confirm(Screen(), this, text::Format(L"Delete profile '%s'?", openedProfile_))) return;
     if (profiles_.RowCount() < 2) return errors::Warn(Screen(), this, L"Last profile cannot be deleted.");
     CloseProfile();
     configuration_.Profiles.erase(configuration_.Profiles.begin() + static_cast<std::ptrdiff_t>(*row));

@@ -32,8 +32,8 @@ void CBrisgateDlg::ShowRule(size_t row) {
 
 std::optional<config::Rule> CBrisgateDlg::RunRuleEditor(const config::ServiceProfile& profile,
                                                         const config::Rule& rule) {
-    editors::CAddRule editor(services_, this, profile, SuggestedMasks(configuration_.Settings, profile.Rules),
-                             rule, editorMemory_);
+    editors::CAddRule editor(services_, this, profile, SuggestedMasks(configuration_.Settings, profile.Rules), rule,
+                             editorMemory_);
     if (RunForm(editor) != ui::IdOk) return std::nullopt;
     return editor.Result();
 }
@@ -114,8 +114,7 @@ void CBrisgateDlg::MakeLast() {
 
 void CBrisgateDlg::ApplyCheckBoxes() {
     config::ServiceProfile* const profile = OpenedProfile();
-    if (profile != nullptr && ruleList_.IsFilled() && SwitchRules(rules_.Checks(), profile->Rules))
-        changed_ = true;
+    if (profile != nullptr && ruleList_.IsFilled() && SwitchRules(rules_.Checks(), profile->Rules)) changed_ = true;
 }
 
 // A command that comes while the list still has the keyboard must not lose a box that was just ticked. While
@@ -125,8 +124,7 @@ void CBrisgateDlg::ApplyNewChecks() {
 }
 
 void CBrisgateDlg::ExportRules() {
-    if (const config::ServiceProfile* const profile = OpenedProfile())
-        app::ExportRules(services_, this, *profile);
+    if (const config::ServiceProfile* const profile = OpenedProfile()) app::ExportRules(services_, this, *profile);
 }
 
 void CBrisgateDlg::ImportRules() {

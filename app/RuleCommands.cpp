@@ -20,15 +20,14 @@ std::optional<std::wstring> PickRulesFile(const config::Services& services, cons
 
 }  // namespace
 
-std::vector<std::wstring> SuggestedMasks(const config::GlobalSettings& settings,
-                                         std::span<const config::Rule> rules) {
+std::vector<std::wstring> SuggestedMasks(const config::GlobalSettings& settings, std::span<const config::Rule> rules) {
     std::unordered_set<std::wstring> known;
     const auto offer = [&known](std::vector<std::wstring>& masks, const std::wstring& mask) {
         if (!mask.empty() && known.insert(mask).second) masks.push_back(mask);
     };
     std::vector<std::wstring> ofExtensions;
-    for (const std::wstring* extension : {&settings.SigExt, &settings.DsigExt, &settings.EncExt,
-                                          &settings.B64Ext, &settings.HashExt, &settings.VerifyFileExt})
+    for (const std::wstring* extension : {&settings.SigExt, &settings.DsigExt, &settings.EncExt, &settings.B64Ext,
+                                          &settings.HashExt, &settings.VerifyFileExt})
         offer(ofExtensions, L"*." + *extension);
     for (const std::wstring& extension : settings.ExtExt) offer(ofExtensions, L"*." + extension);
 
@@ -41,9 +40,7 @@ std::vector<std::wstring> SuggestedMasks(const config::GlobalSettings& settings,
 }
 
 void MoveRule(std::vector<config::Rule>& rules, size_t from, size_t to) {
-    const auto at = [&rules](size_t position) {
-        return rules.begin() + static_cast<std::ptrdiff_t>(position);
-    };
+    const auto at = [&rules](size_t position) { return rules.begin() + static_cast<std::ptrdiff_t>(position); };
     if (from < to) {
         std::rotate(at(from), at(from + 1), at(to + 1));
     } else {
@@ -59,8 +56,7 @@ void MoveRulesToFirstCsProfile(config::ServiceProfile& profile, std::span<const 
             if (std::find(removed.begin(), removed.end(), *used) != removed.end()) *used = first;
 }
 
-void ExportRules(const config::Services& services, const ui::Dialog* owner,
-                 const config::ServiceProfile& profile) {
+void ExportRules(const config::Services& services, const ui::Dialog* owner, const config::ServiceProfile& profile) {
     if (profile.Rules.empty()) return errors::Warn(services.Screen, owner, L"Profile contains no rules.");
     const std::string text = config::ExchangeText(profile.Rules, services.Machine.CodePage);
     const auto path = PickRulesFile(services, owner, ui::FilePickerKind::Save, profile.Name);

@@ -19,8 +19,7 @@ RuleList::RuleList(ui::ListView& view, ui::Dialog& owner, const config::Services
 
 void RuleList::CreateColumns() {
     std::vector<ui::Column> columns;
-    for (const std::wstring_view header : RuleColumnHeaders())
-        columns.push_back({.header = std::wstring(header)});
+    for (const std::wstring_view header : RuleColumnHeaders()) columns.push_back({.header = std::wstring(header)});
     view_.SetColumns(std::move(columns));
     // The list is still empty: leave room for the scroll bar that its rows may bring.
     SpreadOver(view_.ClientWidth() - services_.Screen.Metrics().VerticalScrollBarWidth(owner_.Dpi()));
@@ -58,8 +57,7 @@ void RuleList::Fill(std::wstring_view searchText) {
 bool RuleList::HasNewChecks() const {
     const std::span<const config::Rule> rules = rules_();
     for (size_t row = 0; row < listed_.size(); ++row)
-        if (listed_[row] < rules.size() && view_.IsChecked(row) != (rules[listed_[row]].IsOn != 0))
-            return true;
+        if (listed_[row] < rules.size() && view_.IsChecked(row) != (rules[listed_[row]].IsOn != 0)) return true;
     return false;
 }
 
@@ -83,8 +81,7 @@ void RuleList::ShowDetails(const ui::ListHit& hit) const {
             .DoModal();
         return;
     }
-    const std::wstring text =
-        column == RuleColumn::Masks ? MaskDetails(rules[position]) : Cell(*hit.row, hit.column);
+    const std::wstring text = column == RuleColumn::Masks ? MaskDetails(rules[position]) : Cell(*hit.row, hit.column);
     services_.Screen.ShowMessageBox(&owner_, text, title, ui::box::Ok | ui::box::InformationIcon);
 }
 

@@ -45,8 +45,7 @@ void AppendPart(std::wstring& extra, std::wstring_view part) {
 }
 
 std::wstring MoveExtra(const Rule& rule) {
-    return text::JoinNonEmpty({rule.PathOut2, rule.DelExt, rule.AddExt, rule.Folders, rule.Copyfolders},
-                              separator);
+    return text::JoinNonEmpty({rule.PathOut2, rule.DelExt, rule.AddExt, rule.Folders, rule.Copyfolders}, separator);
 }
 
 std::wstring ResignExtra(const Rule& rule) {
@@ -128,8 +127,7 @@ std::vector<const Option*> ListedOptions() {
 
 void AddCertificateSections(Sections& sections, const Rule& rule) {
     if (!rule.ResignProfile.empty())
-        sections.Add(
-            text::Format(L"Resign to CS profile: %s\r\n%s", rule.ResignProfile, SignatureFormats(rule)));
+        sections.Add(text::Format(L"Resign to CS profile: %s\r\n%s", rule.ResignProfile, SignatureFormats(rule)));
     for (size_t k = 0; k < rule.Certificates.size(); ++k)
         sections.Add(text::Format(L"Recipient %d:\r\n%s", k + 1, rule.Certificates[k]));
     for (const config::SignerListEntry& list : rule.SignerLists) {
@@ -187,8 +185,7 @@ std::wstring ExtraDetails(const Rule& rule) {
     }
     for (const Option* option : ListedOptions()) sections.AddOption(rule, *option);
     sections.AddLabelled(LabelOf(Holds::Executable), rule.ExecName);
-    if (!rule.ExecName.empty() && rule.ExecTimeout > 0)
-        sections.AddOption(rule, config::option::ExecutionTimeout);
+    if (!rule.ExecName.empty() && rule.ExecTimeout > 0) sections.AddOption(rule, config::option::ExecutionTimeout);
     return sections.Take();
 }
 

@@ -20,14 +20,12 @@
 
 namespace {
 
-constexpr int AddRule = 1023, EditRule = 1024, CopyRule = 1037, DeleteRules = 1025, MakeFirst = 1026,
-              MoveUp = 1027, MoveDown = 1028, MakeLast = 1029, ExportRules = 1034, ImportRules = 1035,
-              OpenProfile = 1053;
+constexpr int AddRule = 1023, EditRule = 1024, CopyRule = 1037, DeleteRules = 1025, MakeFirst = 1026, MoveUp = 1027,
+              MoveDown = 1028, MakeLast = 1029, ExportRules = 1034, ImportRules = 1035, OpenProfile = 1053;
 constexpr int RuleRows = 1030, ProfileRows = 1001, Search = 1079;
 constexpr const wchar_t* rulesFile = L"C:\\rules.prx";
 
-constexpr int PathIn = 1045, PathOut = 1046, PathError = 1047, Operations = 1042, AddMask = 1124,
-              MaskField = 1095;
+constexpr int PathIn = 1045, PathOut = 1046, PathError = 1047, Operations = 1042, AddMask = 1124, MaskField = 1095;
 constexpr int HashFile = 2;       // in the list of operations
 constexpr size_t editedRule = 2;  // also hashes files
 constexpr const wchar_t* someFolder = L"D:\\Exchange";
@@ -76,18 +74,15 @@ class MainWindow {
         const auto rules = static_cast<size_t>(state.range(0));
         const config::Configuration sample = bench::SampleConfiguration(rules);
         const config::Rule& edited = sample.Profiles.front().Rules.at(editedRule);
-        for (const std::wstring& folder :
-             {std::wstring(someFolder), edited.PathIn, edited.PathOut, edited.PathError})
+        for (const std::wstring& folder : {std::wstring(someFolder), edited.PathIn, edited.PathOut, edited.PathError})
             machine_.Files.AddFolder(folder);
         bench::CreateTrees(machine_.StoredRegistry);
         bench::Save(machine_.Machine, screen_, sample);
-        machine_.Files.AddFile(rulesFile,
-                               config::ExchangeText(sample.Profiles.front().Rules, machine_.CodePage));
+        machine_.Files.AddFile(rulesFile, config::ExchangeText(sample.Profiles.front().Rules, machine_.CodePage));
     }
 
     // command: what is measured. undo: what puts the rules back, unmeasured.
-    void Measure(const std::function<void(ui::Dialog&)>& command,
-                 const std::function<void(ui::Dialog&)>& undo = {}) {
+    void Measure(const std::function<void(ui::Dialog&)>& command, const std::function<void(ui::Dialog&)>& undo = {}) {
         Administrator administrator([&](ui::Dialog& dialog) {
             for (auto _ : state_) {
                 command(dialog);

@@ -19,8 +19,7 @@ class PlainCodePage final : public platform::CodePage {
     std::wstring ToWide(std::string_view ansi) const override { return {ansi.begin(), ansi.end()}; }
     std::string ToAnsi(std::wstring_view wide) const override {
         std::string ansi(wide.size(), '\0');
-        std::transform(wide.begin(), wide.end(), ansi.begin(),
-                       [](wchar_t c) { return static_cast<char>(c); });
+        std::transform(wide.begin(), wide.end(), ansi.begin(), [](wchar_t c) { return static_cast<char>(c); });
         return ansi;
     }
 };
@@ -63,8 +62,7 @@ std::string BenchFile() {
 }
 
 void WriteBytes(const std::string& bytes) {
-    std::ofstream(BenchFile(), std::ios::binary)
-        .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(BenchFile(), std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
 void WriteFile(benchmark::State& state) {
@@ -79,8 +77,7 @@ void ReadFile(benchmark::State& state) {
     WriteBytes(rules.text);
     for (auto _ : state) {
         std::string bytes(rules.text.size(), '\0');
-        std::ifstream(BenchFile(), std::ios::binary)
-            .read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        std::ifstream(BenchFile(), std::ios::binary).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         benchmark::DoNotOptimize(bytes.data());
     }
     std::filesystem::remove(BenchFile());

@@ -25,9 +25,8 @@ Names SampleNames(size_t count, bool repeated) {
     names.reserve(count);
     const size_t distinct = repeated ? count / 2 : count;
     for (size_t i = 0; i < distinct; ++i) {
-        std::wstring name = L"CN=User " + std::to_wstring(random()) + L",O=Office " +
-                            std::to_wstring(random() % 1000) + L",OU=Department of inner matters,L=Town " +
-                            std::to_wstring(i) + L",C=RU,T=";
+        std::wstring name = L"CN=User " + std::to_wstring(random()) + L",O=Office " + std::to_wstring(random() % 1000) +
+                            L",OU=Department of inner matters,L=Town " + std::to_wstring(i) + L",C=RU,T=";
         name.append(20 + random() % 50, static_cast<wchar_t>(L'a' + random() % 26));
         names.push_back(std::move(name));
     }
@@ -94,8 +93,7 @@ void SortReadyKeys(benchmark::State& state, const wchar_t* field) {
     certs::Candidates candidates;
     Fill(candidates, Distinct(state));
     std::vector<std::wstring_view> keys;
-    for (size_t i = 0; i < candidates.Names().Size(); ++i)
-        keys.push_back(certs::SortKey(candidates.Names()[i], field));
+    for (size_t i = 0; i < candidates.Names().Size(); ++i) keys.push_back(certs::SortKey(candidates.Names()[i], field));
     for (auto _ : state) {
         std::vector<std::wstring_view> sorted = keys;
         std::sort(sorted.begin(), sorted.end());

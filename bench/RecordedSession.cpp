@@ -18,8 +18,7 @@ RecordedSession CallsForTheRecord(const RecordedSession& save) {
     for (const Call& call : save.calls) {
         const bool opens = call.kind == CallKind::Open || call.kind == CallKind::Create;
         const bool concernsIt =
-            opens ? call.text == config::EditorParent || call.text.ends_with(config::EditorKey)
-                  : isOfRecord[call.key];
+            opens ? call.text == config::EditorParent || call.text.ends_with(config::EditorKey) : isOfRecord[call.key];
         if (!concernsIt) continue;
         if (opens || call.kind == CallKind::OpenSubkey) isOfRecord[call.result] = true;
         ofRecord.calls.push_back(call);
@@ -28,8 +27,7 @@ RecordedSession CallsForTheRecord(const RecordedSession& save) {
 }
 
 size_t RecordingRegistry::SlotOf(KeyHandle key) const {
-    const auto found =
-        std::find_if(open_.begin(), open_.end(), [key](const OpenKey& k) { return k.handle == key; });
+    const auto found = std::find_if(open_.begin(), open_.end(), [key](const OpenKey& k) { return k.handle == key; });
     if (found == open_.end()) throw std::logic_error("a key that is not open");
     return found->slot;
 }
@@ -42,23 +40,20 @@ size_t RecordingRegistry::NewSlot(Win32Code code, KeyHandle key) {
 
 Win32Code RecordingRegistry::Open(RootKey root, const std::wstring& path, KeyHandle& key) {
     const Win32Code code = real_.Open(root, path, key);
-    session_.calls.push_back(
-        {.kind = CallKind::Open, .root = root, .result = NewSlot(code, key), .text = path});
+    session_.calls.push_back({.kind = CallKind::Open, .root = root, .result = NewSlot(code, key), .text = path});
     return code;
 }
 
 Win32Code RecordingRegistry::OpenSubkey(KeyHandle parent, const std::wstring& name, KeyHandle& key) {
     const size_t slot = SlotOf(parent);
     const Win32Code code = real_.OpenSubkey(parent, name, key);
-    session_.calls.push_back(
-        {.kind = CallKind::OpenSubkey, .key = slot, .result = NewSlot(code, key), .text = name});
+    session_.calls.push_back({.kind = CallKind::OpenSubkey, .key = slot, .result = NewSlot(code, key), .text = name});
     return code;
 }
 
 Win32Code RecordingRegistry::Create(RootKey root, const std::wstring& path, KeyHandle& key) {
     const Win32Code code = real_.Create(root, path, key);
-    session_.calls.push_back(
-        {.kind = CallKind::Create, .root = root, .result = NewSlot(code, key), .text = path});
+    session_.calls.push_back({.kind = CallKind::Create, .root = root, .result = NewSlot(code, key), .text = path});
     return code;
 }
 
@@ -73,10 +68,8 @@ Win32Code RecordingRegistry::Flush(KeyHandle key) {
     return real_.Flush(key);
 }
 
-Win32Code RecordingRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
-                                             std::wstring& name) {
-    session_.calls.push_back(
-        {.kind = CallKind::Enumerate, .key = SlotOf(key), .number = index, .capacity = capacity});
+Win32Code RecordingRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity, std::wstring& name) {
+    session_.calls.push_back({.kind = CallKind::Enumerate, .key = SlotOf(key), .number = index, .capacity = capacity});
     return real_.EnumerateSubkey(key, index, capacity, name);
 }
 
@@ -91,20 +84,15 @@ Win32Code RecordingRegistry::DeleteSubkey(KeyHandle parent, const std::wstring& 
 
 Win32Code RecordingRegistry::Query(KeyHandle key, const std::wstring& name, ValueType& type,
                                    std::span<std::byte> buffer, uint32_t& size) {
-    session_.calls.push_back({.kind = CallKind::Query,
-                              .key = SlotOf(key),
-                              .text = name,
-                              .number = static_cast<uint32_t>(buffer.size())});
+    session_.calls.push_back(
+        {.kind = CallKind::Query, .key = SlotOf(key), .text = name, .number = static_cast<uint32_t>(buffer.size())});
     return real_.Query(key, name, type, buffer, size);
 }
 
 Win32Code RecordingRegistry::Set(KeyHandle key, const std::wstring& name, ValueType type,
                                  std::span<const std::byte> data) {
-    session_.calls.push_back({.kind = CallKind::Set,
-                              .key = SlotOf(key),
-                              .text = name,
-                              .type = type,
-                              .data = {data.begin(), data.end()}});
+    session_.calls.push_back(
+        {.kind = CallKind::Set, .key = SlotOf(key), .text = name, .type = type, .data = {data.begin(), data.end()}});
     return real_.Set(key, name, type, data);
 }
 

@@ -38,12 +38,10 @@ class RecordingRegistry final : public platform::RegistryBackend {
     explicit RecordingRegistry(platform::RegistryBackend& real) : real_(real) {}
     const RecordedSession& Session() const { return session_; }
 
-    platform::Win32Code Open(platform::RootKey root, const std::wstring& path,
-                             platform::KeyHandle& key) override;
+    platform::Win32Code Open(platform::RootKey root, const std::wstring& path, platform::KeyHandle& key) override;
     platform::Win32Code OpenSubkey(platform::KeyHandle parent, const std::wstring& name,
                                    platform::KeyHandle& key) override;
-    platform::Win32Code Create(platform::RootKey root, const std::wstring& path,
-                               platform::KeyHandle& key) override;
+    platform::Win32Code Create(platform::RootKey root, const std::wstring& path, platform::KeyHandle& key) override;
     platform::Win32Code Close(platform::KeyHandle key) override;
     platform::Win32Code Flush(platform::KeyHandle key) override;
     platform::Win32Code EnumerateSubkey(platform::KeyHandle key, uint32_t index, uint32_t capacity,

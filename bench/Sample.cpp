@@ -32,8 +32,7 @@ config::Rule SampleRule(size_t number) {
 
 config::Configuration SampleConfiguration(size_t rules) {
     config::Configuration configuration;
-    configuration.CsProfiles = {
-        {L"Office keys", L"pse://signed/C:\\Keys\\local.pse", L"file://C:\\Keys\\local.gdbm"}};
+    configuration.CsProfiles = {{L"Office keys", L"pse://signed/C:\\Keys\\local.pse", L"file://C:\\Keys\\local.gdbm"}};
     config::ServiceProfile profile;
     profile.Name = L"Sample";
     profile.ZCSProfile = {L"Office keys"};
@@ -68,8 +67,7 @@ double PlanMilliseconds(const platform::Machine& machine, ui::Screen& screen,
     const errors::ErrorReporter reporter(machine, screen);
     const config::RegistryStore store(machine, reporter);
     const auto save = [&](config::RegistryStore& planned) {
-        if (!config::SaveConfiguration(planned, nullptr, configuration))
-            throw std::runtime_error("saving failed");
+        if (!config::SaveConfiguration(planned, nullptr, configuration)) throw std::runtime_error("saving failed");
     };
     return Milliseconds([&] { config::PlannedChanges(store, save); }) / 2;
 }

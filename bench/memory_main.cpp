@@ -48,9 +48,7 @@ struct TextBytes {
     void Masks(const wchar_t*, const wchar_t*, const config::Rule& rule) { Add(rule.Masks); }
     void Count(const wchar_t*, const std::vector<config::CertificateRef>&) {}
     void StoresOf(const config::Rule&) {}
-    void Values(const wchar_t*, const std::vector<config::CertificateRef>& certificates) {
-        Add(certificates);
-    }
+    void Values(const wchar_t*, const std::vector<config::CertificateRef>& certificates) { Add(certificates); }
 };
 
 size_t TextBytesOf(const std::vector<config::Rule>& rules) {
@@ -73,8 +71,7 @@ void Print(const char* what, size_t count, size_t bytes, size_t textBytes) {
 
 void MeasureRules(size_t count) {
     const platform::memory::MemoryCodePage codePage;
-    const std::string file =
-        config::ExchangeText(bench::SampleConfiguration(count).Profiles.front().Rules, codePage);
+    const std::string file = config::ExchangeText(bench::SampleConfiguration(count).Profiles.front().Rules, codePage);
     const size_t before = held;
     highest = held;
     const config::ExchangedRules exchanged = config::ParseExchangeText(file, codePage);

@@ -7,8 +7,7 @@
 
 namespace certs {
 
-CFilterDlg::CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample,
-                       std::optional<size_t> row)
+CFilterDlg::CFilterDlg(ui::Screen& screen, ui::Dialog* owner, const std::wstring& sample, std::optional<size_t> row)
     : Dialog(screen, owner, {.size = {260, 100}, .guidePage = L"certificates"}, L"Filter"),
       row_(row) {
     sampleEdit_.SetText(sample);

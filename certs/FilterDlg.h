@@ -31,10 +31,8 @@ class CFilterDlg : public ui::Dialog {
 
     ui::Label fieldLabel_{*this, 1201, {7, 7, 246, 8}, L"Search field:"};
     ui::ComboBox fieldList_{*this, 1202, {7, 17, 246, 14}};
-    ui::Label sampleLabel_{*this,
-                           1203,
-                           {7, 38, 246, 16},
-                           L"Type sample for certificate owner search\r\n(* represents any symbol):"};
+    ui::Label sampleLabel_{
+        *this, 1203, {7, 38, 246, 16}, L"Type sample for certificate owner search\r\n(* represents any symbol):"};
     ui::Edit sampleEdit_{*this, 1204, {7, 56, 246, 14}, {}, [this] { EnableOk(); }};
     ui::Button ok_{*this, ui::IdOk, {149, 79, 50, 14}, L"OK"};
     ui::Button exit_{*this, ui::IdCancel, {203, 79, 50, 14}, L"Exit"};

@@ -94,8 +94,7 @@ class KeySorter {
             first = end;
             if (equal.end - equal.first == 1) continue;
             const std::span<KeyedRow> rows = Rows(equal);
-            if (std::any_of(rows.begin(), rows.end(),
-                            [&](const auto& r) { return !r.Rest(agreed).empty(); })) {
+            if (std::any_of(rows.begin(), rows.end(), [&](const auto& r) { return !r.Rest(agreed).empty(); })) {
                 waiting_.push_back(equal);
             } else {
                 SortByLength(rows);

@@ -56,8 +56,7 @@ class ChosenNames {
 
     // Removes the signers of every list but the edited one. Returns what is reported of each removal, one
     // after the other; empty when there was none.
-    std::wstring ExcludeSignersOf(const std::vector<config::SignerListEntry>& lists,
-                                  const std::wstring& editedList);
+    std::wstring ExcludeSignersOf(const std::vector<config::SignerListEntry>& lists, const std::wstring& editedList);
 
   private:
     NameId IdOf(std::wstring_view name);

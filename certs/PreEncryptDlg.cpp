@@ -16,9 +16,8 @@ bool HasName(const std::vector<config::SignerListEntry>& lists, const std::wstri
 
 }  // namespace
 
-CPreEncryptDlg::CPreEncryptDlg(const config::Services& services, ui::Dialog* owner,
-                               crypto::CertificateSearch& search, crypto::PickerSettings settings,
-                               const std::vector<config::CertificateRef>& chosen)
+CPreEncryptDlg::CPreEncryptDlg(const config::Services& services, ui::Dialog* owner, crypto::CertificateSearch& search,
+                               crypto::PickerSettings settings, const std::vector<config::CertificateRef>& chosen)
     : Dialog(services.Screen, owner, {.size = {400, 290}, .guidePage = L"certificates", .resizable = true}),
       services_(services),
       search_(search),
@@ -60,8 +59,7 @@ void CPreEncryptDlg::Connect(List& list, const std::wstring& kind) {
     });
     list.view.OnHeaderClick([this, &list](size_t) { FlipAndSort(list); });
     const auto showName = [this, &list, kind](size_t row) {
-        Screen().ShowMessageBox(this, NameInLines(list.rows.Text(row)), kind,
-                                ui::box::Ok | ui::box::InformationIcon);
+        Screen().ShowMessageBox(this, NameInLines(list.rows.Text(row)), kind, ui::box::Ok | ui::box::InformationIcon);
     };
     list.view.OnDoubleClick([showName](const ui::ListHit& hit) {
         if (hit.row) showName(*hit.row);
@@ -153,8 +151,8 @@ CPreEncryptDlg::Answer CPreEncryptDlg::Check(const config::CertificateRef& name)
         if (!search_.FindCertificatesByName(*this, name, found)) return Answer::Stay;
     }
     if (!found.Texts.empty()) return Answer::Keep;
-    const std::wstring question = text::Format(
-        L"No certificates found for user %s.\r\nContinue to check other users?", std::wstring_view(name));
+    const std::wstring question =
+        text::Format(L"No certificates found for user %s.\r\nContinue to check other users?", std::wstring_view(name));
     return errors::Confirm(Screen(), this, question) ? Answer::Drop : Answer::Stay;
 }
 

@@ -93,25 +93,17 @@ class CPreEncryptDlg : public ui::Dialog {
         *this, 1214, {7, 44, 303, 121, ui::GrowBoth}, {.checkBoxes = true, .sortableHeaders = true}};
     ui::Button fromLocalStore_{
         *this, 1215, {317, 44, 76, 14, FollowRight}, L"From local store", [this] { AddFromLocalStore(); }};
-    ui::Button fromGroup_{
-        *this, 1216, {317, 61, 76, 14, FollowRight}, L"From group", [this] { AddFromGroup(); }};
-    ui::Button fromLdap_{
-        *this, 1217, {317, 78, 76, 14, FollowRight}, L"From LDAP", [this] { AddFromLdap(); }};
-    ui::Button selectAll_{
-        *this, 1218, {317, 97, 76, 14, FollowRight}, L"Select all", [this] { CheckAll(true); }};
+    ui::Button fromGroup_{*this, 1216, {317, 61, 76, 14, FollowRight}, L"From group", [this] { AddFromGroup(); }};
+    ui::Button fromLdap_{*this, 1217, {317, 78, 76, 14, FollowRight}, L"From LDAP", [this] { AddFromLdap(); }};
+    ui::Button selectAll_{*this, 1218, {317, 97, 76, 14, FollowRight}, L"Select all", [this] { CheckAll(true); }};
     ui::Button clear_{*this, 1219, {317, 114, 76, 14, FollowRight}, L"Clear", [this] { CheckAll(false); }};
-    ui::Button deleteAll_{
-        *this, 1220, {317, 131, 76, 14, FollowRight}, L"Delete all", [this] { DeleteAll(); }};
+    ui::Button deleteAll_{*this, 1220, {317, 131, 76, 14, FollowRight}, L"Delete all", [this] { DeleteAll(); }};
     ui::Button save_{*this, 1221, {317, 150, 76, 14, FollowRight}, L"Save", [this] { SaveGroup(); }};
 
     ui::IconButton choose_{
         *this, 1027, {168, 169, 28, 20, FollowMiddle}, ui::Icon::MoveDown, L"Add", [this] { Choose(); }};
-    ui::IconButton remove_{*this,
-                           1028,
-                           {204, 169, 28, 20, FollowMiddle},
-                           ui::Icon::MoveUp,
-                           L"Remove",
-                           [this] {
+    ui::IconButton remove_{
+        *this, 1028, {204, 169, 28, 20, FollowMiddle}, ui::Icon::MoveUp, L"Remove", [this] {
             RemoveChosen(); }};
 
     ui::ListView chosenView_{

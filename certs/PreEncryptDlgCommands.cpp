@@ -51,8 +51,7 @@ void CPreEncryptDlg::SaveGroup() {
     std::vector<std::wstring_view> names;
     for (const NameId id : candidates_.rows.Checked(candidateView_.Checks()))
         names.push_back(candidateNames_.Names()[id]);
-    if (names.empty())
-        return errors::Warn(Screen(), this, listMode_ ? L"No signers selected." : L"No users selected.");
+    if (names.empty()) return errors::Warn(Screen(), this, listMode_ ? L"No signers selected." : L"No users selected.");
     const auto path = Screen().PickFile(this, GroupsFileToSave(groupsPath_, settings_.GroupFilesFolder));
     if (!path) return;
     groupsPath_ = *path;

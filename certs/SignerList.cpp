@@ -104,8 +104,8 @@ void SignerList::Delete() {
 void SignerList::ShowMembers(const ui::ListHit& hit) {
     if (!hit.row) return;
     using errors::WarningBox;
-    WarningBox(Screen(), this, WarningBox::Kind::Information,
-               SignerListDetails(lists_.at(shown_.at(*hit.row))), L"Signer list")
+    WarningBox(Screen(), this, WarningBox::Kind::Information, SignerListDetails(lists_.at(shown_.at(*hit.row))),
+               L"Signer list")
         .DoModal();
 }
 

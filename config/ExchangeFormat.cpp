@@ -119,8 +119,7 @@ class RecordReader {
     void SignerLists(std::vector<SignerListEntry>& target) {
         std::wstring_view field;
         if (!Take(field) || field == emptyList) return;
-        Split(field, betweenSignerLists,
-              [&target](std::wstring_view list) { target.push_back(ReadSignerList(list)); });
+        Split(field, betweenSignerLists, [&target](std::wstring_view list) { target.push_back(ReadSignerList(list)); });
     }
 
   private:
@@ -163,8 +162,7 @@ ExchangedRules ParseExchangeText(std::string_view text, const platform::CodePage
     text = text.substr(0, text.find('\0'));
     ExchangedRules exchanged;
     std::vector<std::string_view> records;
-    for (size_t end = text.find(recordEndBytes); end != std::string_view::npos;
-         end = text.find(recordEndBytes)) {
+    for (size_t end = text.find(recordEndBytes); end != std::string_view::npos; end = text.find(recordEndBytes)) {
         const std::string_view record = text.substr(0, end);
         text.remove_prefix(end + recordEndBytes.size());
         const auto separators = std::count(record.begin(), record.end(), fieldEndByte);
@@ -172,8 +170,7 @@ ExchangedRules ParseExchangeText(std::string_view text, const platform::CodePage
         if (separators + 1 >= fewestFields) records.push_back(record);
     }
     exchanged.rules.reserve(records.size());
-    for (const std::string_view record : records)
-        ReadRule(codePage.ToWide(record), exchanged.rules.emplace_back());
+    for (const std::string_view record : records) ReadRule(codePage.ToWide(record), exchanged.rules.emplace_back());
     return exchanged;
 }
 

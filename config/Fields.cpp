@@ -69,8 +69,7 @@ void FieldWriter::StoresOf(const Rule& rule) {
 }
 
 // Several CS profiles can carry the same name: the values of the last one stay.
-void FieldWriter::Stores(const std::wstring& csProfile, const wchar_t* personalName,
-                         const wchar_t* localName) {
+void FieldWriter::Stores(const std::wstring& csProfile, const wchar_t* personalName, const wchar_t* localName) {
     for (const CsProfile& profile : csProfiles_) {
         if (profile.ProfileName != csProfile) continue;
         Text(personalName, profile.Store0);

@@ -14,21 +14,13 @@ namespace config {
 
 class FieldReader {
   public:
-    FieldReader(RegistryStore& store, const errors::ReportContext& context)
-        : store_(store),
-          context_(context) {}
+    FieldReader(RegistryStore& store, const errors::ReportContext& context) : store_(store), context_(context) {}
 
     // A missing value leaves what the record holds: its default.
-    void Text(const wchar_t* name, std::wstring& target) {
-        store_.ReadString(name, target, context_, target);
-    }
+    void Text(const wchar_t* name, std::wstring& target) { store_.ReadString(name, target, context_, target); }
     void Number(const wchar_t* name, int32_t& target) { store_.ReadInteger(name, target, context_, target); }
-    void List(const wchar_t* name, std::vector<std::wstring>& target) {
-        store_.ReadStringList(name, target, context_);
-    }
-    void List(const wchar_t* name, std::vector<int32_t>& target) {
-        store_.ReadIntegerList(name, target, context_);
-    }
+    void List(const wchar_t* name, std::vector<std::wstring>& target) { store_.ReadStringList(name, target, context_); }
+    void List(const wchar_t* name, std::vector<int32_t>& target) { store_.ReadIntegerList(name, target, context_); }
     void PlainList(const wchar_t* name, std::vector<std::wstring>& target) { List(name, target); }
 
     // The masks, or the single mask of the older format when their number is 0.
@@ -52,8 +44,7 @@ class FieldReader {
 class FieldWriter {
   public:
     // csProfiles: those whose stores the service finds in the rules that use them.
-    FieldWriter(RegistryStore& store, const errors::ReportContext& context,
-                std::span<const CsProfile> csProfiles = {})
+    FieldWriter(RegistryStore& store, const errors::ReportContext& context, std::span<const CsProfile> csProfiles = {})
         : store_(store),
           context_(context),
           csProfiles_(csProfiles) {}

@@ -87,8 +87,7 @@ bool Loader::MakeFirstConfiguration(const std::vector<CsProfile>& csProfiles) {
         Loader planner(planned, context_.owner);
         static_cast<void>(planner.Open(ServiceRoot) && planner.CreateFirstProfile(csProfiles));
     };
-    if (!(putOff ? record.KeepBefore(DeletionOf(FirstProfile))
-                 : record.Keep(PlannedChanges(store_, firstRun))))
+    if (!(putOff ? record.KeepBefore(DeletionOf(FirstProfile)) : record.Keep(PlannedChanges(store_, firstRun))))
         return false;
     const size_t failures = store_.ReportCount();
     const bool made = CreateFirstProfile(csProfiles);
@@ -114,8 +113,7 @@ bool Loader::CreateFirstProfile(const std::vector<CsProfile>& csProfiles) {
 }
 
 void Loader::WriteFirstProfile() {
-    for (const wchar_t* name :
-         {L"AutoUseTSP", L"AutoVerifyTSP", L"NotAddCert", L"NotCopyToLocal", L"NotLoadCrl"})
+    for (const wchar_t* name : {L"AutoUseTSP", L"AutoVerifyTSP", L"NotAddCert", L"NotCopyToLocal", L"NotLoadCrl"})
         store_.WriteTextList(name, {L"0"}, context_);
     store_.WriteTextList(L"CrlUpdatePeriod", {}, context_);  // loading makes it 1
     store_.WriteTextList(L"NoTSPisError", {L"0"}, context_);
@@ -163,8 +161,7 @@ bool Loader::LoadRules(const std::wstring& rulesPath, std::vector<Rule>& rules) 
 // Where rules of the older format kept what now has a field of its own.
 void MigrateLegacyFields(Rule& rule) {
     if (rule.Certificates.empty()) return;
-    if (rule.Operation == L"RESG" && rule.ResignProfile.empty())
-        rule.ResignProfile = rule.Certificates.front();
+    if (rule.Operation == L"RESG" && rule.ResignProfile.empty()) rule.ResignProfile = rule.Certificates.front();
     if (rule.Operation == L"MOVE" && rule.PathOut2.empty()) rule.PathOut2 = rule.Certificates.front();
 }
 
@@ -203,8 +200,7 @@ std::optional<std::vector<CsProfile>> LoadCsProfiles(RegistryStore& store, const
         return std::nullopt;
     std::vector<CsProfile> profiles;
     for (const std::wstring& key : keys) {
-        if (!store.Open(LibraryHive, std::wstring(LibraryProfiles) + L"\\" + key, context))
-            return std::nullopt;
+        if (!store.Open(LibraryHive, std::wstring(LibraryProfiles) + L"\\" + key, context)) return std::nullopt;
         profiles.push_back(ReadCsProfile(store, context));
     }
     return profiles;
@@ -225,8 +221,8 @@ void OrderRuleKeys(std::vector<std::wstring>& names) {
     // Each pass carries a name at most one place forward, so only a name that has to come from the last place
     // to the first one falls short. A stable sort and this one exchange give the same in n log n steps.
     const uint64_t last = numbered.back().first;
-    const bool lastIsSmallest = std::all_of(numbered.begin(), numbered.end() - 1,
-                                            [last](const Numbered& name) { return name.first > last; });
+    const bool lastIsSmallest =
+        std::all_of(numbered.begin(), numbered.end() - 1, [last](const Numbered& name) { return name.first > last; });
     std::stable_sort(numbered.begin(), numbered.end(),
                      [](const Numbered& a, const Numbered& b) { return a.first < b.first; });
     if (lastIsSmallest) std::swap(numbered[0], numbered[1]);

@@ -19,8 +19,7 @@ namespace config {
 
 // The cryptographic library's CS profiles of the current user. Nothing after a report when a key cannot be
 // opened or searched.
-[[nodiscard]] std::optional<std::vector<CsProfile>> LoadCsProfiles(RegistryStore& store,
-                                                                   const ui::Dialog* owner);
+[[nodiscard]] std::optional<std::vector<CsProfile>> LoadCsProfiles(RegistryStore& store, const ui::Dialog* owner);
 
 // The number after the last blank of a rule key's name; 0 when there is none.
 uint64_t RuleKeyNumber(std::wstring_view name);

@@ -25,11 +25,7 @@ constexpr auto operations = std::to_array<Operation>({
     {.code = L"SIGN", .displayName = L"Attached signature"},
     {.code = L"CHCK", .displayName = L"Verify attached signature", .holds = SignerLists},
     {.code = L"CHKX", .displayName = L"Verify and delete attached signature", .holds = SignerLists},
-    {.code = L"MOVE",
-     .displayName = L"Move",
-     .holds = SecondFolder,
-     .usesCsProfile = false,
-     .options = moving},
+    {.code = L"MOVE", .displayName = L"Move", .holds = SecondFolder, .usesCsProfile = false, .options = moving},
     {.code = L"DELE", .displayName = L"Delete", .usesCsProfile = false, .hasOutputFolder = false},
     {.code = L"LENC", .displayName = L"Encrypt long file", .holds = Recipients, .options = archiveIfAny},
     {.code = L"LDEC", .displayName = L"Decrypt long file", .options = archiveIfAny},
@@ -50,11 +46,7 @@ constexpr auto operations = std::to_array<Operation>({
     {.code = L"UNAR", .displayName = L"Unarchivate file", .usesCsProfile = false, .options = archiveKind},
     {.code = L"PACK", .displayName = L"Pack files", .usesCsProfile = false, .options = packing},
     {.code = L"UNPK", .displayName = L"Unpack files", .usesCsProfile = false},
-    {.code = L"EXEC",
-     .displayName = L"Execute",
-     .holds = Executable,
-     .usesCsProfile = false,
-     .options = executing},
+    {.code = L"EXEC", .displayName = L"Execute", .holds = Executable, .usesCsProfile = false, .options = executing},
 });
 
 }  // namespace
@@ -73,8 +65,8 @@ std::span<const Operation> Operations() {
 }
 
 const Operation* FindOperation(std::wstring_view code) {
-    const auto found = std::find_if(operations.begin(), operations.end(),
-                                    [code](const Operation& o) { return o.code == code; });
+    const auto found =
+        std::find_if(operations.begin(), operations.end(), [code](const Operation& o) { return o.code == code; });
     return found == operations.end() ? nullptr : &*found;
 }
 

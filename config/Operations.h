@@ -34,20 +34,16 @@ struct Option {
 size_t ChoiceOf(const Option& option, int32_t stored);
 int32_t StoredChoice(const Option& option, size_t index);
 
-inline constexpr std::array<std::wstring_view, 2> SignatureFormats{L"Attached signature",
-                                                                   L"Detached signature"};
-inline constexpr std::array<std::wstring_view, 3> ArchiveKinds{L"No", L"ZIP archivation",
-                                                               L"GZIP archivation"};
+inline constexpr std::array<std::wstring_view, 2> SignatureFormats{L"Attached signature", L"Detached signature"};
+inline constexpr std::array<std::wstring_view, 3> ArchiveKinds{L"No", L"ZIP archivation", L"GZIP archivation"};
 
 namespace option {
 inline constexpr Option InputFormat{L"Input signature format:", Input::Choice, nullptr, &Rule::InFormatDet,
                                     SignatureFormats};
 inline constexpr Option OutputFormat{L"Output signature format:", Input::Choice, nullptr, &Rule::OutFormatDet,
                                      SignatureFormats};
-inline constexpr Option NewSignatureProfile{L"New signature profile:", Input::CsProfile,
-                                            &Rule::ResignProfile};
-inline constexpr Option ArchiveIfAny{L"Use archivation:", Input::Choice, nullptr, &Rule::ZipFile,
-                                     ArchiveKinds};
+inline constexpr Option NewSignatureProfile{L"New signature profile:", Input::CsProfile, &Rule::ResignProfile};
+inline constexpr Option ArchiveIfAny{L"Use archivation:", Input::Choice, nullptr, &Rule::ZipFile, ArchiveKinds};
 inline constexpr Option ArchiveKind{
     L"Use archivation:", Input::Choice, nullptr, &Rule::ZipFile, std::span(ArchiveKinds).subspan(1), 1};
 inline constexpr Option DeleteExtension{L"Delete extension:", Input::Text, &Rule::DelExt};
@@ -56,11 +52,9 @@ inline constexpr Option AccountingFormat{L"Accounting format:", Input::Text, &Ru
 inline constexpr Option AccountingCopyFormat{L"Accounting copy format:", Input::Text, &Rule::Copyfolders};
 inline constexpr Option FileCount{L"File count:", Input::Number, nullptr, &Rule::ArchCount};
 inline constexpr Option ArchiveSize{L"Archive size (KB.):", Input::Number, nullptr, &Rule::ArchSize};
-inline constexpr Option ArchiveTimeout{L"Archivation timeout (min.):", Input::Number, nullptr,
-                                       &Rule::ArchTimeout};
+inline constexpr Option ArchiveTimeout{L"Archivation timeout (min.):", Input::Number, nullptr, &Rule::ArchTimeout};
 inline constexpr Option ArchiveNames{L"Archives name format:", Input::Text, &Rule::ArchName};
-inline constexpr Option ExecutionTimeout{L"Execution timeout (min.):", Input::Number, nullptr,
-                                         &Rule::ExecTimeout};
+inline constexpr Option ExecutionTimeout{L"Execution timeout (min.):", Input::Number, nullptr, &Rule::ExecTimeout};
 }  // namespace option
 
 // What a rule of the operation holds besides its folders, masks and options.

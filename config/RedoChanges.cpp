@@ -67,9 +67,7 @@ class NotingRegistry final : public platform::RegistryBackend {
         return code::Success;
     }
     Win32Code Flush(KeyHandle /*key*/) override { return code::Success; }
-    Win32Code EnumerateSubkey(KeyHandle, uint32_t, uint32_t, std::wstring&) override {
-        return code::NoMoreItems;
-    }
+    Win32Code EnumerateSubkey(KeyHandle, uint32_t, uint32_t, std::wstring&) override { return code::NoMoreItems; }
     Win32Code DeleteSubkey(KeyHandle parent, const std::wstring& name) override {
         writer_.DeleteTree(Below(parent, name));
         entered_.reset();  // which may be the one that is gone
@@ -78,8 +76,7 @@ class NotingRegistry final : public platform::RegistryBackend {
     Win32Code Query(KeyHandle, const std::wstring&, ValueType&, std::span<std::byte>, uint32_t&) override {
         return code::FileNotFound;
     }
-    Win32Code Set(KeyHandle key, const std::wstring& name, ValueType type,
-                  std::span<const std::byte> data) override {
+    Win32Code Set(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) override {
         if (entered_ != PathOf(key)) Enter(PathOf(key));
         writer_.SetValue(name, type, data);
         return code::Success;
@@ -98,9 +95,7 @@ class NotingRegistry final : public platform::RegistryBackend {
         constexpr size_t root = std::char_traits<wchar_t>::length(ServiceRoot);
         return path.size() <= root ? std::wstring() : path.substr(root + 1);
     }
-    const std::wstring& PathOf(KeyHandle key) const {
-        return std::ranges::find(open_, key, &OpenKey::handle)->path;
-    }
+    const std::wstring& PathOf(KeyHandle key) const { return std::ranges::find(open_, key, &OpenKey::handle)->path; }
     std::wstring Below(KeyHandle parent, const std::wstring& name) const {
         const std::wstring& path = PathOf(parent);
         return path.empty() ? name : path + L"\\" + name;
@@ -163,8 +158,8 @@ class ChangeReader {
         if (!ReadBytes(units, 2)) return false;
         name.reserve(units.size() / 2);
         for (size_t at = 0; at < units.size(); at += 2)
-            name += static_cast<wchar_t>(std::to_integer<uint32_t>(units[at]) |
-                                         std::to_integer<uint32_t>(units[at + 1]) << 8);
+            name += static_cast<wchar_t>(std::to_integer<uint32_t>(units[at]) | std::to_integer<uint32_t>(units[at + 1])
+                                                                                    << 8);
         return name.find(L'\0') == std::wstring::npos;
     }
     // A length and as many items of this size.

@@ -32,8 +32,7 @@ constexpr std::array<uint32_t, 256> MakeCrcTable() {
 constexpr std::array<uint32_t, 256> crcTable = MakeCrcTable();
 
 uint32_t AddToCrc(uint32_t crc, std::span<const std::byte> bytes) {
-    for (const std::byte byte : bytes)
-        crc = crcTable[(crc ^ std::to_integer<uint32_t>(byte)) & 0xFF] ^ crc >> 8;
+    for (const std::byte byte : bytes) crc = crcTable[(crc ^ std::to_integer<uint32_t>(byte)) & 0xFF] ^ crc >> 8;
     return crc;
 }
 
@@ -52,8 +51,7 @@ std::array<std::byte, headSize> Encode(const Head& head) {
     std::array<std::byte, headSize> bytes;
     auto* to = bytes.data();
     for (const uint32_t number : {head.Signature, head.Version, head.Set, head.Size, head.Crc})
-        for (uint32_t shift = 0; shift < 32; shift += 8)
-            *to++ = static_cast<std::byte>(number >> shift & 0xFF);
+        for (uint32_t shift = 0; shift < 32; shift += 8) *to++ = static_cast<std::byte>(number >> shift & 0xFF);
     return bytes;
 }
 
@@ -112,8 +110,7 @@ std::optional<RedoRecord::State> RedoRecord::Read(const errors::ReportContext& c
 }
 
 // What is missing shows in the size of what was found.
-bool RedoRecord::ReadParts(RegistryStore& own, uint32_t set, size_t size,
-                           const errors::ReportContext& context) {
+bool RedoRecord::ReadParts(RegistryStore& own, uint32_t set, size_t size, const errors::ReportContext& context) {
     found_.clear();
     for (size_t number = 1; found_.size() < size; ++number) {
         Bytes part;
@@ -177,8 +174,7 @@ bool RedoRecord::IsMissing() const {
     const KeyOutcome opened = own.OpenIfThere(ServiceHive, EditorPath(), silently);
     Bytes value;
     return opened == KeyOutcome::Missing ||
-           (opened == KeyOutcome::Opened &&
-            own.ReadBinary(recordValue, value, silently) == ReadOutcome::Default);
+           (opened == KeyOutcome::Opened && own.ReadBinary(recordValue, value, silently) == ReadOutcome::Default);
 }
 
 bool RedoRecord::Complete() {

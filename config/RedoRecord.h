@@ -26,9 +26,7 @@ class RedoRecord {
     enum class State { Missing, Whole, Unreadable };
 
     // store: its current key stays as it is. owner: the dialog that the message boxes belong to.
-    RedoRecord(const RegistryStore& store, const ui::Dialog* owner)
-        : store_(store),
-          context_{.owner = owner} {}
+    RedoRecord(const RegistryStore& store, const ui::Dialog* owner) : store_(store), context_{.owner = owner} {}
 
     // Looks for the record that was left. Nothing when the registry refused, which has been reported unless
     // this is to be silent.

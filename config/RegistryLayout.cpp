@@ -20,8 +20,8 @@ std::wstring Units(std::span<const std::byte> data) {
     std::wstring units;
     units.reserve(data.size() / unitSize);
     for (size_t at = 0; at + 1 < data.size(); at += unitSize)
-        units += static_cast<wchar_t>(std::to_integer<uint32_t>(data[at]) |
-                                      std::to_integer<uint32_t>(data[at + 1]) << 8);
+        units +=
+            static_cast<wchar_t>(std::to_integer<uint32_t>(data[at]) | std::to_integer<uint32_t>(data[at + 1]) << 8);
     return units;
 }
 
@@ -62,8 +62,7 @@ std::optional<std::wstring> DecodeString(platform::ValueType type, std::span<con
     return text;
 }
 
-std::optional<std::vector<std::wstring>> DecodeStringList(platform::ValueType type,
-                                                          std::span<const std::byte> data) {
+std::optional<std::vector<std::wstring>> DecodeStringList(platform::ValueType type, std::span<const std::byte> data) {
     if (data.size() % unitSize != 0) return std::nullopt;
     const std::wstring units = Units(data);
     const bool list = type == platform::ValueType::StringList && EndsInZeros(units, 2);

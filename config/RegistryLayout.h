@@ -47,7 +47,6 @@ std::optional<std::wstring> DecodeString(platform::ValueType type, std::span<con
 
 // The entries up to the first empty one. Nothing when the value is no list ending in two zeros, and no single
 // string ending in one (which counts as a list too).
-std::optional<std::vector<std::wstring>> DecodeStringList(platform::ValueType type,
-                                                          std::span<const std::byte> data);
+std::optional<std::vector<std::wstring>> DecodeStringList(platform::ValueType type, std::span<const std::byte> data);
 
 }  // namespace config

@@ -72,8 +72,7 @@ bool RegistryStore::Open(RootKey root, const std::wstring& path, const errors::R
     return ReportKey(context, TryOpen(root, path), opening, root, path);
 }
 
-KeyOutcome RegistryStore::OpenIfThere(RootKey root, const std::wstring& path,
-                                      const errors::ReportContext& context) {
+KeyOutcome RegistryStore::OpenIfThere(RootKey root, const std::wstring& path, const errors::ReportContext& context) {
     const Win32Code result = TryOpen(root, path);
     if (result == code::FileNotFound) return KeyOutcome::Missing;
     return ReportKey(context, result, opening, root, path) ? KeyOutcome::Opened : KeyOutcome::Failure;
@@ -102,8 +101,7 @@ bool RegistryStore::EnumerateSubkeys(std::vector<std::wstring>& names, const err
         const Win32Code result = registry_.EnumerateSubkey(current_.handle, index, subkeyNameCapacity, name);
         if (result == code::NoMoreItems) return true;
         if (result != code::Success)
-            return ReportKey(context, result, L"Search register key %s subkeys", current_.root,
-                             current_.path);
+            return ReportKey(context, result, L"Search register key %s subkeys", current_.root, current_.path);
         names.push_back(std::move(name));
     }
 }
@@ -128,8 +126,7 @@ bool RegistryStore::DeleteKeyTreeIfThere(RootKey root, const std::wstring& paren
 
 Win32Code RegistryStore::DeleteTree(KeyHandle parent, const std::wstring& name) {
     KeyHandle key = KeyHandle::None;
-    if (const Win32Code result = registry_.OpenSubkey(parent, name, key); result != code::Success)
-        return result;
+    if (const Win32Code result = registry_.OpenSubkey(parent, name, key); result != code::Success) return result;
     {
         const ScopedKey closeLater(registry_, key);
         std::wstring child;
@@ -149,14 +146,14 @@ bool RegistryStore::ReportKey(const errors::ReportContext& context, Win32Code co
     return false;
 }
 
-bool RegistryStore::ReportValue(const errors::ReportContext& context, Win32Code code,
-                                const wchar_t* operation, const std::wstring& name) const {
+bool RegistryStore::ReportValue(const errors::ReportContext& context, Win32Code code, const wchar_t* operation,
+                                const std::wstring& name) const {
     reporter_.ErrorReport(context, {.code = code, .operation = operation, .argument = name});
     return false;
 }
 
-ReadOutcome RegistryStore::ReadInteger(const std::wstring& name, int32_t& target,
-                                       const errors::ReportContext& context, int32_t defaultValue) {
+ReadOutcome RegistryStore::ReadInteger(const std::wstring& name, int32_t& target, const errors::ReportContext& context,
+                                       int32_t defaultValue) {
     std::array<std::byte, 4> buffer{};
     ValueType type{};
     uint32_t size = buffer.size();
@@ -177,8 +174,7 @@ ReadOutcome RegistryStore::ReadInteger(const std::wstring& name, int32_t& target
 }
 
 ReadOutcome RegistryStore::ReadString(const std::wstring& name, std::wstring& target,
-                                      const errors::ReportContext& context,
-                                      const std::wstring& defaultValue) {
+                                      const errors::ReportContext& context, const std::wstring& defaultValue) {
     std::array<std::byte, stringCapacity> buffer;
     ValueType type{};
     uint32_t size = buffer.size();
@@ -188,8 +184,8 @@ ReadOutcome RegistryStore::ReadString(const std::wstring& name, std::wstring& ta
         ReportValue(context, result, L"Reading string value '%s' from register", name);
         return ReadOutcome::Failure;
     }
-    auto text = missing ? std::nullopt
-                        : DecodeString(type, std::span(buffer).first(std::min<size_t>(size, buffer.size())));
+    auto text =
+        missing ? std::nullopt : DecodeString(type, std::span(buffer).first(std::min<size_t>(size, buffer.size())));
     if (!text) {
         target = defaultValue;
         return ReadOutcome::Default;
@@ -228,16 +224,14 @@ bool RegistryStore::ReadIntegerList(const std::wstring& name, std::vector<int32_
     return true;
 }
 
-ReadOutcome RegistryStore::ReadBinary(const std::wstring& name, Bytes& target,
-                                      const errors::ReportContext& context) {
+ReadOutcome RegistryStore::ReadBinary(const std::wstring& name, Bytes& target, const errors::ReportContext& context) {
     ValueType type{};
     uint32_t size = 0;
     Win32Code result = registry_.Query(current_.handle, name, type, {}, size);
     if (result == code::FileNotFound) return ReadOutcome::Default;
     if (result == code::Success && type != ValueType::Binary) return ReadOutcome::Default;
     Bytes data(size);
-    if (result == code::Success && size > 0)
-        result = registry_.Query(current_.handle, name, type, data, size);
+    if (result == code::Success && size > 0) result = registry_.Query(current_.handle, name, type, data, size);
     if (result != code::Success) {
         ReportValue(context, result, L"Reading binary value '%s' from register", name);
         return ReadOutcome::Failure;
@@ -247,11 +241,9 @@ ReadOutcome RegistryStore::ReadBinary(const std::wstring& name, Bytes& target,
     return ReadOutcome::Value;
 }
 
-bool RegistryStore::WriteInteger(const std::wstring& name, int32_t value,
-                                 const errors::ReportContext& context) {
+bool RegistryStore::WriteInteger(const std::wstring& name, int32_t value, const errors::ReportContext& context) {
     std::array<std::byte, 4> data;
-    for (size_t i = 0; i < data.size(); ++i)
-        data[i] = static_cast<std::byte>(static_cast<uint32_t>(value) >> (8 * i));
+    for (size_t i = 0; i < data.size(); ++i) data[i] = static_cast<std::byte>(static_cast<uint32_t>(value) >> (8 * i));
     return WriteValue(name, ValueType::Integer, data, context);
 }
 

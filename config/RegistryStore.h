@@ -39,8 +39,7 @@ class RegistryStore {
 
     // Key operations return false after a report that names the key. A key that is opened or created becomes
     // the current one and the former one is closed; when that fails, the former one stays.
-    [[nodiscard]] bool Open(platform::RootKey root, const std::wstring& path,
-                            const errors::ReportContext& context);
+    [[nodiscard]] bool Open(platform::RootKey root, const std::wstring& path, const errors::ReportContext& context);
     [[nodiscard]] KeyOutcome OpenIfThere(platform::RootKey root, const std::wstring& path,
                                          const errors::ReportContext& context);
     [[nodiscard]] bool CreateMachineKey(const std::wstring& path, const errors::ReportContext& context);
@@ -49,8 +48,7 @@ class RegistryStore {
     // Silent: what was written is not lost when this fails, only later on the disk.
     void Flush();
     // Names of the current key's subkeys in the registry's order.
-    [[nodiscard]] bool EnumerateSubkeys(std::vector<std::wstring>& names,
-                                        const errors::ReportContext& context);
+    [[nodiscard]] bool EnumerateSubkeys(std::vector<std::wstring>& names, const errors::ReportContext& context);
     // Deletes the subkey of the current key with everything below it; ends at the first deletion that fails.
     [[nodiscard]] bool DeleteKeyTree(const std::wstring& name, const errors::ReportContext& context,
                                      const std::wstring& reportedPath);
@@ -62,21 +60,19 @@ class RegistryStore {
 
     ReadOutcome ReadInteger(const std::wstring& name, int32_t& target, const errors::ReportContext& context,
                             int32_t defaultValue);
-    ReadOutcome ReadString(const std::wstring& name, std::wstring& target,
-                           const errors::ReportContext& context, const std::wstring& defaultValue = {});
+    ReadOutcome ReadString(const std::wstring& name, std::wstring& target, const errors::ReportContext& context,
+                           const std::wstring& defaultValue = {});
     // Lists have no default but the empty list; a failed read, which returns false, leaves them empty too.
     bool ReadStringList(const std::wstring& name, std::vector<std::wstring>& target,
                         const errors::ReportContext& context);
-    bool ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target,
-                         const errors::ReportContext& context);
+    bool ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target, const errors::ReportContext& context);
 
     // A value of the type REG_BINARY.
     ReadOutcome ReadBinary(const std::wstring& name, Bytes& target, const errors::ReportContext& context);
 
     // Writes return false after a report.
     bool WriteInteger(const std::wstring& name, int32_t value, const errors::ReportContext& context);
-    bool WriteString(const std::wstring& name, const std::wstring& text,
-                     const errors::ReportContext& context);
+    bool WriteString(const std::wstring& name, const std::wstring& text, const errors::ReportContext& context);
     // An empty entry is written as "0", so that the list keeps its length.
     bool WriteTextList(const std::wstring& name, const std::vector<std::wstring>& texts,
                        const errors::ReportContext& context);
@@ -90,8 +86,7 @@ class RegistryStore {
                     const errors::ReportContext& context);
 
   private:
-    RegistryStore(platform::RegistryBackend& registry, platform::Memory& memory,
-                  const errors::ErrorReporter& reporter)
+    RegistryStore(platform::RegistryBackend& registry, platform::Memory& memory, const errors::ErrorReporter& reporter)
         : registry_(registry),
           memory_(memory),
           reporter_(reporter) {}

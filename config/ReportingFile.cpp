@@ -53,8 +53,7 @@ bool ReportingFile::ReadAll(FileContent& content, std::wstring_view refusal) {
 
 bool ReportingFile::Write(std::string_view bytes) {
     uint32_t written = 0;
-    const platform::Win32Code result =
-        services_.Machine.Files.Write(file_, std::as_bytes(std::span(bytes)), written);
+    const platform::Win32Code result = services_.Machine.Files.Write(file_, std::as_bytes(std::span(bytes)), written);
     // The system writes all or fails. Were it ever to write less, the user must not take the file for whole.
     const bool cutShort = result == code::Success && written < bytes.size();
     return Succeeded(cutShort ? diskFull : result, L"Writing file %s");
@@ -68,13 +67,12 @@ bool ReportingFile::Close() {
 
 bool ReportingFile::Succeeded(platform::Win32Code code, std::wstring_view operation) const {
     if (code == code::Success) return true;
-    services_.Errors.ErrorReport({.owner = owner_},
-                                 {.code = code, .operation = operation, .argument = path_});
+    services_.Errors.ErrorReport({.owner = owner_}, {.code = code, .operation = operation, .argument = path_});
     return false;
 }
 
-std::optional<FileContent> ReadWholeFile(const Services& services, const ui::Dialog* owner,
-                                         const std::wstring& path, std::wstring_view refusal) {
+std::optional<FileContent> ReadWholeFile(const Services& services, const ui::Dialog* owner, const std::wstring& path,
+                                         std::wstring_view refusal) {
     ReportingFile file(services, owner, path);
     FileContent content;
     if (!file.Open() || !file.ReadAll(content, refusal) || !file.Close()) return std::nullopt;
@@ -87,8 +85,8 @@ bool WriteWholeFile(const Services& services, const ui::Dialog* owner, const std
     return file.Create() && file.Write(bytes) && file.Close();
 }
 
-ui::FilePicker ExchangeFilePicker(ui::FilePickerKind kind, std::wstring_view plural,
-                                  const std::wstring& extension, const std::wstring& proposal) {
+ui::FilePicker ExchangeFilePicker(ui::FilePickerKind kind, std::wstring_view plural, const std::wstring& extension,
+                                  const std::wstring& proposal) {
     return {.kind = kind,
             .filterName = text::Format(L"%s (*.%s)", plural, extension),
             .filterPattern = L"*." + extension,

@@ -20,9 +20,7 @@ class FileContent {
   public:
     FileContent() = default;
     // The block holds at least length bytes.
-    FileContent(std::unique_ptr<std::byte[]> block, size_t length)
-        : block_(std::move(block)),
-          length_(length) {}
+    FileContent(std::unique_ptr<std::byte[]> block, size_t length) : block_(std::move(block)), length_(length) {}
 
     // Lives as long as the content.
     std::string_view Bytes() const;
@@ -64,15 +62,15 @@ class ReportingFile {
 };
 
 // Nothing: a step failed and has been reported.
-std::optional<FileContent> ReadWholeFile(const Services& services, const ui::Dialog* owner,
-                                         const std::wstring& path, std::wstring_view refusal = MemoryRefused);
+std::optional<FileContent> ReadWholeFile(const Services& services, const ui::Dialog* owner, const std::wstring& path,
+                                         std::wstring_view refusal = MemoryRefused);
 // False: a step failed and has been reported; what was written stays.
 bool WriteWholeFile(const Services& services, const ui::Dialog* owner, const std::wstring& path,
                     std::string_view bytes);
 
 // Offers the files of one kind, named by its plural and its extension, and all files. proposal: the path or
 // name shown at first; may be empty.
-ui::FilePicker ExchangeFilePicker(ui::FilePickerKind kind, std::wstring_view plural,
-                                  const std::wstring& extension, const std::wstring& proposal = {});
+ui::FilePicker ExchangeFilePicker(ui::FilePickerKind kind, std::wstring_view plural, const std::wstring& extension,
+                                  const std::wstring& proposal = {});
 
 }  // namespace config

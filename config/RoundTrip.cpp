@@ -46,8 +46,7 @@ constexpr std::array words{
 
 // A text whose name in the registry is a good one, too, needs no other.
 std::wstring WordFor(std::wstring_view name) {
-    const auto found =
-        std::find_if(words.begin(), words.end(), [name](Word word) { return word.first == name; });
+    const auto found = std::find_if(words.begin(), words.end(), [name](Word word) { return word.first == name; });
     return std::wstring(found == words.end() ? name : found->second);
 }
 

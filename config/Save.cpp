@@ -108,8 +108,7 @@ void Saver::WriteSettings(const std::wstring& ldap) {
 void Saver::CreateNewProfiles(const std::vector<std::wstring>& existing) {
     const std::set<std::wstring> known(existing.begin(), existing.end());
     for (const ServiceProfile& profile : configuration_.Profiles)
-        if (!known.contains(profile.Name) && Create(ProfilePath(profile)))
-            static_cast<void>(Open(ServiceRoot));
+        if (!known.contains(profile.Name) && Create(ProfilePath(profile))) static_cast<void>(Open(ServiceRoot));
 }
 
 // False: this profile and those after it stay unwritten.

@@ -36,8 +36,7 @@ class CertificateSearch {
     // success.
     virtual bool FindOwnerNames(ui::Dialog& parent, const std::wstring& pattern, NameList& names) = 0;
     // The certificates whose owner has this name; letter case does not matter.
-    virtual bool FindCertificatesByName(ui::Dialog& parent, const std::wstring& name,
-                                        OwnerCertificates& found) = 0;
+    virtual bool FindCertificatesByName(ui::Dialog& parent, const std::wstring& name, OwnerCertificates& found) = 0;
 };
 
 }  // namespace crypto

@@ -29,8 +29,7 @@ void CryptoContext::Close() {
                            {.code = code, .operation = L"Cryptocontext uninitialization", .argument = {}});
 }
 
-FindResult::FindResult(const CryptoContext& context, const platform::kseal::CertFindRequest& request,
-                       Released released)
+FindResult::FindResult(const CryptoContext& context, const platform::kseal::CertFindRequest& request, Released released)
     : context_(context),
       released_(released),
       code_(context.Library().FindCert(context.Handle(), &request, &result_)) {}
@@ -57,8 +56,8 @@ bool AsksToContinue(const config::Services& services, const ui::Dialog& parent, 
     ShowLibraryFailure(services, nullptr, failure);
     const std::wstring text =
         text::Format(L"%s (0x%X).\r\n%s", services.Errors.Description(failure.code), failure.code, question);
-    return errors::PlainMessageBox(services.Screen, &parent, text,
-                                   ui::box::OkCancel | ui::box::ExclamationIcon) == ui::IdOk;
+    return errors::PlainMessageBox(services.Screen, &parent, text, ui::box::OkCancel | ui::box::ExclamationIcon) ==
+           ui::IdOk;
 }
 
 }  // namespace crypto

@@ -40,8 +40,7 @@ bool LibrarySearch::FindAllLocalNames(ui::Dialog& parent, NameList& names) {
 
 bool LibrarySearch::FindOwnerNames(ui::Dialog& parent, const std::wstring& pattern, NameList& names) {
     names.Clear();
-    const std::string query =
-        pattern == L"*" ? std::string("*=*") : services_.Machine.CodePage.ToAnsi(pattern);
+    const std::string query = pattern == L"*" ? std::string("*=*") : services_.Machine.CodePage.ToAnsi(pattern);
     CertFindRequest request;
     request.SearchWord = SearchWord(0xE04);
     request.StoreScope = everyScope;
@@ -50,18 +49,16 @@ bool LibrarySearch::FindOwnerNames(ui::Dialog& parent, const std::wstring& patte
     const FindResult found(context_, request);
     if (found.Code() == platform::kseal::NothingFound) return true;
     if (found.Code() != 0) {
-        services_.Errors.ErrorReport({&parent, errors::ReportMode::Show}, {.code = found.Code(),
-                                                                           .operation = searchingByName,
-                                                                           .argument = pattern,
-                                                                           .context = context_.Handle()});
+        services_.Errors.ErrorReport(
+            {&parent, errors::ReportMode::Show},
+            {.code = found.Code(), .operation = searchingByName, .argument = pattern, .context = context_.Handle()});
         return false;
     }
     AddNames(found.Entries(), names);
     return true;
 }
 
-bool LibrarySearch::FindCertificatesByName(ui::Dialog& parent, const std::wstring& name,
-                                           OwnerCertificates& found) {
+bool LibrarySearch::FindCertificatesByName(ui::Dialog& parent, const std::wstring& name, OwnerCertificates& found) {
     found = {};
     const std::wstring upperName = text::Upper(name);
     const std::string query = services_.Machine.CodePage.ToAnsi(name);
@@ -72,11 +69,9 @@ bool LibrarySearch::FindCertificatesByName(ui::Dialog& parent, const std::wstrin
     request.FieldsWanted = wholeCertificates;
     const FindResult result(context_, request);
     if (result.Code() != 0) {
-        services_.Errors.ErrorReport({&parent, errors::ReportMode::ShowAndCollect},
-                                     {.code = result.Code(),
-                                      .operation = searchingByName,
-                                      .argument = name,
-                                      .context = DetailContext()});
+        services_.Errors.ErrorReport(
+            {&parent, errors::ReportMode::ShowAndCollect},
+            {.code = result.Code(), .operation = searchingByName, .argument = name, .context = DetailContext()});
         return false;
     }
     for (const CertEntry& entry : result.Entries()) {

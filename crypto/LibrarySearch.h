@@ -21,8 +21,7 @@ class LibrarySearch final : public CertificateSearch {
 
     bool FindAllLocalNames(ui::Dialog& parent, NameList& names) override;
     bool FindOwnerNames(ui::Dialog& parent, const std::wstring& pattern, NameList& names) override;
-    bool FindCertificatesByName(ui::Dialog& parent, const std::wstring& name,
-                                OwnerCertificates& found) override;
+    bool FindCertificatesByName(ui::Dialog& parent, const std::wstring& name, OwnerCertificates& found) override;
 
   private:
     bool IsWanted(const platform::kseal::CertEntry& entry) const;

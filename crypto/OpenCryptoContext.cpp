@@ -23,19 +23,17 @@ Initialized Initialize(const config::Services& services, ui::Dialog& parent, con
     wait.OpenModeless();
     Initialized result;
     result.library = services.Machine.CryptoLibrary.Exports(result.code);
-    if (result.library != nullptr)
-        result.code = result.library->Initialize(name.c_str(), flags, &result.context);
+    if (result.library != nullptr) result.code = result.library->Initialize(name.c_str(), flags, &result.context);
     return result;
 }
 
 // Where there is no library, there is no error stack either.
 std::wstring DetailOf(const platform::Machine& machine, const Initialized& failed) {
-    return failed.library == nullptr ? machine.CryptoLibrary.WhatIsMissing()
-                                     : errors::ErrorStackText(machine, nullptr);
+    return failed.library == nullptr ? machine.CryptoLibrary.WhatIsMissing() : errors::ErrorStackText(machine, nullptr);
 }
 
-std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& parent,
-                                  const std::wstring& csProfile, uint32_t flags) {
+std::optional<CryptoContext> Open(const config::Services& services, ui::Dialog& parent, const std::wstring& csProfile,
+                                  uint32_t flags) {
     const Initialized result = Initialize(services, parent, csProfile, flags);
     if (result.code == 0 && result.context != nullptr)
         return CryptoContext(*result.library, result.context, services.Errors);
@@ -57,16 +55,14 @@ kseal::Code Probe(const CryptoContext& context) {
 }  // namespace
 
 std::optional<OpenedContext> OpenCryptoContext(const config::Services& services, ui::Dialog& parent,
-                                               const std::wstring& csProfile,
-                                               const PickerSettings& settings) {
+                                               const std::wstring& csProfile, const PickerSettings& settings) {
     const ui::WaitCursor wait(services.Screen);
     std::optional<CryptoContext> context = Open(services, parent, csProfile, ContextFlags(settings));
     if (!context) return std::nullopt;
     bool ldapUsable = settings.NotUseLDAP == 0;
     if (ldapUsable && !CheckLdapStore(services, parent, *context, ldapUsable)) return std::nullopt;
     const bool needsCrl = settings.NotLoadCrl == 0 && settings.CrlUpdatePeriod >= 1;
-    if (needsCrl && !RefreshCrl(services, parent, *context, csProfile, settings.CrlUpdatePeriod))
-        return std::nullopt;
+    if (needsCrl && !RefreshCrl(services, parent, *context, csProfile, settings.CrlUpdatePeriod)) return std::nullopt;
     return OpenedContext{std::move(*context), ldapUsable};
 }
 

@@ -42,10 +42,8 @@ class AwaitDlg : public ui::Dialog {
   private:
     void OnInitDialog() override;
 
-    ui::Label text_{*this,
-                    1150,
-                    {7, 8, 176, 18},
-                    L"Please, wait, cryptocontext initialization can take up to 30 seconds."};
+    ui::Label text_{
+        *this, 1150, {7, 8, 176, 18}, L"Please, wait, cryptocontext initialization can take up to 30 seconds."};
 };
 
 }  // namespace crypto

@@ -64,8 +64,8 @@ bool RefreshCrl(const config::Services& services, const ui::Dialog& parent, cons
     return AsksToContinue(services, parent, failure, L"Continue without loading CRL?");
 }
 
-CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view csProfile,
-                            int32_t periodHours, int64_t now) {
+CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view csProfile, int32_t periodHours,
+                            int64_t now) {
     CrlStampSearch found;
     for (size_t i = 0; i < stamps.size(); ++i) {
         const std::optional<int32_t> last = TimeOf(stamps[i], csProfile);
@@ -76,8 +76,8 @@ CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstrin
     return found;
 }
 
-void SetCrlStamp(std::vector<std::wstring>& stamps, std::optional<size_t> position,
-                 std::wstring_view csProfile, int64_t now) {
+void SetCrlStamp(std::vector<std::wstring>& stamps, std::optional<size_t> position, std::wstring_view csProfile,
+                 int64_t now) {
     std::wstring stamp = text::Format(L"%s;;%lld", csProfile, now);
     if (position) {
         stamps[*position] = std::move(stamp);

@@ -27,11 +27,11 @@ struct CrlStampSearch {
 };
 
 // periodHours: how long a refresh holds, counted in whole minutes.
-CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view csProfile,
-                            int32_t periodHours, int64_t now);
+CrlStampSearch FindCrlStamp(const std::vector<std::wstring>& stamps, std::wstring_view csProfile, int32_t periodHours,
+                            int64_t now);
 
 // Puts the stamp in place of the one at the position, or at the end.
-void SetCrlStamp(std::vector<std::wstring>& stamps, std::optional<size_t> position,
-                 std::wstring_view csProfile, int64_t now);
+void SetCrlStamp(std::vector<std::wstring>& stamps, std::optional<size_t> position, std::wstring_view csProfile,
+                 int64_t now);
 
 }  // namespace crypto

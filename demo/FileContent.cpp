@@ -7,8 +7,7 @@ namespace demo {
 namespace {
 
 void Check(platform::Win32Code code) {
-    if (code != platform::code::Success)
-        throw std::runtime_error("cannot read the file, code " + std::to_string(code));
+    if (code != platform::code::Success) throw std::runtime_error("cannot read the file, code " + std::to_string(code));
 }
 
 }  // namespace

@@ -42,8 +42,7 @@ std::vector<uint8_t> SerialIn(std::string_view text) {
 
 StandInCertificate CertificateIn(std::string_view line) {
     const std::vector<std::string_view> fields = Split(line, '|');
-    if (fields.size() != 4 && fields.size() != 5)
-        throw std::runtime_error("a certificate has four or five fields");
+    if (fields.size() != 4 && fields.size() != 5) throw std::runtime_error("a certificate has four or five fields");
     if (fields[0] != "local" && fields[0] != "network")
         throw std::runtime_error("the store is neither local nor network");
     StandInCertificate certificate;

@@ -23,10 +23,8 @@ class RegistryKey {
     RegistryKey& operator=(RegistryKey&& other) noexcept;
 
     static bool Exists(platform::RegistryBackend& registry, platform::RootKey root, const std::wstring& path);
-    static RegistryKey Open(platform::RegistryBackend& registry, platform::RootKey root,
-                            const std::wstring& path);
-    static RegistryKey Create(platform::RegistryBackend& registry, platform::RootKey root,
-                              const std::wstring& path);
+    static RegistryKey Open(platform::RegistryBackend& registry, platform::RootKey root, const std::wstring& path);
+    static RegistryKey Create(platform::RegistryBackend& registry, platform::RootKey root, const std::wstring& path);
 
     bool IsOpen() const { return registry_ != nullptr; }
     RegistryKey OpenSubkey(const std::wstring& name) const;
@@ -37,9 +35,7 @@ class RegistryKey {
     void Set(const std::wstring& name, const RegistryValue& value) const;
 
   private:
-    RegistryKey(platform::RegistryBackend& registry, platform::KeyHandle key)
-        : registry_(&registry),
-          key_(key) {}
+    RegistryKey(platform::RegistryBackend& registry, platform::KeyHandle key) : registry_(&registry), key_(key) {}
 
     platform::RegistryBackend* registry_ = nullptr;  // null: no key
     platform::KeyHandle key_ = platform::KeyHandle::None;

@@ -34,8 +34,7 @@ RegistryKey CreateKey(RegistryBackend& registry, std::string_view line) {
     const std::string_view rootName = root == RootKey::CurrentUser ? userRoot : machineRoot;
     if (!path.starts_with(rootName)) throw std::runtime_error("unknown root key");
     path.remove_prefix(rootName.size());
-    if (path.empty() || path.front() == '\\' || path.back() == '\\' ||
-        path.find("\\\\") != std::string_view::npos) {
+    if (path.empty() || path.front() == '\\' || path.back() == '\\' || path.find("\\\\") != std::string_view::npos) {
         throw std::runtime_error("empty key name");
     }
     return RegistryKey::Create(registry, root, FromLine(path));
@@ -100,8 +99,7 @@ std::string Name(const std::wstring& name, std::string_view forbiddenInside) {
     if (!utf8 || std::any_of(name.begin(), name.end(), isControl)) {
         throw std::runtime_error("a name cannot be shown as text");
     }
-    if (utf8->starts_with('#') || utf8->starts_with('[') ||
-        utf8->find(forbiddenInside) != std::string::npos) {
+    if (utf8->starts_with('#') || utf8->starts_with('[') || utf8->find(forbiddenInside) != std::string::npos) {
         throw std::runtime_error("a name would be misread: " + *utf8);
     }
     return *utf8;
@@ -165,8 +163,7 @@ void DeleteRegistryTree(RegistryBackend& registry, RootKey root, const std::wstr
     if (!RegistryKey::Exists(registry, root, path)) return;
     const size_t end = path.rfind(L'\\');
     const bool isDirectlyBelowRoot = end == std::wstring::npos;
-    const RegistryKey parent =
-        RegistryKey::Open(registry, root, isDirectlyBelowRoot ? L"" : path.substr(0, end));
+    const RegistryKey parent = RegistryKey::Open(registry, root, isDirectlyBelowRoot ? L"" : path.substr(0, end));
     DeleteTree(parent, isDirectlyBelowRoot ? path : path.substr(end + 1));
 }
 

@@ -26,12 +26,10 @@ void ApplyRegistryText(std::string_view utf8, platform::RegistryBackend& registr
 // The key and all below it, in the order of enumeration, each key's values in the order of their names (M2
 // before M10). Throws std::runtime_error when the registry refuses something or a name cannot stand in a
 // line.
-std::string DumpRegistryKey(platform::RegistryBackend& registry, platform::RootKey root,
-                            const std::wstring& path);
+std::string DumpRegistryKey(platform::RegistryBackend& registry, platform::RootKey root, const std::wstring& path);
 
 // Deletes the key and all below it, if it exists. Throws std::runtime_error when the registry refuses
 // something.
-void DeleteRegistryTree(platform::RegistryBackend& registry, platform::RootKey root,
-                        const std::wstring& path);
+void DeleteRegistryTree(platform::RegistryBackend& registry, platform::RootKey root, const std::wstring& path);
 
 }  // namespace demo

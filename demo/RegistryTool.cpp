@@ -25,8 +25,7 @@ bool Exists(RegistryBackend& registry, const Tree& tree) {
 }  // namespace
 
 void SeedRegistry(std::string_view utf8, RegistryBackend& registry) {
-    for (const Tree& tree : {serviceTree, editorTree, libraryTree})
-        DeleteRegistryTree(registry, tree.root, tree.path);
+    for (const Tree& tree : {serviceTree, editorTree, libraryTree}) DeleteRegistryTree(registry, tree.root, tree.path);
     ApplyRegistryText(utf8, registry);
 }
 

@@ -34,8 +34,7 @@ std::optional<std::wstring> Units(const std::vector<std::byte>& data) {
     if (data.size() % 2 != 0) return std::nullopt;
     std::wstring units;
     for (size_t i = 0; i < data.size(); i += 2) {
-        units += static_cast<wchar_t>(std::to_integer<uint32_t>(data[i]) |
-                                      std::to_integer<uint32_t>(data[i + 1]) << 8);
+        units += static_cast<wchar_t>(std::to_integer<uint32_t>(data[i]) | std::to_integer<uint32_t>(data[i + 1]) << 8);
     }
     return units;
 }
@@ -111,16 +110,14 @@ RegistryValue ParseInteger(std::string_view text) {
     int64_t number = 0;
     const char* const end = text.data() + text.size();
     const auto result = std::from_chars(text.data(), end, number);
-    if (result.ec == std::errc::invalid_argument || result.ptr != end)
-        Reject("neither text, list, integer nor bytes");
+    if (result.ec == std::errc::invalid_argument || result.ptr != end) Reject("neither text, list, integer nor bytes");
     if (result.ec != std::errc() || number < std::numeric_limits<int32_t>::min() ||
         number > std::numeric_limits<int32_t>::max()) {
         Reject("integer beyond 32 bits");
     }
     RegistryValue value{ValueType::Integer, {}};
     const auto bits = static_cast<uint32_t>(number);
-    for (uint32_t shift = 0; shift < 32; shift += 8)
-        value.Data.push_back(static_cast<std::byte>(bits >> shift & 0xFF));
+    for (uint32_t shift = 0; shift < 32; shift += 8) value.Data.push_back(static_cast<std::byte>(bits >> shift & 0xFF));
     return value;
 }
 

@@ -62,8 +62,7 @@ struct StandInLibrary::Functions {
     static Code Ctrl(Context context, uint32_t controlCode, void* controlBlock) {
         return current->Ctrl(context, controlCode, controlBlock);
     }
-    static Code FindCert(Context context, const kseal::CertFindRequest* request,
-                         kseal::CertFindResult* result) {
+    static Code FindCert(Context context, const kseal::CertFindRequest* request, kseal::CertFindResult* result) {
         return current->FindCert(context, *request, *result);
     }
     static Code FreeFindResult(Context context, kseal::CertFindResult* result) {
@@ -72,8 +71,7 @@ struct StandInLibrary::Functions {
     static Code GetErrorText(Code code, char* buffer, uint32_t size) {
         return current->GetErrorText(code, buffer, size);
     }
-    static Code GetErrorLineEx(Context context, char** errorText, char** sourceFile, int32_t* line,
-                               char** data) {
+    static Code GetErrorLineEx(Context context, char** errorText, char** sourceFile, int32_t* line, char** data) {
         return current->GetErrorLineEx(context, errorText, sourceFile, line, data);
     }
     static void FreeMem(void* memory) { current->FreeMem(memory); }
@@ -158,8 +156,7 @@ StandInLibrary::Code StandInLibrary::FindCert(Context context, const kseal::Cert
     return 0;
 }
 
-StandInLibrary::Code StandInLibrary::Search(Context context, const kseal::CertFindRequest& request,
-                                            Result& result) {
+StandInLibrary::Code StandInLibrary::Search(Context context, const kseal::CertFindRequest& request, Result& result) {
     const bool inNetwork = (request.SearchWord & networkBit) != 0;
     const bool inLocal = (request.SearchWord & networkOnlyBits) == 0;
     if (!inLocal && !owners_.NetworkAnswers) {
@@ -172,15 +169,13 @@ StandInLibrary::Code StandInLibrary::Search(Context context, const kseal::CertFi
             result.certificates.push_back(certificate);
     if (!inLocal && result.certificates.empty()) return kseal::NothingFound;
     result.entries.reserve(result.certificates.size() + 1);  // an empty result can be told from none, too
-    for (StandInCertificate& certificate : result.certificates)
-        result.entries.push_back(EntryOf(certificate));
+    for (StandInCertificate& certificate : result.certificates) result.entries.push_back(EntryOf(certificate));
     return 0;
 }
 
 StandInLibrary::Code StandInLibrary::FreeFindResult(Context context, kseal::CertFindResult& found) {
     Note("FreeFindResult");
-    CountRelease(contexts_.contains(context) &&
-                 (found.Entries == nullptr || results_.erase(found.Entries) != 0));
+    CountRelease(contexts_.contains(context) && (found.Entries == nullptr || results_.erase(found.Entries) != 0));
     found = {};
     return AnswerOf(StandInCall::FreeFindResult);
 }
@@ -192,8 +187,8 @@ StandInLibrary::Code StandInLibrary::GetErrorText(Code code, char* buffer, uint3
     return 0;
 }
 
-StandInLibrary::Code StandInLibrary::GetErrorLineEx(Context context, char** errorText, char** sourceFile,
-                                                    int32_t* line, char** data) {
+StandInLibrary::Code StandInLibrary::GetErrorLineEx(Context context, char** errorText, char** sourceFile, int32_t* line,
+                                                    char** data) {
     const auto found = errors_.find(context);
     if (found == errors_.end() || found->second.empty()) return 1;
     const errors::LibraryErrorEntry entry = std::move(found->second.front());

@@ -40,8 +40,7 @@ class CAddProfile : public ui::Dialog {
     // profile: one without a name is a new one. profileNames: of all profiles. csProfileNames: the CS
     // profiles that can be attached. memory must outlive the dialog.
     CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
-                std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames,
-                EditorMemory& memory);
+                std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames, EditorMemory& memory);
 
     // As accepted by OK; not to be used before.
     const config::ServiceProfile& Result() const { return profile_; }
@@ -78,10 +77,8 @@ class CAddProfile : public ui::Dialog {
     ui::Label nameLabel_{*this, 1070, {7, 9, 68, 8}, L"Type profile name"};
     ui::Edit name_{*this, 1037, {78, 7, 106, 14}, {.refused = L"\\"}};  // the name of a key
 
-    ui::ListBox csProfiles_{
-        *this, 1001, {7, 29, 108, 140}, ui::ListBox::Order::AsAdded, [this] { SelectCsProfile(); }};
-    ui::IconButton addCsProfile_{
-        *this, 1098, {119, 29, 28, 20}, ui::Icon::ItemAdd, L"Add", [this] { AddCsProfile(); }};
+    ui::ListBox csProfiles_{*this, 1001, {7, 29, 108, 140}, ui::ListBox::Order::AsAdded, [this] { SelectCsProfile(); }};
+    ui::IconButton addCsProfile_{*this, 1098, {119, 29, 28, 20}, ui::Icon::ItemAdd, L"Add", [this] { AddCsProfile(); }};
     ui::IconButton deleteCsProfile_{
         *this, 1099, {119, 51, 28, 20}, ui::Icon::ItemDelete, L"Delete", [this] { DeleteCsProfile(); }};
 
@@ -96,12 +93,8 @@ class CAddProfile : public ui::Dialog {
     ui::Label periodLabel_{*this, 1094, {172, 93, 62, 8}, L"Frequency (h.):"};
     ui::Edit period_{*this, 1064, {237, 91, 50, 14}, {.digitsOnly = true}, [this] { ClampPeriod(); }};
     ui::UpDown periodArrows_{*this, 1129, period_, 0, 8760};
-    ui::CheckBox useTsp_{*this,
-                         1058,
-                         {161, 111, 74, 10},
-                         L"Use TSP server:",
-                         shown_.AutoUseTSP,
-                         [this] { SwitchTimeStampServer(); }};
+    ui::CheckBox useTsp_{
+        *this, 1058, {161, 111, 74, 10}, L"Use TSP server:", shown_.AutoUseTSP, [this] { SwitchTimeStampServer(); }};
     ui::Edit tsp_{*this, 1059, {237, 109, 142, 14}};
     ui::CheckBox verifyTsp_{*this,
                             1060,
@@ -114,11 +107,8 @@ class CAddProfile : public ui::Dialog {
     ui::CheckBox useAia_{
         *this, 1062, {161, 153, 218, 10}, L"Allow AIA and CDP access while building chains", shown_.UseAIA};
 
-    ui::CheckBox verifyFile_{*this,
-                             1076,
-                             {7, 177, 380, 10},
-                             L"Create report file after verifying attached signature",
-                             profile_.VerifyFile};
+    ui::CheckBox verifyFile_{
+        *this, 1076, {7, 177, 380, 10}, L"Create report file after verifying attached signature", profile_.VerifyFile};
     ui::CheckBox verifyXFile_{*this,
                               1077,
                               {7, 190, 380, 10},

@@ -52,8 +52,7 @@ CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const co
 
 void CAddRule::OnInitDialog() {
     SetCaption(isNew_ ? L"Add rule" : L"Edit rule");
-    for (ui::Control* neverShown :
-         std::initializer_list<ui::Control*>{&oldMaskLabel_, &oldMask_, &oldMaskEdit_})
+    for (ui::Control* neverShown : std::initializer_list<ui::Control*>{&oldMaskLabel_, &oldMask_, &oldMaskEdit_})
         Use(neverShown, false);
     operation_.SetItems(OperationNames());
     csProfile_.SetItems(profile_.ZCSProfile);
@@ -246,8 +245,7 @@ void CAddRule::ShowRefusal(const Refusal& refusal) {
         case Refusal::Shown::Report: {
             std::wstring shownAfter = refusal.text;
             services_.Errors.ErrorReport(
-                {.owner = this},
-                {.code = refusal.code, .operation = L"Opening file %s", .argument = refusal.path},
+                {.owner = this}, {.code = refusal.code, .operation = L"Opening file %s", .argument = refusal.path},
                 &shownAfter);
             break;
         }

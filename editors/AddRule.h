@@ -76,36 +76,25 @@ class CAddRule : public ui::Dialog {
     ui::Label csProfileLabel_{*this, 1104, {206, 9, 44, 8}};
     ui::ComboBox csProfile_{*this, 1051, {253, 7, 134, 14}, form_.CsProfile, [this] { ChooseCsProfile(); }};
     ui::Label descriptionLabel_{*this, 1122, {7, 29, 32, 18}, L"Descrip\ntion"};
-    ui::Edit description_{*this,
-                          1079,
-                          {41, 27, 346, 28},
-                          form_.Descryption,
-                          {.multiLine = true, .longest = config::LongestText}};
+    ui::Edit description_{
+        *this, 1079, {41, 27, 346, 28}, form_.Descryption, {.multiLine = true, .longest = config::LongestText}};
 
-    ui::IconButton pickPathIn_{*this,           1000,
-                               {7, 62, 28, 20}, ui::Icon::FolderIn,
-                               L"Input folder", [this] { PickFolder(form_.PathIn); }};
+    ui::IconButton pickPathIn_{
+        *this, 1000, {7, 62, 28, 20}, ui::Icon::FolderIn, L"Input folder", [this] { PickFolder(form_.PathIn); }};
     ui::Edit pathIn_{*this, 1045, {41, 65, 210, 14}, form_.PathIn, pathStyle};
-    ui::IconButton pickPathOut_{*this,
-                                1043,
-                                {7, 84, 28, 20},
-                                ui::Icon::FolderOut,
-                                L"Output folder",
-                                [this] { PickFolder(form_.PathOut); }};
+    ui::IconButton pickPathOut_{
+        *this, 1043, {7, 84, 28, 20}, ui::Icon::FolderOut, L"Output folder", [this] { PickFolder(form_.PathOut); }};
     ui::Edit pathOut_{*this, 1046, {41, 87, 210, 14}, form_.PathOut, pathStyle};
     ui::IconButton pickPathError_{
         *this, 1044, {7, 106, 28, 20}, ui::Icon::FolderError, L"Error folder", [this] {
-            PickFolder(form_.PathError);
-        }};
+            PickFolder(form_.PathError); }};
     ui::Edit pathError_{*this, 1047, {41, 109, 210, 14}, form_.PathError, pathStyle};
     ui::IconButton action_{*this, 1050, {7, 128, 28, 20}, ui::Icon::Recipients, L"", [this] { DoAction(); }};
     ui::Edit actionField_{*this, 1049, {41, 131, 210, 14}, pathStyle};
 
     ui::ListView masks_{*this, 1001, {258, 62, 97, 86}};
-    ui::IconButton addMask_{
-        *this, 1124, {359, 62, 28, 20}, ui::Icon::MaskAdd, L"Add", [this] { maskList_.Add(); }};
-    ui::IconButton editMask_{
-        *this, 1125, {359, 84, 28, 20}, ui::Icon::MaskEdit, L"Edit", [this] { maskList_.Edit(); }};
+    ui::IconButton addMask_{*this, 1124, {359, 62, 28, 20}, ui::Icon::MaskAdd, L"Add", [this] { maskList_.Add(); }};
+    ui::IconButton editMask_{*this, 1125, {359, 84, 28, 20}, ui::Icon::MaskEdit, L"Edit", [this] { maskList_.Edit(); }};
     ui::IconButton deleteMask_{
         *this, 1126, {359, 106, 28, 20}, ui::Icon::MaskDelete, L"Delete", [this] { maskList_.Delete(); }};
 

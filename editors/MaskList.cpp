@@ -7,8 +7,7 @@
 
 namespace editors {
 
-AddMask::AddMask(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> suggestions,
-                 std::wstring mask)
+AddMask::AddMask(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> suggestions, std::wstring mask)
     : Dialog(screen, owner, {.size = {200, 50}, .guidePage = L"rules"}, L"Mask") {
     combo_.SetItems(std::move(suggestions));
     combo_.SetText(std::move(mask));
@@ -25,8 +24,8 @@ void AddMask::OnOK() {
     EndDialog(ui::IdOk);
 }
 
-MaskList::MaskList(ui::ListView& view, ui::Dialog& owner, ui::Screen& screen,
-                   std::vector<std::wstring>& masks, std::vector<std::wstring> suggestions)
+MaskList::MaskList(ui::ListView& view, ui::Dialog& owner, ui::Screen& screen, std::vector<std::wstring>& masks,
+                   std::vector<std::wstring> suggestions)
     : view_(view),
       owner_(owner),
       screen_(screen),

@@ -17,8 +17,7 @@ namespace editors {
 class AddMask : public ui::Dialog {
   public:
     // mask: what the field holds at first; empty for a new mask.
-    AddMask(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> suggestions,
-            std::wstring mask = {});
+    AddMask(ui::Screen& screen, ui::Dialog* owner, std::vector<std::wstring> suggestions, std::wstring mask = {});
 
     // As accepted by OK: never empty, exactly as typed.
     const std::wstring& Mask() const { return mask_; }

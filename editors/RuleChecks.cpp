@@ -39,8 +39,7 @@ Found CheckOutputIsSet(const RuleForm& form, platform::Files&) {
 }
 
 Found CheckErrorIsSet(const RuleForm& form, platform::Files&) {
-    return RequirePath(form.PathError, FormField::PathError, L"No Error folder selected.",
-                       ui::Icon::FolderError);
+    return RequirePath(form.PathError, FormField::PathError, L"No Error folder selected.", ui::Icon::FolderError);
 }
 
 Found CheckInput(const RuleForm& form, platform::Files& files) {
@@ -70,15 +69,13 @@ Found CheckRecipients(const RuleForm& form, platform::Files&) {
 }
 
 Found CheckSecondFolder(const RuleForm& form, platform::Files& files) {
-    if (OperationOf(form).holds != config::Holds::SecondFolder || !IsSet(form.ActionPath))
-        return std::nullopt;
+    if (OperationOf(form).holds != config::Holds::SecondFolder || !IsSet(form.ActionPath)) return std::nullopt;
     return RequireFolder(form.ActionPath, FormField::ActionPath, L"Bad Second Output folder.", files);
 }
 
 Found CheckExecutable(const RuleForm& form, platform::Files&) {
     if (OperationOf(form).holds != config::Holds::Executable) return std::nullopt;
-    return RequirePath(form.ActionPath, FormField::ActionPath, L"Executable file is not set.",
-                       ui::Icon::Executable);
+    return RequirePath(form.ActionPath, FormField::ActionPath, L"Executable file is not set.", ui::Icon::Executable);
 }
 
 constexpr std::array inOrder{CheckOperation,  CheckInputIsSet,   CheckOutputIsSet, CheckErrorIsSet,

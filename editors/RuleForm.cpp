@@ -116,8 +116,7 @@ void OpenOption(const Rule& rule, const Option& option, size_t row, const Names&
     }
 }
 
-void CommitOption(const RuleForm& form, const Option& option, size_t row, const Names& csProfiles,
-                  Rule& rule) {
+void CommitOption(const RuleForm& form, const Option& option, size_t row, const Names& csProfiles, Rule& rule) {
     switch (option.input) {
         case Input::Choice:
             rule.*option.number = config::StoredChoice(option, form.Choices.at(row).value_or(0));
@@ -159,8 +158,7 @@ RuleForm FormFromRule(const Rule& rule, const Names& csProfiles) {
     form.Masks = rule.Masks;
     OpenHeld(rule, operation.holds, form);
     for (size_t row = RowA; row < RowCount; ++row)
-        if (const Option* option = operation.options.at(row))
-            OpenOption(rule, *option, row, csProfiles, form);
+        if (const Option* option = operation.options.at(row)) OpenOption(rule, *option, row, csProfiles, form);
     return form;
 }
 
@@ -177,8 +175,7 @@ Rule RuleFromForm(const RuleForm& form, const Names& csProfiles) {
     rule.Masks = form.Masks;
     CommitHeld(form, operation.holds, rule);
     for (size_t row = RowA; row < RowCount; ++row)
-        if (const Option* option = operation.options.at(row))
-            CommitOption(form, *option, row, csProfiles, rule);
+        if (const Option* option = operation.options.at(row)) CommitOption(form, *option, row, csProfiles, rule);
     return rule;
 }
 
@@ -212,8 +209,7 @@ std::vector<std::wstring> ChoicesOf(const Option& option, const Names& csProfile
 }
 
 const ActionLook& LookOf(Holds holds) {
-    return *std::find_if(looks.begin(), looks.end(),
-                         [holds](const ActionLook& look) { return look.holds == holds; });
+    return *std::find_if(looks.begin(), looks.end(), [holds](const ActionLook& look) { return look.holds == holds; });
 }
 
 }  // namespace editors

@@ -63,8 +63,7 @@ const config::Operation& OperationOf(const RuleForm& form);
 std::wstring ActionText(const RuleForm& form);
 
 // What the list of an option offers.
-std::vector<std::wstring> ChoicesOf(const config::Option& option,
-                                    const std::vector<std::wstring>& csProfiles);
+std::vector<std::wstring> ChoicesOf(const config::Option& option, const std::vector<std::wstring>& csProfiles);
 
 // The look of the action button, which gets what the operation holds, and of its field.
 struct ActionLook {

@@ -32,8 +32,7 @@ std::wstring CodeText(uint32_t code) {
     return text::Format(library ? L"KSEAL error 0x%X" : L"Error 0x%X", code);
 }
 
-uint32_t ErrorReporter::ErrorReport(const ReportContext& context, const Failure& failure,
-                                    std::wstring* outText) const {
+uint32_t ErrorReporter::ErrorReport(const ReportContext& context, const Failure& failure, std::wstring* outText) const {
     if (context.mode == ReportMode::Silent) return failure.code;
     ++count_;
     const std::wstring report = Compose(failure);
@@ -70,9 +69,8 @@ std::wstring ErrorReporter::DescribeLibraryCode(const Failure& failure) const {
 
     description += L"\r\n";
     for (const LibraryErrorEntry& entry : TakeLibraryErrors(machine_.CryptoLibrary, failure.context))
-        description +=
-            text::Format(L"%s,\r\nfile: %s, line %d, data: %s.\r\n", codePage.ToWide(entry.errorText),
-                         codePage.ToWide(entry.sourceFile), entry.line, codePage.ToWide(entry.data));
+        description += text::Format(L"%s,\r\nfile: %s, line %d, data: %s.\r\n", codePage.ToWide(entry.errorText),
+                                    codePage.ToWide(entry.sourceFile), entry.line, codePage.ToWide(entry.data));
     return description;
 }
 
@@ -87,8 +85,8 @@ std::wstring ErrorStackText(const platform::Machine& machine, platform::kseal::C
     std::wstring stack;
     int number = 0;
     for (const LibraryErrorEntry& entry : TakeLibraryErrors(machine.CryptoLibrary, context))
-        stack += text::Format(L"KSEAL stek, error number %d\r\nError: %s\r\nFile: %s\r\nData: %s\r\n",
-                              ++number, codePage.ToWide(entry.errorText), codePage.ToWide(entry.sourceFile),
+        stack += text::Format(L"KSEAL stek, error number %d\r\nError: %s\r\nFile: %s\r\nData: %s\r\n", ++number,
+                              codePage.ToWide(entry.errorText), codePage.ToWide(entry.sourceFile),
                               codePage.ToWide(entry.data));
     return stack;
 }

@@ -32,14 +32,11 @@ struct Failure {
 
 class ErrorReporter {
   public:
-    ErrorReporter(const platform::Machine& machine, ui::Screen& screen)
-        : machine_(machine),
-          screen_(screen) {}
+    ErrorReporter(const platform::Machine& machine, ui::Screen& screen) : machine_(machine), screen_(screen) {}
 
     // Returns the failure's code. outText: its former content is shown after the report; afterwards it holds
     // the report alone.
-    uint32_t ErrorReport(const ReportContext& context, const Failure& failure,
-                         std::wstring* outText = nullptr) const;
+    uint32_t ErrorReport(const ReportContext& context, const Failure& failure, std::wstring* outText = nullptr) const;
 
     // How many failures have been reported so far, the silent ones left out.
     size_t Count() const { return count_; }

@@ -40,8 +40,7 @@ std::string LibraryErrorText(platform::CryptoLibrary& library, uint32_t code) {
     return {buffer.begin(), std::find(buffer.begin(), buffer.end(), '\0')};
 }
 
-std::vector<LibraryErrorEntry> TakeLibraryErrors(platform::CryptoLibrary& library,
-                                                 platform::kseal::Context context) {
+std::vector<LibraryErrorEntry> TakeLibraryErrors(platform::CryptoLibrary& library, platform::kseal::Context context) {
     std::vector<LibraryErrorEntry> entries;
     platform::Win32Code error = platform::code::Success;
     const kseal::Exports* const exports = library.Exports(error);

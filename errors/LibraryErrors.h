@@ -25,7 +25,6 @@ std::string LibraryErrorText(platform::CryptoLibrary& library, uint32_t code);
 inline constexpr size_t MostLibraryErrors = 1000;
 
 // Takes all entries off the library's error stack.
-std::vector<LibraryErrorEntry> TakeLibraryErrors(platform::CryptoLibrary& library,
-                                                 platform::kseal::Context context);
+std::vector<LibraryErrorEntry> TakeLibraryErrors(platform::CryptoLibrary& library, platform::kseal::Context context);
 
 }  // namespace errors

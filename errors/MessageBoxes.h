@@ -72,10 +72,8 @@ class WarningBox : public ui::Dialog {
     void OnInitDialog() override;
 
     const Kind kind_;
-    ui::Edit text_{*this,
-                   1160,
-                   {7, 7, 306, 150, ui::GrowBoth},
-                   {.readOnly = true, .multiLine = true, .scrollBars = true}};
+    ui::Edit text_{
+        *this, 1160, {7, 7, 306, 150, ui::GrowBoth}, {.readOnly = true, .multiLine = true, .scrollBars = true}};
     ui::Button continue_{*this, ui::IdOk, {209, 164, 50, 14, ui::MoveBoth}, L"Continue"};
     ui::Button close_{*this, ui::IdCancel, {263, 164, 50, 14, ui::MoveBoth}, L"OK"};
 };

@@ -44,15 +44,12 @@ class Program {
     // All that is neither the service's nor the editor's.
     fuzz::Tree Others() {
         fuzz::Tree others = fuzz::ReadTree(machine_.StoredRegistry, RootKey::LocalMachine, L"");
-        std::erase_if(others, [](const auto& item) {
-            return item.first.starts_with(L"\\SOFTWARE\\TALVERON\\morcelservice");
-        });
+        std::erase_if(others,
+                      [](const auto& item) { return item.first.starts_with(L"\\SOFTWARE\\TALVERON\\morcelservice"); });
         others.merge(fuzz::ReadTree(machine_.StoredRegistry, RootKey::CurrentUser, L""));
         return others;
     }
-    fuzz::Tree Service() {
-        return fuzz::ReadTree(machine_.StoredRegistry, RootKey::LocalMachine, config::ServiceRoot);
-    }
+    fuzz::Tree Service() { return fuzz::ReadTree(machine_.StoredRegistry, RootKey::LocalMachine, config::ServiceRoot); }
     size_t Reports() const { return reports_.Count(); }
     size_t OpenKeys() const { return machine_.StoredRegistry.OpenKeys(); }
 

@@ -31,12 +31,10 @@ class Reports final : public ui::Screen {
     }
     int RunModal(ui::Dialog& /*dialog*/) override { std::abort(); }
     void OpenModeless(ui::Dialog& /*dialog*/) override { std::abort(); }
-    std::optional<std::wstring> PickFolder(const ui::Dialog* /*owner*/,
-                                           const std::wstring& /*folder*/) override {
+    std::optional<std::wstring> PickFolder(const ui::Dialog* /*owner*/, const std::wstring& /*folder*/) override {
         std::abort();
     }
-    std::optional<std::wstring> PickFile(const ui::Dialog* /*owner*/,
-                                         const ui::FilePicker& /*picker*/) override {
+    std::optional<std::wstring> PickFile(const ui::Dialog* /*owner*/, const ui::FilePicker& /*picker*/) override {
         std::abort();
     }
     void ShowWaitCursor(bool /*shown*/) override {}

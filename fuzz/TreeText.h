@@ -64,8 +64,7 @@ inline void BuildTree(std::string_view text, platform::RegistryBackend& registry
 inline void ReadKey(const demo::RegistryKey& key, const std::wstring& path, Tree& tree) {
     tree[path];
     for (const std::wstring& name : key.ValueNames()) tree[path + L'\n' + name] = key.Query(name);
-    for (const std::wstring& name : key.SubkeyNames())
-        ReadKey(key.OpenSubkey(name), path + L'\\' + name, tree);
+    for (const std::wstring& name : key.SubkeyNames()) ReadKey(key.OpenSubkey(name), path + L'\\' + name, tree);
 }
 
 inline Tree ReadTree(platform::RegistryBackend& registry, platform::RootKey root, const std::wstring& path) {

@@ -56,9 +56,7 @@ class Program {
     }
 
     fuzz::Tree User() { return fuzz::ReadTree(machine_.StoredRegistry, RootKey::CurrentUser, L""); }
-    fuzz::Tree Service() {
-        return fuzz::ReadTree(machine_.StoredRegistry, RootKey::LocalMachine, config::ServiceRoot);
-    }
+    fuzz::Tree Service() { return fuzz::ReadTree(machine_.StoredRegistry, RootKey::LocalMachine, config::ServiceRoot); }
 
   private:
     // The only values that a registry in memory refuses are texts that are too long.
@@ -87,9 +85,8 @@ void PutInLoadedOrder(std::vector<config::Rule>& rules) {
     std::vector<Numbered> stored;
     for (size_t i = 0; i < rules.size(); ++i)
         if (!rules[i].Operation.empty()) stored.push_back({i, rules[i]});
-    std::sort(stored.begin(), stored.end(), [](const Numbered& a, const Numbered& b) {
-        return std::to_string(a.number) < std::to_string(b.number);
-    });
+    std::sort(stored.begin(), stored.end(),
+              [](const Numbered& a, const Numbered& b) { return std::to_string(a.number) < std::to_string(b.number); });
     for (size_t pass = 2; pass < stored.size(); ++pass)
         for (size_t i = 0; i + 1 < stored.size(); ++i)
             if (stored[i].number > stored[i + 1].number) std::swap(stored[i], stored[i + 1]);

@@ -41,8 +41,7 @@ bool EndsInZeroUnits(Data data, size_t count) {
 // The units from one place to the next zero.
 std::wstring TextAt(Data data, size_t unit) {
     std::wstring text;
-    for (; 2 * unit < data.size() && UnitAt(data, unit) != 0; ++unit)
-        text += static_cast<wchar_t>(UnitAt(data, unit));
+    for (; 2 * unit < data.size() && UnitAt(data, unit) != 0; ++unit) text += static_cast<wchar_t>(UnitAt(data, unit));
     return text;
 }
 
@@ -54,8 +53,8 @@ std::optional<std::wstring> PlainText(ValueType type, Data data) {
 }
 
 std::optional<Texts> PlainList(ValueType type, Data data) {
-    const bool accepted = (type == ValueType::StringList && EndsInZeroUnits(data, 2)) ||
-                          (IsText(type) && EndsInZeroUnits(data, 1));
+    const bool accepted =
+        (type == ValueType::StringList && EndsInZeroUnits(data, 2)) || (IsText(type) && EndsInZeroUnits(data, 1));
     if (!accepted) return std::nullopt;
     Texts entries;
     for (size_t unit = 0; 2 * unit < data.size(); unit += entries.back().size() + 1) {
@@ -130,8 +129,7 @@ class StoredValue {
         Texts texts;
         std::vector<int32_t> numbers;
         std::vector<int32_t> numbersAgain;
-        Require(store_.ReadStringList(name_, texts, {}) &&
-                texts == PlainList(type_, data_).value_or(Texts()));
+        Require(store_.ReadStringList(name_, texts, {}) && texts == PlainList(type_, data_).value_or(Texts()));
         Require(store_.ReadIntegerList(name_, numbers, {}) && numbers.size() == texts.size());
         Require(store_.WriteIntegerList(L"Numbers", numbers, {}));
         Require(store_.ReadIntegerList(L"Numbers", numbersAgain, {}) && numbersAgain == numbers);

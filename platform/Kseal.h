@@ -75,8 +75,7 @@ using CtrlFunction = Code(Context context, uint32_t controlCode, void* controlBl
 using FindCertFunction = Code(Context context, const CertFindRequest* request, CertFindResult* result);
 using FreeFindResultFunction = Code(Context context, CertFindResult* result);
 using GetErrorTextFunction = Code(Code code, char* buffer, uint32_t size);
-using GetErrorLineExFunction = Code(Context context, char** errorText, char** sourceFile, int32_t* line,
-                                    char** data);
+using GetErrorLineExFunction = Code(Context context, char** errorText, char** sourceFile, int32_t* line, char** data);
 using FreeMemFunction = void(void* memory);
 }
 

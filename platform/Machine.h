@@ -27,10 +27,8 @@ class Files {
     // For writing; replaces an old file.
     [[nodiscard]] virtual Win32Code Create(const std::wstring& path, FileHandle& file) = 0;
     [[nodiscard]] virtual Win32Code Size(FileHandle file, uint64_t& bytes) = 0;
-    [[nodiscard]] virtual Win32Code Read(FileHandle file, std::span<std::byte> buffer,
-                                         uint32_t& bytesRead) = 0;
-    [[nodiscard]] virtual Win32Code Write(FileHandle file, std::span<const std::byte> data,
-                                          uint32_t& bytesWritten) = 0;
+    [[nodiscard]] virtual Win32Code Read(FileHandle file, std::span<std::byte> buffer, uint32_t& bytesRead) = 0;
+    [[nodiscard]] virtual Win32Code Write(FileHandle file, std::span<const std::byte> data, uint32_t& bytesWritten) = 0;
     [[nodiscard]] virtual Win32Code Close(FileHandle file) = 0;
     // Of a file or a folder.
     [[nodiscard]] virtual Win32Code CheckPathExists(const std::wstring& path) = 0;
@@ -49,8 +47,7 @@ class SystemMessages {
   public:
     virtual ~SystemMessages() = default;
     virtual std::wstring SystemText(Win32Code code) const = 0;
-    virtual std::wstring InternetText(
-        Win32Code code) const = 0;  // from the message table of the module "wininet"
+    virtual std::wstring InternetText(Win32Code code) const = 0;  // from the message table of the module "wininet"
 };
 
 class Clock {

@@ -25,8 +25,7 @@ class RegistryBackend {
     virtual ~RegistryBackend() = default;
 
     [[nodiscard]] virtual Win32Code Open(RootKey root, const std::wstring& path, KeyHandle& key) = 0;
-    [[nodiscard]] virtual Win32Code OpenSubkey(KeyHandle parent, const std::wstring& name,
-                                               KeyHandle& key) = 0;
+    [[nodiscard]] virtual Win32Code OpenSubkey(KeyHandle parent, const std::wstring& name, KeyHandle& key) = 0;
     // Creates the key with all missing parents, or opens it.
     [[nodiscard]] virtual Win32Code Create(RootKey root, const std::wstring& path, KeyHandle& key) = 0;
     [[nodiscard]] virtual Win32Code Close(KeyHandle key) = 0;

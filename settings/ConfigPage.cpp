@@ -61,9 +61,7 @@ void CConfigPage::Apply() {
 }
 
 void CConfigPage::OnOK() {
-    if (modified_ &&
-        !errors::Confirm(Screen(), this, L"Some changes has not been saved. Exit without saving?"))
-        return;
+    if (modified_ && !errors::Confirm(Screen(), this, L"Some changes has not been saved. Exit without saving?")) return;
     StoreControls(settings_);
     EndDialog(ui::IdOk);
 }
@@ -81,8 +79,7 @@ void CConfigPage::DeleteExtension() {
         errors::Warn(Screen(), this, L"Select list item to delete.");
         return;
     }
-    const std::wstring question =
-        text::Format(L"Delete additional extension '%s'?", additional_.SelectedItem());
+    const std::wstring question = text::Format(L"Delete additional extension '%s'?", additional_.SelectedItem());
     if (!errors::Confirm(Screen(), this, question)) return;
     additional_.Remove(*selected);
     modified_ = true;

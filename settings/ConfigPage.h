@@ -59,24 +59,19 @@ class CConfigPage : public ui::Dialog {
 
     ui::Label basicLabel_{*this, 1069, {15, 12, 150, 8}, L"Basic file name extensions"};
     ui::Label signedLabel_{*this, 1075, {15, 25, 115, 8}, L"Signed files:"};
-    ui::Edit signed_{
-        *this, 250, {132, 22, 26, 14}, settings_.SigExt, extensionStyle, [this] {
+    ui::Edit signed_{*this, 250, {132, 22, 26, 14}, settings_.SigExt, extensionStyle, [this] {
             MarkModified(); }};
     ui::Label detachedLabel_{*this, 1065, {15, 45, 115, 8}, L"Files with detached signature:"};
-    ui::Edit detached_{
-        *this, 253, {132, 42, 26, 14}, settings_.DsigExt, extensionStyle, [this] {
+    ui::Edit detached_{*this, 253, {132, 42, 26, 14}, settings_.DsigExt, extensionStyle, [this] {
             MarkModified(); }};
     ui::Label encryptedLabel_{*this, 1066, {15, 65, 115, 8}, L"Encrypted files:"};
-    ui::Edit encrypted_{
-        *this, 255, {132, 62, 26, 14}, settings_.EncExt, extensionStyle, [this] {
+    ui::Edit encrypted_{*this, 255, {132, 62, 26, 14}, settings_.EncExt, extensionStyle, [this] {
             MarkModified(); }};
     ui::Label base64Label_{*this, 1067, {15, 85, 115, 8}, L"Files in b64 format:"};
-    ui::Edit base64_{
-        *this, 259, {132, 82, 26, 14}, settings_.B64Ext, extensionStyle, [this] {
+    ui::Edit base64_{*this, 259, {132, 82, 26, 14}, settings_.B64Ext, extensionStyle, [this] {
             MarkModified(); }};
     ui::Label hashLabel_{*this, 1068, {15, 105, 115, 8}, L"Hash files:"};
-    ui::Edit hash_{
-        *this, 268, {132, 102, 26, 14}, settings_.HashExt, extensionStyle, [this] {
+    ui::Edit hash_{*this, 268, {132, 102, 26, 14}, settings_.HashExt, extensionStyle, [this] {
             MarkModified(); }};
     // In two lines.
     ui::Label reportLabel_{*this, 1081, {15, 120, 115, 17}, L"Files with signature verification report:"};
@@ -84,16 +79,11 @@ class CConfigPage : public ui::Dialog {
         *this, 1079, {132, 122, 26, 14}, settings_.VerifyFileExt, extensionStyle, [this] {
             MarkModified(); }};
     ui::Label zipLabel_{*this, 1070, {15, 145, 115, 8}, L"ZIP archives:"};
-    ui::Edit zip_{
-        *this, 1080, {132, 142, 26, 14}, settings_.ZIPArchiveExt, extensionStyle, [this] {
+    ui::Edit zip_{*this, 1080, {132, 142, 26, 14}, settings_.ZIPArchiveExt, extensionStyle, [this] {
             MarkModified(); }};
     ui::Label gzipLabel_{*this, 1135, {15, 165, 115, 8}, L"GZIP archives:"};
-    ui::Edit gzip_{*this,
-                   1134,
-                   {132, 162, 26, 14},
-                   settings_.GZIPArchiveExt,
-                   extensionStyle,
-                   [this] {
+    ui::Edit gzip_{
+        *this, 1134, {132, 162, 26, 14}, settings_.GZIPArchiveExt, extensionStyle, [this] {
             MarkModified(); }};
 
     ui::Label additionalLabel_{*this, 272, {171, 12, 106, 17}, L"Additional file name extensions:"};

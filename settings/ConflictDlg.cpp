@@ -48,8 +48,8 @@ bool CConflictDlg::CheckExists(const std::wstring& path) {
 
 void CConflictDlg::ReportBadPath(const std::wstring& path, uint32_t code) {
     std::wstring shownAfter = L"Bad Log path.";
-    services_.Errors.ErrorReport(
-        {.owner = this}, {.code = code, .operation = L"Opening file %s", .argument = path}, &shownAfter);
+    services_.Errors.ErrorReport({.owner = this}, {.code = code, .operation = L"Opening file %s", .argument = path},
+                                 &shownAfter);
 }
 
 void CConflictDlg::OnOK() {
@@ -57,8 +57,7 @@ void CConflictDlg::OnOK() {
     if (!CheckExists(path)) return path_.SetFocus();
     if (size_.Number() < config::SmallestLogFilesize) {
         Screen().ShowMessageBox(this, L"Log files size must be bigger than 400 KB.",
-                                L"ZEMA automized client QLD: Service",
-                                ui::box::Ok | ui::box::ExclamationIcon);
+                                L"ZEMA automized client QLD: Service", ui::box::Ok | ui::box::ExclamationIcon);
         return size_.SetFocus();
     }
     // It exists as seen from the editor's own folder, where the service does not look.

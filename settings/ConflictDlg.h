@@ -14,8 +14,7 @@ namespace settings {
 class CConflictDlg : public ui::Dialog {
   public:
     // logFilesize: in KB.
-    CConflictDlg(const config::Services& services, ui::Dialog* owner, std::wstring logPath,
-                 int32_t logFilesize);
+    CConflictDlg(const config::Services& services, ui::Dialog* owner, std::wstring logPath, int32_t logFilesize);
 
     // As given, and replaced by what OK accepts.
     const std::wstring& LogPath() const { return logPath_; }

@@ -37,8 +37,7 @@ class Finder {
             } else {
                 matched = Extended(matched, *unit);
             }
-            if (matched == wanted_.size())
-                return static_cast<size_t>(unit - other.data()) + 1 - wanted_.size();
+            if (matched == wanted_.size()) return static_cast<size_t>(unit - other.data()) + 1 - wanted_.size();
         }
         return NotFound;
     }

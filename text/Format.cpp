@@ -24,11 +24,9 @@ Conversion ConversionAt(std::wstring_view rest) {
 }
 
 std::wstring Render(Place place, const Argument& argument) {
-    if (argument.IsNumber() != (place != Place::Text))
-        throw std::invalid_argument("Format: wrong kind of argument");
+    if (argument.IsNumber() != (place != Place::Text)) throw std::invalid_argument("Format: wrong kind of argument");
     if (place == Place::Text) return std::wstring(argument.Text());
-    return place == Place::Decimal ? Decimal(argument.Number())
-                                   : Hexadecimal(static_cast<uint64_t>(argument.Number()));
+    return place == Place::Decimal ? Decimal(argument.Number()) : Hexadecimal(static_cast<uint64_t>(argument.Number()));
 }
 
 }  // namespace

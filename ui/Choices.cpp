@@ -70,9 +70,9 @@ size_t ListBox::Add(std::wstring item) {
     std::vector<std::wstring>& items = MutableItems();
     auto at = items.end();
     if (order_ == Order::Alphabetical)
-        at = std::upper_bound(
-            items.begin(), items.end(), item,
-            [](const std::wstring& a, const std::wstring& b) { return text::Upper(a) < text::Upper(b); });
+        at = std::upper_bound(items.begin(), items.end(), item, [](const std::wstring& a, const std::wstring& b) {
+            return text::Upper(a) < text::Upper(b);
+        });
     const auto index = static_cast<size_t>(at - items.begin());
     const std::optional<size_t> selected = Selected();
     items.insert(at, std::move(item));
@@ -91,9 +91,8 @@ void ListBox::Remove(size_t index) {
 
 void ListBox::Replace(std::vector<std::wstring> items) {
     if (order_ == Order::Alphabetical)
-        std::stable_sort(items.begin(), items.end(), [](const std::wstring& a, const std::wstring& b) {
-            return text::Upper(a) < text::Upper(b);
-        });
+        std::stable_sort(items.begin(), items.end(),
+                         [](const std::wstring& a, const std::wstring& b) { return text::Upper(a) < text::Upper(b); });
     SetItems(std::move(items));
 }
 

@@ -28,8 +28,7 @@ Edit::Edit(Dialog& owner, int id, const Place& place, const EditStyle& style, Ha
       readOnly_(style.readOnly),
       onChange_(std::move(onChange)) {}
 
-Edit::Edit(Dialog& owner, int id, const Place& place, std::wstring& field, const EditStyle& style,
-           Handler onChange)
+Edit::Edit(Dialog& owner, int id, const Place& place, std::wstring& field, const EditStyle& style, Handler onChange)
     : Edit(owner, id, place, style, std::move(onChange)) {
     owner.Bind(
         &field, [this, &field] { SetText(field); }, [this, &field] { field = Text(); });
@@ -60,14 +59,12 @@ int32_t Edit::Number() const {
 void Edit::SetNumber(int32_t number) {
     const std::wstring digits = text::Decimal(number);
     // Zeros in front may stay: the user is still typing.
-    const bool saysSo =
-        Text().ends_with(digits) && Text().find_first_not_of(L'0') >= Text().size() - digits.size();
+    const bool saysSo = Text().ends_with(digits) && Text().find_first_not_of(L'0') >= Text().size() - digits.size();
     if (!saysSo) SetText(digits);
 }
 
 size_t Edit::CountRefused(std::wstring_view text) const {
-    return static_cast<size_t>(
-        std::count_if(text.begin(), text.end(), [this](wchar_t unit) { return Refuses(unit); }));
+    return static_cast<size_t>(std::count_if(text.begin(), text.end(), [this](wchar_t unit) { return Refuses(unit); }));
 }
 
 void Edit::UserTyped(std::wstring text) {
@@ -92,8 +89,7 @@ void Button::UserClicked() {
     }
 }
 
-IconButton::IconButton(Dialog& owner, int id, const Place& place, ui::Icon icon, std::wstring tooltip,
-                       Handler onClick)
+IconButton::IconButton(Dialog& owner, int id, const Place& place, ui::Icon icon, std::wstring tooltip, Handler onClick)
     : Control(owner, id, place, {}),
       icon_(icon),
       onClick_(std::move(onClick)) {
@@ -114,8 +110,7 @@ CheckBox::CheckBox(Dialog& owner, int id, const Place& place, std::wstring text,
     : Control(owner, id, place, std::move(text)),
       onClick_(std::move(onClick)) {}
 
-CheckBox::CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, int32_t& flag,
-                   Handler onClick)
+CheckBox::CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, int32_t& flag, Handler onClick)
     : CheckBox(owner, id, place, std::move(text), std::move(onClick)) {
     owner.Bind(
         &flag, [this, &flag] { SetChecked(flag != 0); },

@@ -42,10 +42,10 @@ class GroupBox : public Control {
 struct EditStyle {
     bool digitsOnly = false;
     bool readOnly = false;
-    bool multiLine = false;   // Enter starts a new line; lines end with "\r\n"
-    bool scrollBars = false;  // both
-    bool takesPaths = false;  // a file or folder dropped onto it becomes its content
-    size_t longest = 0;  // UTF-16 units that typing and pasting can make it; 0: as many as the system can
+    bool multiLine = false;       // Enter starts a new line; lines end with "\r\n"
+    bool scrollBars = false;      // both
+    bool takesPaths = false;      // a file or folder dropped onto it becomes its content
+    size_t longest = 0;           // UTF-16 units that typing and pasting can make it; 0: as many as the system can
     std::wstring_view refused{};  // characters left out of what is typed or pasted
 };
 
@@ -101,8 +101,7 @@ class Button : public Control {
 // does.
 class IconButton : public Control {
   public:
-    IconButton(Dialog& owner, int id, const Place& place, ui::Icon icon, std::wstring tooltip,
-               Handler onClick = {});
+    IconButton(Dialog& owner, int id, const Place& place, ui::Icon icon, std::wstring tooltip, Handler onClick = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
     bool HasCaption() const override { return true; }
 
@@ -119,8 +118,7 @@ class CheckBox : public Control {
   public:
     CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, Handler onClick = {});
     // Shows whether the flag is on: not 0. One that is on already keeps its number.
-    CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, int32_t& flag,
-             Handler onClick = {});
+    CheckBox(Dialog& owner, int id, const Place& place, std::wstring text, int32_t& flag, Handler onClick = {});
     void Accept(ControlVisitor& visitor) override { visitor.Visit(*this); }
     bool HasCaption() const override { return true; }
 

@@ -36,8 +36,7 @@ bool Dialog::HasEnded() const {
 }
 
 Control& Dialog::Find(int id) const {
-    const auto found =
-        std::find_if(controls_.begin(), controls_.end(), [id](Control* c) { return c->Id() == id; });
+    const auto found = std::find_if(controls_.begin(), controls_.end(), [id](Control* c) { return c->Id() == id; });
     if (found == controls_.end()) throw std::out_of_range("Dialog::Find: no such control");
     return **found;
 }
@@ -183,8 +182,7 @@ void Dialog::SetMenuBar(std::vector<Menu> menus) {
 void Dialog::EnableMenuItems(const std::vector<int>& commands, bool enabled) {
     for (Menu& menu : menuBar_)
         for (MenuItem& item : menu.items)
-            if (std::find(commands.begin(), commands.end(), item.command) != commands.end())
-                item.enabled = enabled;
+            if (std::find(commands.begin(), commands.end(), item.command) != commands.end()) item.enabled = enabled;
     if (window_ != nullptr) window_->Show(*this, DialogAspect::MenuBar);
 }
 

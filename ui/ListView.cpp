@@ -36,8 +36,7 @@ void ListView::NoteWidths() {
 }
 
 void ListView::FollowDpi(uint32_t dpi) {
-    for (size_t i = 0; i < columns_.size(); ++i)
-        columns_[i].width = Scaled(chosenWidths_[i], dpi, chosenDpi_);
+    for (size_t i = 0; i < columns_.size(); ++i) columns_[i].width = Scaled(chosenWidths_[i], dpi, chosenDpi_);
     Changed(Aspect::Columns);
 }
 

@@ -28,8 +28,8 @@ void ReplayDirectly(const RecordedSession& session) {
                 RegOpenKeyExW(keys[call.key], call.text.c_str(), 0, access, &keys[call.result]);
                 break;
             case CallKind::Create:
-                RegCreateKeyExW(RootOf(call), call.text.c_str(), 0, nullptr, 0, access, nullptr,
-                                &keys[call.result], nullptr);
+                RegCreateKeyExW(RootOf(call), call.text.c_str(), 0, nullptr, 0, access, nullptr, &keys[call.result],
+                                nullptr);
                 break;
             case CallKind::Close:
                 RegCloseKey(keys[call.key]);
@@ -38,8 +38,7 @@ void ReplayDirectly(const RecordedSession& session) {
                 RegFlushKey(keys[call.key]);
                 break;
             case CallKind::Enumerate:
-                RegEnumKeyExW(keys[call.key], call.number, name.data(), &capacity, nullptr, nullptr, nullptr,
-                              nullptr);
+                RegEnumKeyExW(keys[call.key], call.number, name.data(), &capacity, nullptr, nullptr, nullptr, nullptr);
                 break;
             case CallKind::Delete:
                 RegDeleteKeyExW(keys[call.key], call.text.c_str(), 0, 0);
@@ -50,8 +49,7 @@ void ReplayDirectly(const RecordedSession& session) {
                 break;
             case CallKind::Set:
                 RegSetValueExW(keys[call.key], call.text.c_str(), 0, static_cast<DWORD>(call.type),
-                               reinterpret_cast<const BYTE*>(call.data.data()),
-                               static_cast<DWORD>(call.data.size()));
+                               reinterpret_cast<const BYTE*>(call.data.data()), static_cast<DWORD>(call.data.size()));
                 break;
         }
     }

@@ -16,10 +16,9 @@ constexpr int iconSide = 32;
 constexpr int columns = 9;
 constexpr int rows = 11;
 
-constexpr std::array pictures{L"SAVE",           L"LOG_SETTINGS", L"RULE_ADD",    L"RULE_COPY",
-                              L"RULE_EDIT",      L"RULE_DELETE",  L"RULE_FIRST",  L"RULE_UP",
-                              L"RULE_DOWN",      L"RULE_LAST",    L"PROFILE_ADD", L"PROFILE_EDIT",
-                              L"PROFILE_DELETE", L"RULES_EXPORT", L"RULES_IMPORT"};
+constexpr std::array pictures{L"SAVE",        L"LOG_SETTINGS", L"RULE_ADD",       L"RULE_COPY",    L"RULE_EDIT",
+                              L"RULE_DELETE", L"RULE_FIRST",   L"RULE_UP",        L"RULE_DOWN",    L"RULE_LAST",
+                              L"PROFILE_ADD", L"PROFILE_EDIT", L"PROFILE_DELETE", L"RULES_EXPORT", L"RULES_IMPORT"};
 
 // Every value below the key, once.
 void ReadKey(HKEY parent, const wchar_t* path) {
@@ -30,15 +29,12 @@ void ReadKey(HKEY parent, const wchar_t* path) {
         auto length = static_cast<DWORD>(name.size());
         std::array<BYTE, 1024> data{};
         auto size = static_cast<DWORD>(data.size());
-        if (RegEnumValueW(key, index, name.data(), &length, nullptr, nullptr, data.data(), &size) !=
-            ERROR_SUCCESS)
+        if (RegEnumValueW(key, index, name.data(), &length, nullptr, nullptr, data.data(), &size) != ERROR_SUCCESS)
             break;
     }
     for (DWORD index = 0;; ++index) {
         auto length = static_cast<DWORD>(name.size());
-        if (RegEnumKeyExW(key, index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) !=
-            ERROR_SUCCESS)
-            break;
+        if (RegEnumKeyExW(key, index, name.data(), &length, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
         ReadKey(key, name.data());
     }
     RegCloseKey(key);
@@ -48,17 +44,15 @@ class Controls {
   public:
     explicit Controls(HWND dialog)
         : dialog_(dialog),
-          tooltips_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP, 0, 0, 0, 0, dialog,
-                                    nullptr, nullptr, nullptr)) {}
+          tooltips_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP, 0, 0, 0, 0, dialog, nullptr,
+                                    nullptr, nullptr)) {}
 
     void AddPictures() const {
         for (size_t i = 0; i < pictures.size(); ++i) {
-            const HWND button =
-                Add(WC_BUTTONW, BS_ICON | WS_TABSTOP, static_cast<int>(i) * 2 * iconSide, 0, 60, 60);
-            SendMessageW(
-                button, BM_SETIMAGE, IMAGE_ICON,
-                reinterpret_cast<LPARAM>(LoadImageW(GetModuleHandleW(nullptr), pictures[i], IMAGE_ICON,
-                                                    iconSide, iconSide, LR_DEFAULTCOLOR)));
+            const HWND button = Add(WC_BUTTONW, BS_ICON | WS_TABSTOP, static_cast<int>(i) * 2 * iconSide, 0, 60, 60);
+            SendMessageW(button, BM_SETIMAGE, IMAGE_ICON,
+                         reinterpret_cast<LPARAM>(LoadImageW(GetModuleHandleW(nullptr), pictures[i], IMAGE_ICON,
+                                                             iconSide, iconSide, LR_DEFAULTCOLOR)));
             std::array<wchar_t, 8> text{L"Tooltip"};
             TTTOOLINFOW tool{};
             tool.cbSize = sizeof tool;
@@ -71,16 +65,14 @@ class Controls {
     }
 
     void AddList(int columnCount, int rowCount, int x) const {
-        const HWND list =
-            Add(WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA | WS_BORDER | WS_TABSTOP, x, 70, 500, 200);
+        const HWND list = Add(WC_LISTVIEWW, LVS_REPORT | LVS_OWNERDATA | WS_BORDER | WS_TABSTOP, x, 70, 500, 200);
         for (int column = 0; column < columnCount; ++column) {
             std::array<wchar_t, 8> header{L"Column"};
             LVCOLUMNW shape{};
             shape.mask = LVCF_TEXT | LVCF_WIDTH;
             shape.cx = 50;
             shape.pszText = header.data();
-            SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(column),
-                         reinterpret_cast<LPARAM>(&shape));
+            SendMessageW(list, LVM_INSERTCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&shape));
         }
         SendMessageW(list, LVM_SETITEMCOUNT, static_cast<WPARAM>(rowCount), 0);
     }
@@ -95,10 +87,9 @@ class Controls {
 
   private:
     HWND Add(const wchar_t* kind, DWORD style, int x, int y, int width, int height) const {
-        const HWND control = CreateWindowExW(0, kind, L"Text", style | WS_CHILD | WS_VISIBLE, x, y, width,
-                                             height, dialog_, nullptr, nullptr, nullptr);
-        SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(SendMessageW(dialog_, WM_GETFONT, 0, 0)),
-                     FALSE);
+        const HWND control = CreateWindowExW(0, kind, L"Text", style | WS_CHILD | WS_VISIBLE, x, y, width, height,
+                                             dialog_, nullptr, nullptr, nullptr);
+        SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(SendMessageW(dialog_, WM_GETFONT, 0, 0)), FALSE);
         return control;
     }
 

@@ -47,8 +47,7 @@ class Trees {
   private:
     void Clear() {
         ClearService();
-        demo::DeleteRegistryTree(machine.Registry, platform::RootKey::CurrentUser,
-                                 L"SOFTWARE\\TALVERON\\morcel");
+        demo::DeleteRegistryTree(machine.Registry, platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel");
     }
 };
 
@@ -56,8 +55,8 @@ void RunProcess(std::wstring command) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                       &process) == FALSE)
+    if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process) ==
+        FALSE)
         throw std::runtime_error("a process does not start");
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD result = 1;
@@ -83,8 +82,7 @@ void CompareWithBareLoop(size_t rules, int rounds) {
     for (int round = 0; round < rounds; ++round) {
         const double load = bench::Milliseconds([&] { bench::Load(trees.machine.Machine, trees.screen); });
         loads.Add(load, bench::Milliseconds([&] { bench::ReplayDirectly(loading.Session()); }));
-        const double save =
-            bench::Milliseconds([&] { bench::Save(trees.machine.Machine, trees.screen, sample); });
+        const double save = bench::Milliseconds([&] { bench::Save(trees.machine.Machine, trees.screen, sample); });
         saves.Add(save, bench::Milliseconds([&] { bench::ReplayDirectly(saving.Session()); }));
         const double kept = bench::Milliseconds([&] { bench::ReplayDirectly(ofRecord); });
         records.Add(bench::PlanMilliseconds(trees.machine.Machine, trees.screen, sample) + kept, save);
@@ -108,8 +106,7 @@ void CompareWithRegistryTool(const std::wstring& self, size_t rules, int rounds)
                       RunProcess(std::wstring(L"reg export ") + serviceTree + L" " + treeFile + L" /y");
                   }));
         trees.ClearService();
-        const double import =
-            bench::Milliseconds([&] { RunProcess(std::wstring(L"reg import ") + treeFile); });
+        const double import = bench::Milliseconds([&] { RunProcess(std::wstring(L"reg import ") + treeFile); });
         trees.ClearService();
         saves.Add(bench::Milliseconds([&] { RunProcess(self + L" save " + number); }), import);
     }

@@ -31,9 +31,8 @@ demo::StandInOwners Owners() {
     demo::StandInOwners owners;
     owners.Certificates.reserve(names);
     for (size_t i = 0; i < names; ++i) {
-        std::string name = "CN=User " + std::to_string(random()) + ",O=Office " +
-                           std::to_string(random() % 1000) + ",OU=Department of inner matters,L=Town " +
-                           std::to_string(i) + ",C=RU,T=";
+        std::string name = "CN=User " + std::to_string(random()) + ",O=Office " + std::to_string(random() % 1000) +
+                           ",OU=Department of inner matters,L=Town " + std::to_string(i) + ",C=RU,T=";
         name.append(20 + random() % 50, static_cast<char>('a' + random() % 26));
         owners.Certificates.push_back({.OwnerName = std::move(name)});
     }
@@ -42,8 +41,7 @@ demo::StandInOwners Owners() {
 
 kseal::Context OpenedContext() {
     kseal::Context context = nullptr;
-    if (demo::StandInLibrary::Exports().Initialize("bench", 0, &context) != 0)
-        throw std::runtime_error("no context");
+    if (demo::StandInLibrary::Exports().Initialize("bench", 0, &context) != 0) throw std::runtime_error("no context");
     return context;
 }
 

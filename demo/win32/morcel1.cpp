@@ -28,8 +28,7 @@ StandInLibrary& Library() {
 
 // The DLL's own folder, with a backslash at the end.
 std::wstring OwnFolder() {
-    constexpr DWORD flags =
-        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    constexpr DWORD flags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
     HMODULE own = nullptr;
     GetModuleHandleExW(flags, reinterpret_cast<const wchar_t*>(&Library), &own);
     std::array<wchar_t, 32768> path{};

@@ -7,8 +7,7 @@ namespace platform::memory {
 namespace {
 
 std::wstring FullPath(RootKey root, const std::wstring& path) {
-    const std::wstring rootName =
-        root == RootKey::LocalMachine ? L"HKEY_LOCAL_MACHINE" : L"HKEY_CURRENT_USER";
+    const std::wstring rootName = root == RootKey::LocalMachine ? L"HKEY_LOCAL_MACHINE" : L"HKEY_CURRENT_USER";
     return path.empty() ? rootName : rootName + L"\\" + path;
 }
 
@@ -83,8 +82,7 @@ Win32Code FaultyRegistry::Close(KeyHandle key) {
     const Win32Code fault = Record(RegistryCall::Close, PathOf(key));
     if (fault != code::Success) return fault;
     const Win32Code answer = real_.Close(key);
-    if (answer == code::Success)
-        std::erase_if(open_, [key](const OpenKey& open) { return open.handle == key; });
+    if (answer == code::Success) std::erase_if(open_, [key](const OpenKey& open) { return open.handle == key; });
     return answer;
 }
 
@@ -93,8 +91,7 @@ Win32Code FaultyRegistry::Flush(KeyHandle key) {
     return fault != code::Success ? fault : real_.Flush(key);
 }
 
-Win32Code FaultyRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
-                                          std::wstring& name) {
+Win32Code FaultyRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity, std::wstring& name) {
     const Win32Code fault = Record(RegistryCall::EnumerateSubkey, PathOf(key));
     return fault != code::Success ? fault : real_.EnumerateSubkey(key, index, capacity, name);
 }
@@ -104,8 +101,8 @@ Win32Code FaultyRegistry::DeleteSubkey(KeyHandle parent, const std::wstring& nam
     return fault != code::Success ? fault : real_.DeleteSubkey(parent, name);
 }
 
-Win32Code FaultyRegistry::Query(KeyHandle key, const std::wstring& name, ValueType& type,
-                                std::span<std::byte> buffer, uint32_t& size) {
+Win32Code FaultyRegistry::Query(KeyHandle key, const std::wstring& name, ValueType& type, std::span<std::byte> buffer,
+                                uint32_t& size) {
     const Win32Code fault = Record(RegistryCall::Query, Below(key, name));
     return fault != code::Success ? fault : real_.Query(key, name, type, buffer, size);
 }

@@ -47,8 +47,7 @@ void MemoryFiles::AddFile(const std::wstring& path, std::string_view content) {
 void MemoryFiles::Remove(const std::wstring& path) {
     const std::wstring name = Normalised(path);
     const std::wstring inside = name + L"\\";
-    std::erase_if(entries_,
-                  [&](const auto& entry) { return entry.first == name || entry.first.starts_with(inside); });
+    std::erase_if(entries_, [&](const auto& entry) { return entry.first == name || entry.first.starts_with(inside); });
 }
 
 std::optional<std::string> MemoryFiles::Content(const std::wstring& path) const {
@@ -60,19 +59,15 @@ std::optional<std::string> MemoryFiles::Content(const std::wstring& path) const 
 }
 
 void MemoryFiles::FailNth(size_t number, Win32Code code) {
-    SetFault(
-        [=](size_t current, const RecordedFileCall&) { return current == number ? code : code::Success; });
+    SetFault([=](size_t current, const RecordedFileCall&) { return current == number ? code : code::Success; });
 }
 
 void MemoryFiles::FailFrom(size_t number, Win32Code code) {
-    SetFault(
-        [=](size_t current, const RecordedFileCall&) { return current >= number ? code : code::Success; });
+    SetFault([=](size_t current, const RecordedFileCall&) { return current >= number ? code : code::Success; });
 }
 
 void MemoryFiles::FailAll(FileCall call, Win32Code code) {
-    SetFault([=](size_t, const RecordedFileCall& recorded) {
-        return recorded.call == call ? code : code::Success;
-    });
+    SetFault([=](size_t, const RecordedFileCall& recorded) { return recorded.call == call ? code : code::Success; });
 }
 
 Win32Code MemoryFiles::Record(FileCall call, const std::wstring& path) {

@@ -65,9 +65,7 @@ struct MemoryRegistry::Key {
     }
 };
 
-MemoryRegistry::MemoryRegistry()
-    : localMachine_(std::make_shared<Key>()),
-      currentUser_(std::make_shared<Key>()) {}
+MemoryRegistry::MemoryRegistry() : localMachine_(std::make_shared<Key>()), currentUser_(std::make_shared<Key>()) {}
 
 MemoryRegistry::~MemoryRegistry() = default;
 
@@ -128,8 +126,7 @@ Win32Code MemoryRegistry::Flush(KeyHandle key) {
     return Resolve(key, flushed);
 }
 
-Win32Code MemoryRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
-                                          std::wstring& name) {
+Win32Code MemoryRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity, std::wstring& name) {
     KeyPointer parent;
     const Win32Code answer = Resolve(key, parent);
     if (answer != code::Success) return answer;
@@ -154,8 +151,8 @@ Win32Code MemoryRegistry::DeleteSubkey(KeyHandle parent, const std::wstring& nam
     return code::Success;
 }
 
-Win32Code MemoryRegistry::Query(KeyHandle key, const std::wstring& name, ValueType& type,
-                                std::span<std::byte> buffer, uint32_t& size) {
+Win32Code MemoryRegistry::Query(KeyHandle key, const std::wstring& name, ValueType& type, std::span<std::byte> buffer,
+                                uint32_t& size) {
     KeyPointer owner;
     const Win32Code answer = Resolve(key, owner);
     if (answer != code::Success) return answer;

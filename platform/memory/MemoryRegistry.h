@@ -29,8 +29,7 @@ class MemoryRegistry final : public RegistryBackend {
     Win32Code DeleteSubkey(KeyHandle parent, const std::wstring& name) override;
     Win32Code Query(KeyHandle key, const std::wstring& name, ValueType& type, std::span<std::byte> buffer,
                     uint32_t& size) override;
-    Win32Code Set(KeyHandle key, const std::wstring& name, ValueType type,
-                  std::span<const std::byte> data) override;
+    Win32Code Set(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) override;
     Win32Code EnumerateValue(KeyHandle key, uint32_t index, std::wstring& name) override;
 
   private:

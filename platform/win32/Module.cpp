@@ -32,15 +32,14 @@ void LoadFromSystemOnly() {
 
 Module LoadCode(const std::wstring& path, Win32Code& error) {
     const NoErrorBoxes quiet;
-    Module module(LoadLibraryExW(path.c_str(), nullptr,
-                                 LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32));
+    Module module(
+        LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32));
     error = module ? code::Success : GetLastError();
     return module;
 }
 
 Module LoadResources(const std::wstring& path) {
-    return Module(
-        LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
+    return Module(LoadLibraryExW(path.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE));
 }
 
 AnyFunction FindExport(void* module, const char* name) {

@@ -18,8 +18,7 @@ constexpr const wchar_t* FileName = L"morcel1.dll";
 const char* TakeExports(void* library, kseal::Exports& exports) {
     const char* missing = nullptr;
     const auto take = [&](const char* name, auto*& function) {
-        function =
-            FindExport<std::remove_pointer_t<std::remove_reference_t<decltype(function)>>>(library, name);
+        function = FindExport<std::remove_pointer_t<std::remove_reference_t<decltype(function)>>>(library, name);
         if (function == nullptr && missing == nullptr) missing = name;
     };
     take("KSEAL_Initialize", exports.Initialize);

@@ -18,8 +18,8 @@ Win32Code LastErrorUnless(BOOL succeeded) {
 
 // While another program reads the file, it is ours to use as well, but not to change.
 Win32Code OpenFile(const std::wstring& path, DWORD access, DWORD disposition, FileHandle& file) {
-    const HANDLE opened = CreateFileW(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE opened =
+        CreateFileW(path.c_str(), access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (opened == INVALID_HANDLE_VALUE) return GetLastError();
     file = static_cast<FileHandle>(reinterpret_cast<uintptr_t>(opened));
     return code::Success;
@@ -52,8 +52,7 @@ Win32Code Win32Files::Size(FileHandle file, uint64_t& bytes) {
 
 Win32Code Win32Files::Read(FileHandle file, std::span<std::byte> buffer, uint32_t& bytesRead) {
     DWORD count = 0;
-    const BOOL succeeded =
-        ReadFile(SystemHandle(file), buffer.data(), Length(buffer.size()), &count, nullptr);
+    const BOOL succeeded = ReadFile(SystemHandle(file), buffer.data(), Length(buffer.size()), &count, nullptr);
     const Win32Code answer = LastErrorUnless(succeeded);
     bytesRead = count;
     return answer;

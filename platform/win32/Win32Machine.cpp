@@ -178,8 +178,7 @@ Win32Code Win32Guide::Show(const std::wstring& page) {
     desktop.resize(GetWindowsDirectoryW(desktop.data(), MAX_PATH));
     desktop += L"\\explorer.exe";
     const std::wstring quoted = L'"' + path + L'"';
-    const HINSTANCE opened =
-        ShellExecuteW(nullptr, nullptr, desktop.c_str(), quoted.c_str(), nullptr, SW_SHOWNORMAL);
+    const HINSTANCE opened = ShellExecuteW(nullptr, nullptr, desktop.c_str(), quoted.c_str(), nullptr, SW_SHOWNORMAL);
     constexpr INT_PTR LastError = 32;
     return reinterpret_cast<INT_PTR>(opened) > LastError ? code::Success : GetLastError();
 }

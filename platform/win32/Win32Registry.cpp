@@ -48,8 +48,7 @@ LSTATUS SetBytes(KeyHandle key, const std::wstring& name, ValueType type, std::s
 
 // Where a text does not end with a NUL, the system looks at the character after it and takes it in when it
 // is NUL. So that exactly the given bytes are stored, other characters stand around them.
-LSTATUS SetUnterminated(KeyHandle key, const std::wstring& name, ValueType type,
-                        std::span<const std::byte> data) {
+LSTATUS SetUnterminated(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) {
     constexpr size_t margin = 2 * sizeof(wchar_t);
     std::string guarded(margin, '\xFF');
     for (const std::byte byte : data) guarded += static_cast<char>(byte);
@@ -69,8 +68,8 @@ Win32Code Win32Registry::OpenSubkey(KeyHandle parent, const std::wstring& name, 
 
 Win32Code Win32Registry::Create(RootKey root, const std::wstring& path, KeyHandle& key) {
     HKEY created = nullptr;
-    const LSTATUS status = RegCreateKeyExW(RootHandle(root), path.c_str(), 0, nullptr,
-                                           REG_OPTION_NON_VOLATILE, readAndWrite, nullptr, &created, nullptr);
+    const LSTATUS status = RegCreateKeyExW(RootHandle(root), path.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                           readAndWrite, nullptr, &created, nullptr);
     if (status == ERROR_SUCCESS) key = static_cast<KeyHandle>(reinterpret_cast<uintptr_t>(created));
     return Answer(status);
 }
@@ -83,8 +82,7 @@ Win32Code Win32Registry::Flush(KeyHandle key) {
     return Answer(RegFlushKey(SystemHandle(key)));
 }
 
-Win32Code Win32Registry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity,
-                                         std::wstring& name) {
+Win32Code Win32Registry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity, std::wstring& name) {
     std::vector<wchar_t> buffer(capacity);
     DWORD length = capacity;
     const LSTATUS status =
@@ -97,13 +95,12 @@ Win32Code Win32Registry::DeleteSubkey(KeyHandle parent, const std::wstring& name
     return Answer(RegDeleteKeyExW(SystemHandle(parent), name.c_str(), 0, 0));
 }
 
-Win32Code Win32Registry::Query(KeyHandle key, const std::wstring& name, ValueType& type,
-                               std::span<std::byte> buffer, uint32_t& size) {
+Win32Code Win32Registry::Query(KeyHandle key, const std::wstring& name, ValueType& type, std::span<std::byte> buffer,
+                               uint32_t& size) {
     DWORD storedType = 0;
     DWORD length = Length(buffer.size());
     BYTE* const data = buffer.empty() ? nullptr : reinterpret_cast<BYTE*>(buffer.data());
-    const LSTATUS status =
-        RegQueryValueExW(SystemHandle(key), name.c_str(), nullptr, &storedType, data, &length);
+    const LSTATUS status = RegQueryValueExW(SystemHandle(key), name.c_str(), nullptr, &storedType, data, &length);
     if (status == ERROR_SUCCESS || status == ERROR_MORE_DATA) {
         type = static_cast<ValueType>(storedType);
         size = length;
@@ -111,8 +108,7 @@ Win32Code Win32Registry::Query(KeyHandle key, const std::wstring& name, ValueTyp
     return Answer(status);
 }
 
-Win32Code Win32Registry::Set(KeyHandle key, const std::wstring& name, ValueType type,
-                             std::span<const std::byte> data) {
+Win32Code Win32Registry::Set(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) {
     const bool storedAsGiven = !IsText(type) || EndsWithNul(data);
     return Answer(storedAsGiven ? SetBytes(key, name, type, data) : SetUnterminated(key, name, type, data));
 }

@@ -111,8 +111,7 @@ void CheckFrames(const ui::Dialog& form) {
 TEST_F(AllForms, StandAsInTheirSheet) {
     FormSheet sheet;
     Tour([&sheet](const ui::Dialog& form, const std::wstring& shape) { sheet.Add(form, shape); });
-    if (std::getenv("BRISGATE_WRITE_FORMS") != nullptr)
-        std::ofstream(sheetFile, std::ios::binary) << sheet.Text();
+    if (std::getenv("BRISGATE_WRITE_FORMS") != nullptr) std::ofstream(sheetFile, std::ios::binary) << sheet.Text();
     EXPECT_EQ(Difference(sheet.Text(), WrittenSheet()), "");
 }
 

@@ -70,8 +70,7 @@ TEST_F(StartTest, F1ShowsThePageOfTheGuideThatExplainsTheForm) {
         user_.ChooseMenu(command::AddProfile);
         guide_.Fail(2);
         for (int time = 0; time < 2; ++time) {
-            ExpectHint(
-                L"The guide cannot be opened. It belongs into the folder \"guide\" beside the program.");
+            ExpectHint(L"The guide cannot be opened. It belongs into the folder \"guide\" beside the program.");
             user_.Press(Key::F1);
         }
         EXPECT_EQ(guide_.Shown(), L"profiles");

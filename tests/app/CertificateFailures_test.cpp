@@ -23,8 +23,7 @@ class CertificateFailures : public CertificateJourney {
     std::string Stamps() {
         const std::string text = Dump();
         const size_t begin = text.find("LastCrlUpdate");
-        return begin == std::string::npos ? std::string()
-                                          : text.substr(begin, text.find('\n', begin) - begin);
+        return begin == std::string::npos ? std::string() : text.substr(begin, text.find('\n', begin) - begin);
     }
 };
 
@@ -32,9 +31,8 @@ TEST_F(CertificateFailures, WithoutTheLibraryThereIsNoPicker) {
     SeedEncryptingRule();
     world_->CryptoLibrary().Remove(126);
     WithTheRule([this] {
-        ExpectFailureBox(
-            L"Cryptocontext initialization.\r\nError 0x7E - Module not found.\r\n\r\nThere is no library.",
-            &user_.Top());
+        ExpectFailureBox(L"Cryptocontext initialization.\r\nError 0x7E - Module not found.\r\n\r\nThere is no library.",
+                         &user_.Top());
         PickerStaysAway();
         world_->CryptoLibrary().Install(demo::StandInLibrary::Exports());
         OpenPicker([this] { user_.Click(ui::IdCancel); });
@@ -120,9 +118,9 @@ TEST_F(SilentNetwork, TheUserGoesOnWithoutIt) {
     EXPECT_EQ(library_.Calls(),
               (Calls{"Initialize \"Office\" 0x80000040", probe, "FreeFindResult", "Ctrl 4",
                      "FindCert 0x100 scope 0 null fields 132", "FreeFindResult",
-                     "FindCert 0x104 scope 4 \"CN=Anna Keller,O=Kontor,C=DE\" fields 163972",
-                     "FreeFindResult", "FindCert 0x104 scope 4 \"CN=Boris Petrov,O=Bank,C=RU\" fields 163972",
-                     "FreeFindResult", "Uninitialize"}));
+                     "FindCert 0x104 scope 4 \"CN=Anna Keller,O=Kontor,C=DE\" fields 163972", "FreeFindResult",
+                     "FindCert 0x104 scope 4 \"CN=Boris Petrov,O=Bank,C=RU\" fields 163972", "FreeFindResult",
+                     "Uninitialize"}));
 }
 
 TEST_F(SilentNetwork, TheUserGivesUp) {
@@ -130,8 +128,7 @@ TEST_F(SilentNetwork, TheUserGivesUp) {
         ExpectBoxes(ui::IdCancel);
         PickerStaysAway();
     });
-    EXPECT_EQ(library_.Calls(),
-              (Calls{"Initialize \"Office\" 0x80000040", probe, "FreeFindResult", "Uninitialize"}));
+    EXPECT_EQ(library_.Calls(), (Calls{"Initialize \"Office\" 0x80000040", probe, "FreeFindResult", "Uninitialize"}));
     EXPECT_EQ(Stamps(), "");
 }
 
@@ -227,9 +224,9 @@ TEST_F(CertificateFailures, AProfileWithoutLdapNeverAsksTheNetwork) {
     });
     EXPECT_EQ(library_.Calls(),
               (Calls{"Initialize \"Office\" 0x80000465",
-                     "FindCert 0x100 scope 4 \"CN=Anna Keller,O=Kontor,C=DE\" fields 163972",
-                     "FreeFindResult", "FindCert 0x100 scope 4 \"CN=Boris Petrov,O=Bank,C=RU\" fields 163972",
-                     "FreeFindResult", "Uninitialize"}));
+                     "FindCert 0x100 scope 4 \"CN=Anna Keller,O=Kontor,C=DE\" fields 163972", "FreeFindResult",
+                     "FindCert 0x100 scope 4 \"CN=Boris Petrov,O=Bank,C=RU\" fields 163972", "FreeFindResult",
+                     "Uninitialize"}));
     EXPECT_EQ(Stamps(), "");
 }
 

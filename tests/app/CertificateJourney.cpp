@@ -149,8 +149,7 @@ void CertificateJourney::Choose(const Names& candidates) {
     user_.Click(pickid::Choose);
 }
 
-void CertificateJourney::ExpectWarningBox(const std::wstring& text, ui::Icon icon,
-                                          const std::wstring& caption) {
+void CertificateJourney::ExpectWarningBox(const std::wstring& text, ui::Icon icon, const std::wstring& caption) {
     user_.Expect<errors::WarningBox>([=, this](errors::WarningBox& box) {
         EXPECT_EQ(user_.Text(boxid::WarningText), text);
         EXPECT_EQ(box.Icon(), icon);

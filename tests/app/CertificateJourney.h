@@ -71,8 +71,7 @@ class CertificateJourney : public CryptoTest {
 
   private:
     platform::memory::MemoryInstanceLock lock_;
-    const platform::Machine program_ =
-        MachineWith(machine_, {.Files = &files_->Files(), .InstanceLock = &lock_});
+    const platform::Machine program_ = MachineWith(machine_, {.Files = &files_->Files(), .InstanceLock = &lock_});
 };
 
 }  // namespace tests

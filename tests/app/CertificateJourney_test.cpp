@@ -20,8 +20,8 @@ class RecipientsJourney : public CertificateJourney {
 
     void ExpectOpenedContext() {
         EXPECT_EQ(library_.Calls(),
-                  (Calls{"Initialize \"Office\" 0x80000040",
-                         "FindCert 0xE04 scope 0 \"CN=QQQ,C=RU\" fields 4", "FreeFindResult", "Ctrl 4"}));
+                  (Calls{"Initialize \"Office\" 0x80000040", "FindCert 0xE04 scope 0 \"CN=QQQ,C=RU\" fields 4",
+                         "FreeFindResult", "Ctrl 4"}));
         EXPECT_EQ(screen_.modeless.size(), 1U);
         EXPECT_TRUE(screen_.owners.empty());
     }
@@ -61,8 +61,7 @@ class RecipientsJourney : public CertificateJourney {
     }
     void ExpectQuestionForTheGuest(int answer) {
         ExpectQuestion(
-            std::wstring(L"No certificates found for user ") + guest + L".\r\nContinue to check other users?",
-            answer);
+            std::wstring(L"No certificates found for user ") + guest + L".\r\nContinue to check other users?", answer);
     }
 };
 
@@ -84,8 +83,7 @@ TEST_F(RecipientsJourney, FromEverySourceIntoTheRegistryAndBack) {
         });
         SaveAndLeave();
     });
-    EXPECT_EQ(files_->Content(Path(L"kept.grx")),
-              "CN=Clara Weiss,O=Atelier,C=FR\r\nCN=Boris Petrov,O=Bank,C=RU\r\n");
+    EXPECT_EQ(files_->Content(Path(L"kept.grx")), "CN=Clara Weiss,O=Atelier,C=FR\r\nCN=Boris Petrov,O=Bank,C=RU\r\n");
     const std::string saved = Dump();
     for (const char* line :
          {"Ext num = 3\n", "C0 = \"CN=Ivan Orlov,O=Bank,C=RU\"\n", "C1 = \"CN=Boris Petrov,O=Bank,C=RU\"\n",

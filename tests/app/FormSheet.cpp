@@ -83,8 +83,7 @@ std::string TextsOf(const ui::Dialog& form, const ui::Control& control) {
     std::string texts;
     if (control.HasCaption() && !control.Text().empty()) texts += ", " + Quoted(control.Text());
     if (!control.Tooltip().empty()) texts += ", tooltip " + Quoted(control.Tooltip());
-    if (control.IsVisible() && ui::NeedsAccessibleLabel(form, control))
-        texts += ", called " + Quoted(control.Name());
+    if (control.IsVisible() && ui::NeedsAccessibleLabel(form, control)) texts += ", called " + Quoted(control.Name());
     return texts;
 }
 

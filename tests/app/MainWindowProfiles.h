@@ -21,9 +21,7 @@ class MainWindowProfilesTest : public MainWindowTest {
     void SeedProfiles(const Texts& names);
 
     Texts Profiles() const { return user_.Column(id::Profiles, 0); }
-    std::vector<size_t> SelectedProfiles() const {
-        return user_.Get<ui::ListView>(id::Profiles).SelectedRows();
-    }
+    std::vector<size_t> SelectedProfiles() const { return user_.Get<ui::ListView>(id::Profiles).SelectedRows(); }
     // Whether everything that needs an opened profile can be used.
     static void ExpectProfileCommands(const app::CBrisgateDlg& dialog, bool enabled);
 

@@ -138,9 +138,9 @@ TEST_F(MainWindowProfilesTest, AddedProfilesAreSavedWithTheirDefaults) {
     const size_t at = dump.find("morcelservice\\New]");
     ASSERT_NE(at, std::string::npos);
     const std::string key = dump.substr(at, dump.find("\n\n", at) - at);
-    for (const char* value : {"ZCSProfile = { \"Office\" }", "ServerTSP = { \"0\" }",
-                              "NotUseLDAP = { \"1\" }", "NotAddCert = { \"0\" }",
-                              "CrlUpdatePeriod = { \"1\" }", "Handler timeout = 15", "Rename conf files = 0"})
+    for (const char* value :
+         {"ZCSProfile = { \"Office\" }", "ServerTSP = { \"0\" }", "NotUseLDAP = { \"1\" }", "NotAddCert = { \"0\" }",
+          "CrlUpdatePeriod = { \"1\" }", "Handler timeout = 15", "Rename conf files = 0"})
         EXPECT_NE(key.find(value), std::string::npos) << value << " in " << key;
     EXPECT_NE(dump.find("morcelservice\\New\\rules]"), std::string::npos);
 }

@@ -16,8 +16,7 @@ void MainWindowRulesTest::SetUp() {
     configuration_.Profiles.resize(1);
     configuration_.Profiles[0].Name = L"Alpha";
     configuration_.Profiles[0].ZCSProfile = {L"Office", L"Bank"};
-    for (const wchar_t* description : {L"a", L"b", L"c", L"d", L"e"})
-        rules_.push_back(RuleNamed(description));
+    for (const wchar_t* description : {L"a", L"b", L"c", L"d", L"e"}) rules_.push_back(RuleNamed(description));
 }
 
 config::Rule MainWindowRulesTest::RuleNamed(const std::wstring& description) const {
@@ -56,8 +55,7 @@ std::vector<config::Rule> MainWindowRulesTest::StoredRules() {
 }
 
 void MainWindowRulesTest::Select(const Rows& rows) {
-    for (const size_t row : rows)
-        user_.ClickRow(id::Rules, row, row == rows[0] ? Held::Nothing : Held::Control);
+    for (const size_t row : rows) user_.ClickRow(id::Rules, row, row == rows[0] ? Held::Nothing : Held::Control);
 }
 
 void MainWindowRulesTest::SaveChanged() {

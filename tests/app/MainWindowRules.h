@@ -32,9 +32,7 @@ class MainWindowRulesTest : public MainWindowTest {
     Texts Descriptions() const { return RuleColumn(1); }
     // Selects one row, and more with the Control key.
     void Select(const Rows& rows);
-    void Give(bool byMenu, int command, int button) {
-        byMenu ? user_.ChooseMenu(command) : user_.Click(button);
-    }
+    void Give(bool byMenu, int command, int button) { byMenu ? user_.ChooseMenu(command) : user_.Click(button); }
 
     // Has the change been noted? Then saves and leaves.
     void SaveChanged();

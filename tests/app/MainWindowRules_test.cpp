@@ -121,8 +121,8 @@ TEST_F(MainWindowRulesTest, MovesIgnoreTheOtherSelectedRows) {
 
 TEST_F(MainWindowRulesTest, AtTheEdgeAndWithoutASelectionNothingHappens) {
     Run([&] {
-        for (const int button : {id::CopyRule, id::EditRule, id::DeleteRule, id::MakeFirst, id::MoveUp,
-                                 id::MoveDown, id::MakeLast})
+        for (const int button :
+             {id::CopyRule, id::EditRule, id::DeleteRule, id::MakeFirst, id::MoveUp, id::MoveDown, id::MakeLast})
             user_.Click(button);
         Select({0});
         user_.Click(id::MoveUp);

@@ -118,8 +118,7 @@ TEST_F(MainWindowSizeTest, CannotBeMadeSmallerThanItsButtons) {
         const ui::Rect ok = Bounds(ui::IdOk);
         const int arrow = world_->Machine().ScreenMetrics.VerticalScrollArrowHeight(user_.Top().Dpi());
         user_.Resize({-5000, -5000});
-        EXPECT_EQ(user_.OuterSize(),
-                  (ui::Size{11 * ok.width + 2 * ScrollBar(), 2 * (5 * ok.height + arrow)}));
+        EXPECT_EQ(user_.OuterSize(), (ui::Size{11 * ok.width + 2 * ScrollBar(), 2 * (5 * ok.height + arrow)}));
         user_.PressCloseBox();
     });
 }
@@ -177,8 +176,8 @@ TEST_F(MainWindowSizeTest, PlacesThatNoWindowCanHaveDoNoHarm) {
         SCOPED_TRACE(testing::PrintToString(low) + " to " + testing::PrintToString(high));
         const std::string from = " = " + std::to_string(low) + "\n";
         const std::string to = " = " + std::to_string(high) + "\n";
-        Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nWindow_top" + from + "Window_left" +
-             from + "Window_bottom" + to + "Window_right" + to);
+        Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nWindow_top" + from + "Window_left" + from +
+             "Window_bottom" + to + "Window_right" + to);
         const int result = Run([&](CBrisgateDlg&) { user_.Click(ui::IdOk); });
         EXPECT_EQ(result, ui::IdOk);
         // Some place that a window can have, the size at least what the buttons need.

@@ -24,16 +24,14 @@ TEST_F(MainWindowTest, EveryIconButtonHasAnIconOfItsOwn) {
     SeedSmallConfiguration();
     using ui::Icon;
     const std::map<int, Icon> expected{
-        {1021, Icon::Save},          {1022, Icon::LogSettings}, {1023, Icon::RuleAdd},
-        {1037, Icon::RuleCopy},      {1024, Icon::RuleEdit},    {1025, Icon::RuleDelete},
-        {1026, Icon::RuleFirst},     {1027, Icon::RuleUp},      {1028, Icon::RuleDown},
-        {1029, Icon::RuleLast},      {1031, Icon::ProfileAdd},  {1032, Icon::ProfileEdit},
+        {1021, Icon::Save},          {1022, Icon::LogSettings}, {1023, Icon::RuleAdd},    {1037, Icon::RuleCopy},
+        {1024, Icon::RuleEdit},      {1025, Icon::RuleDelete},  {1026, Icon::RuleFirst},  {1027, Icon::RuleUp},
+        {1028, Icon::RuleDown},      {1029, Icon::RuleLast},    {1031, Icon::ProfileAdd}, {1032, Icon::ProfileEdit},
         {1033, Icon::ProfileDelete}, {1034, Icon::RulesExport}, {1035, Icon::RulesImport}};
     Run([&](CBrisgateDlg& dialog) {
         std::map<int, Icon> icons;
         for (ui::Control* control : dialog.Controls())
-            if (const auto* button = dynamic_cast<ui::IconButton*>(control))
-                icons[control->Id()] = button->Icon();
+            if (const auto* button = dynamic_cast<ui::IconButton*>(control)) icons[control->Id()] = button->Icon();
         EXPECT_EQ(icons, expected);
         user_.PressCloseBox();
     });
@@ -153,8 +151,7 @@ TEST_F(MainWindowTest, LeavingTheListUnderASearchSwitchesTheRulesAtTheRowsPositi
         user_.Click(ui::IdOk);
     });
     const auto isOn = [this](const wchar_t* rule) {
-        return StoredInteger(std::wstring(L"SOFTWARE\\TALVERON\\morcelservice\\Alpha\\rules\\") + rule,
-                             L"Is on");
+        return StoredInteger(std::wstring(L"SOFTWARE\\TALVERON\\morcelservice\\Alpha\\rules\\") + rule, L"Is on");
     };
     EXPECT_EQ(isOn(L"Rule 0"), 0);
     EXPECT_EQ(isOn(L"Rule 1"), 1);
@@ -165,15 +162,13 @@ TEST_F(MainWindowTest, TheMenusCarryTheCommands) {
     using Item = ui::MenuItem;
     const std::vector<ui::Menu> expected{
         {L"File",
-         {Item{57603, L"Save"}, Item{32787, L"Log path"}, Item{32822, L"Configurations"},
-          Item{32788, L"Exit"}}},
+         {Item{57603, L"Save"}, Item{32787, L"Log path"}, Item{32822, L"Configurations"}, Item{32788, L"Exit"}}},
         {L"Profiles",
          {Item{32808, L"Add profile"}, Item{32810, L"Edit profile"}, Item{32814, L"Delete profile"},
           Item{32811, L"Import profile rules"}, Item{32812, L"Export profile rules"}}},
         {L"Rules",
-         {Item{32815, L"Add rule"}, Item{32828, L"Copy rule"}, Item{32816, L"Edit rule"},
-          Item{32817, L"Delete rule"}, Item{32818, L"Make first"}, Item{32819, L"Move up"},
-          Item{32820, L"Move down"}, Item{32821, L"Make last"}}}};
+         {Item{32815, L"Add rule"}, Item{32828, L"Copy rule"}, Item{32816, L"Edit rule"}, Item{32817, L"Delete rule"},
+          Item{32818, L"Make first"}, Item{32819, L"Move up"}, Item{32820, L"Move down"}, Item{32821, L"Make last"}}}};
     SeedSmallConfiguration();
     Run([&](CBrisgateDlg& dialog) {
         EXPECT_EQ(dialog.MenuBar(), expected);
@@ -240,8 +235,7 @@ TEST_F(MainWindowTest, SaveAndExitAsksAfterASaveThatFailedEarly) {
         user_.Click(id::Search);
         world_->Registry().FailWhere(platform::memory::RegistryCall::Open, L"morcelservice", 5);
         for (const int answer : {ui::IdNo, ui::IdYes}) {
-            ExpectReport(L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice",
-                         5);
+            ExpectReport(L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice", 5);
             ExpectLeaveQuestion(answer);
             user_.Click(ui::IdOk);
         }
@@ -281,8 +275,7 @@ TEST_F(MainWindowTest, SaveAndExitDoesNotAskAfterASaveThatFailedInAProfile) {
         user_.ClickCheckBox(id::Rules, 0);
         user_.Click(id::Search);
         world_->Registry().FailWhere(platform::memory::RegistryCall::Open, L"morcelservice\\Alpha", 5);
-        ExpectReport(
-            L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Alpha", 5);
+        ExpectReport(L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\Alpha", 5);
         user_.Click(ui::IdOk);
     });
     world_->Registry().NoFaults();
@@ -290,9 +283,8 @@ TEST_F(MainWindowTest, SaveAndExitDoesNotAskAfterASaveThatFailedInAProfile) {
 }
 
 TEST_F(MainWindowTest, AFailedLoadClosesItAtOnce) {
-    user_.ExpectBoxBeginning(
-        L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles.",
-        ui::box::ErrorIcon, ui::IdOk);
+    user_.ExpectBoxBeginning(L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles.",
+                             ui::box::ErrorIcon, ui::IdOk);
     EXPECT_EQ(CBrisgateDlg(services_).DoModal(), ui::IdCancel);
 }
 

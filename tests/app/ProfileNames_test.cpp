@@ -38,9 +38,7 @@ class ProfileNames : public MainWindowTest {
         });
         return names;
     }
-    bool IsStored(const std::string& key) {
-        return Dump().find("\\morcelservice\\" + key + "]") != std::string::npos;
-    }
+    bool IsStored(const std::string& key) { return Dump().find("\\morcelservice\\" + key + "]") != std::string::npos; }
 };
 
 TEST_F(ProfileNames, BlanksAtTheEndsAreKept) {

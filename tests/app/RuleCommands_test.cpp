@@ -32,8 +32,7 @@ TEST(SuggestedMasks, OfferTheProfilesMasksFirstAndEachTextOnce) {
     rules[0].Masks = {L"a", L"b", L"*.xml"};
     rules[1].Masks = {L"", L"A"};
     rules[2].Masks = {L"a", L"c", L"c"};
-    const Masks expected{L"b",     L"A",     L"a",     L"c",     L"*.p7s", L"*.p7e",
-                         L"*.b64", L"*.hsh", L"*.vrf", L"*.xml", L"*.edi"};
+    const Masks expected{L"b", L"A", L"a", L"c", L"*.p7s", L"*.p7e", L"*.b64", L"*.hsh", L"*.vrf", L"*.xml", L"*.edi"};
     EXPECT_EQ(SuggestedMasks(settings, rules), expected);
 }
 

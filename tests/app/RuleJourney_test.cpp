@@ -52,9 +52,7 @@ BasePath = "C:\Keys"
         user_.Click(id::ImportRules);
     }
 
-    std::wstring Exported(const std::wstring& name) const {
-        return realFiles_->Folder() + L"\\" + name + L".prx";
-    }
+    std::wstring Exported(const std::wstring& name) const { return realFiles_->Folder() + L"\\" + name + L".prx"; }
     // The opened profile has these rules, to be seen in the list, in the editor and in an exported file.
     void ExpectRules(const std::vector<Rule>& expected) {
         ASSERT_EQ(user_.RowCount(id::Rules), expected.size());

@@ -36,10 +36,9 @@ TEST(RuleCells, ShowTheFieldsOfTheRule) {
     rule.Masks = {L"*.txt"};
     rule.ZCSProfile = L"Office";
     std::vector<std::wstring> row;
-    for (size_t column = 0; column < 8; ++column)
-        row.push_back(RuleCell(rule, 4, static_cast<RuleColumn>(column)));
-    const std::vector<std::wstring> expected{
-        L"5", L"Sign", L"Create detached signature", L"in", L"out", L"error", L"*.txt", L"Office"};
+    for (size_t column = 0; column < 8; ++column) row.push_back(RuleCell(rule, 4, static_cast<RuleColumn>(column)));
+    const std::vector<std::wstring> expected{L"5",     L"Sign",  L"Create detached signature", L"in", L"out", L"error",
+                                             L"*.txt", L"Office"};
     EXPECT_EQ(row, expected);
 }
 

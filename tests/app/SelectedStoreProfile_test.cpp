@@ -84,15 +84,13 @@ TEST_F(SelectedStoreProfile, IsTheOneChosenInTheEditor) {
     InTheEditor([this] {
         user_.Choose(ruleid::CsProfile, 2);
         OpenSignerLists([this] {
-            user_.Expect<certs::CPreEncryptDlg>(
-                [this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
+            user_.Expect<certs::CPreEncryptDlg>([this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
             user_.Click(signersid::Add);
             user_.Click(ui::IdCancel);
         });
         user_.Choose(ruleid::CsProfile, 1);
         OpenSignerLists([this] {
-            user_.Expect<certs::CPreEncryptDlg>(
-                [this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
+            user_.Expect<certs::CPreEncryptDlg>([this](certs::CPreEncryptDlg&) { user_.Click(ui::IdCancel); });
             user_.Click(signersid::Add);
             user_.Click(ui::IdCancel);
         });

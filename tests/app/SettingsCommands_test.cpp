@@ -15,12 +15,8 @@ class SettingsCommandsTest : public SettingsTest {
   protected:
     void SetUp() override { SeedSmallConfiguration(); }
 
-    void ExpectLogSettings(const std::function<void(CConflictDlg&)>& script) {
-        user_.Expect<CConflictDlg>(script);
-    }
-    void ExpectExtensions(const std::function<void(CConfigPage&)>& script) {
-        user_.Expect<CConfigPage>(script);
-    }
+    void ExpectLogSettings(const std::function<void(CConflictDlg&)>& script) { user_.Expect<CConflictDlg>(script); }
+    void ExpectExtensions(const std::function<void(CConfigPage&)>& script) { user_.Expect<CConfigPage>(script); }
     void AddExtension(const std::wstring& text) {
         user_.Expect<settings::CAddExtDlg>([this, text](settings::CAddExtDlg&) {
             user_.Type(extid::Asked, text);

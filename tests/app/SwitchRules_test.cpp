@@ -211,9 +211,9 @@ TEST_F(NewTicks, AreSavedByEveryWayToSave) {
 }
 
 TEST_F(NewTicks, AreAskedAboutByEveryWayOut) {
-    const std::vector<std::function<void()>> waysOut{
-        [&] { user_.Press(Key::Escape); }, [&] { user_.PressCloseBox(); },
-        [&] { user_.ChooseMenu(command::Exit); }, [&] { user_.Click(ui::IdCancel); }};
+    const std::vector<std::function<void()>> waysOut{[&] { user_.Press(Key::Escape); }, [&] { user_.PressCloseBox(); },
+                                                     [&] { user_.ChooseMenu(command::Exit); },
+                                                     [&] { user_.Click(ui::IdCancel); }};
     for (const auto& leave : waysOut) {
         After("a way out", [&] {
             ExpectLeaveQuestion(ui::IdNo);

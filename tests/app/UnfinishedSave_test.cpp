@@ -47,8 +47,7 @@ class UnfinishedSave : public tests::MainWindowTest {
     void FailToSave() {
         Run([&](app::CBrisgateDlg&) {
             DeleteTheFirstRule();
-            world_->Registry().FailWhere(RegistryCall::DeleteSubkey, L"Beta\\rules\\Rule 0",
-                                         code::AccessDenied);
+            world_->Registry().FailWhere(RegistryCall::DeleteSubkey, L"Beta\\rules\\Rule 0", code::AccessDenied);
             user_.ExpectBoxBeginning(L"Delete register key ", tests::boxes::Report, ui::IdOk);
             user_.Click(id::Save);
             world_->Registry().NoFaults();
@@ -124,8 +123,7 @@ TEST_F(UnfinishedSave, ALaterSaveThatSucceedsMakesItGo) {
 
 TEST_F(UnfinishedSave, ARecordThatCannotBeReadStaysUntilTheNextSave) {
     const platform::ValueType type = ValueType::Binary;
-    const std::vector<std::byte> later{std::byte{'B'}, std::byte{'R'}, std::byte{'E'}, std::byte{'D'},
-                                       std::byte{2}};
+    const std::vector<std::byte> later{std::byte{'B'}, std::byte{'R'}, std::byte{'E'}, std::byte{'D'}, std::byte{2}};
     tests::RecordKey(world_->Registry()).Set(tests::RecordName, {type, later});
     const std::string before = Trees();
     ExpectHint(unreadable);
@@ -152,9 +150,8 @@ TEST_F(UnfinishedSave, WhereTheEarlierRecordCanNeitherBeReplacedNorRemovedNothin
             return ofRecord && call.call != RegistryCall::Close ? code::AccessDenied : code::Success;
         });
         DeleteTheFirstRule();
-        user_.ExpectBoxBeginning(
-            L"Delete register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice editor",
-            tests::boxes::Report, ui::IdOk);
+        user_.ExpectBoxBeginning(L"Delete register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice editor",
+                                 tests::boxes::Report, ui::IdOk);
         user_.Click(id::Save);
         world_->Registry().NoFaults();
         EXPECT_EQ(Trees(), before);

@@ -16,8 +16,8 @@ class GroupsFile : public tests::ExchangeTest {
   protected:
     std::optional<Names> Read(const std::wstring& path) {
         Names names;
-        const bool read = certs::ReadGroupsFile(exchange_, nullptr, path,
-                                                [&](std::wstring_view name) { names.emplace_back(name); });
+        const bool read =
+            certs::ReadGroupsFile(exchange_, nullptr, path, [&](std::wstring_view name) { names.emplace_back(name); });
         EXPECT_TRUE(read || names.empty());
         return read ? std::optional(names) : std::nullopt;
     }
@@ -101,8 +101,7 @@ TEST_F(GroupsFile, WhatIsWrittenComesBack) {
     EXPECT_TRUE(Write({names.begin(), names.end()}));
     const std::string bytes = Content(file_).value();
     EXPECT_EQ(bytes, "CN=B\r\nCN=A\r\n" + machine_.CodePage.ToAnsi(L"CN=\x00E9") + "\r\n");
-    EXPECT_EQ(Read(file_),
-              (Names{L"CN=B", L"CN=A", machine_.CodePage.ToWide(machine_.CodePage.ToAnsi(names[2]))}));
+    EXPECT_EQ(Read(file_), (Names{L"CN=B", L"CN=A", machine_.CodePage.ToWide(machine_.CodePage.ToAnsi(names[2]))}));
 }
 
 TEST_F(GroupsFile, CharactersBeyondTheCodePageAreReplaced) {
@@ -151,8 +150,7 @@ TEST_F(GroupsFile, EveryFailureOfWritingIsReportedOnceAndTheFileClosed) {
 
 // The n-th write fails: the file holds what was written before.
 TEST_F(GroupsFile, AWriteThatFailsLeavesWhatWasWritten) {
-    const std::pair<size_t, std::string> cases[] = {
-        {1, ""}, {2, "CN=A"}, {3, "CN=A\r\n"}, {4, "CN=A\r\nCN=B"}};
+    const std::pair<size_t, std::string> cases[] = {{1, ""}, {2, "CN=A"}, {3, "CN=A\r\n"}, {4, "CN=A\r\nCN=B"}};
     for (const auto& [failing, left] : cases) {
         watched_.failsFromWrite = failing;
         EXPECT_FALSE(Write({L"CN=A", L"CN=B"}));

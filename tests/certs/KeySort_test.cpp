@@ -15,9 +15,8 @@ using Order = std::vector<uint32_t>;
 Order StableOrder(const Keys& keys, bool descending) {
     Order order(keys.size());
     std::iota(order.begin(), order.end(), 0U);
-    std::stable_sort(order.begin(), order.end(), [&](uint32_t a, uint32_t b) {
-        return descending ? keys[b] < keys[a] : keys[a] < keys[b];
-    });
+    std::stable_sort(order.begin(), order.end(),
+                     [&](uint32_t a, uint32_t b) { return descending ? keys[b] < keys[a] : keys[a] < keys[b]; });
     return order;
 }
 
@@ -38,8 +37,7 @@ TEST(KeySort, SortsWhateverTheLengths) {
 
 TEST(KeySort, ZerosAreCharactersToo) {
     using namespace std::string_view_literals;
-    CheckBothWays(
-        {L"a\0\0"sv, L"a"sv, L"a\0"sv, L"a\0b"sv, L""sv, L"\0\0\0\0\0"sv, L"\0"sv, L"a\0\0\0\0\0c"sv});
+    CheckBothWays({L"a\0\0"sv, L"a"sv, L"a\0"sv, L"a\0b"sv, L""sv, L"\0\0\0\0\0"sv, L"\0"sv, L"a\0\0\0\0\0c"sv});
 }
 
 TEST(KeySort, AgreesWithAStableSort) {

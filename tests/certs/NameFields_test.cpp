@@ -52,8 +52,7 @@ TEST(NameFields, AKeyStandsBetweenTheLastBrackets) {
         {L")", L""},
         {L"", L""},
     };
-    for (const auto& [label, key] : cases)
-        EXPECT_EQ(certs::AttributeKey(label), key) << testing::PrintToString(label);
+    for (const auto& [label, key] : cases) EXPECT_EQ(certs::AttributeKey(label), key) << testing::PrintToString(label);
 }
 
 TEST(NameFields, ANameIsCutAtCommasBeforeAKey) {
@@ -72,8 +71,7 @@ TEST(NameFields, ANameIsCutAtCommasBeforeAKey) {
         {L",CN=A,", {L"", L"CN=A,"}},
         {L",,C,C", {L",", L"C", L"C"}},
     };
-    for (const auto& [name, parts] : cases)
-        EXPECT_EQ(certs::CutName(name), parts) << testing::PrintToString(name);
+    for (const auto& [name, parts] : cases) EXPECT_EQ(certs::CutName(name), parts) << testing::PrintToString(name);
 }
 
 TEST(NameFields, EveryKeyOfTheTableCuts) {
@@ -96,8 +94,7 @@ TEST(NameFields, ANameIsShownWithALineForEachOfferedField) {
         {L"CN=A,UNSTRUCTUREDNAME=B", L"CN=A,UNSTRUCTUREDNAME=B"},  // not offered
         {L"CN=Ivanov, Ivan,OGRNIP=1,OGRN=2", L"CN=Ivanov, Ivan\nOGRNIP=1\nOGRN=2"},
     };
-    for (const auto& [name, lines] : cases)
-        EXPECT_EQ(certs::NameInLines(name), lines) << testing::PrintToString(name);
+    for (const auto& [name, lines] : cases) EXPECT_EQ(certs::NameInLines(name), lines) << testing::PrintToString(name);
 }
 
 TEST(NameFields, ASortKeyReachesFromTheFieldToTheEnd) {

@@ -74,11 +74,10 @@ TEST_F(NameRowsTest, CharacterCodesDecide) {
 }
 
 TEST_F(NameRowsTest, ABeginningThatAllShareDoesNotMatter) {
-    Show({L"CN=AAAAAAAAB", L"CN=AAAAAAAA", L"CN=AAAAAAAABBBBC", L"O=x", L"CN=AAAAAAAABBBBB",
-          L"CN=AAAAAAAA,O=x"});
+    Show({L"CN=AAAAAAAAB", L"CN=AAAAAAAA", L"CN=AAAAAAAABBBBC", L"O=x", L"CN=AAAAAAAABBBBB", L"CN=AAAAAAAA,O=x"});
     Sort(L"CN", false);
-    EXPECT_EQ(Shown(), (Names{L"O=x", L"CN=AAAAAAAA", L"CN=AAAAAAAA,O=x", L"CN=AAAAAAAAB",
-                              L"CN=AAAAAAAABBBBB", L"CN=AAAAAAAABBBBC"}));
+    EXPECT_EQ(Shown(), (Names{L"O=x", L"CN=AAAAAAAA", L"CN=AAAAAAAA,O=x", L"CN=AAAAAAAAB", L"CN=AAAAAAAABBBBB",
+                              L"CN=AAAAAAAABBBBC"}));
 }
 
 TEST_F(NameRowsTest, AgreeWithAStableSortOfTheKeys) {

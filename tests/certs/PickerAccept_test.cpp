@@ -57,20 +57,19 @@ TEST_F(PickerAccept, NamesWithoutCertificatesAreDroppedOneByOne) {
 
 TEST_F(PickerAccept, NoToTheQuestionLeavesTheFormAsItWas) {
     search_.withoutCertificate = {L"CN=A", L"CN=C"};
-    EXPECT_EQ(
-        PickRecipients({L"CN=A", L"CN=B", L"CN=C", L"CN=D"},
-                       [this](CPreEncryptDlg& picker) {
-                           Check(pickid::Chosen, {1});
-                           ExpectQuestion(Missing(L"CN=A"), ui::IdYes);
-                           ExpectQuestion(Missing(L"CN=C"), ui::IdNo);
-                           user_.Click(ui::IdOk);
-                           EXPECT_FALSE(picker.HasEnded());
-                           EXPECT_EQ(Shown(pickid::Chosen), (Names{L"CN=A", L"CN=B", L"CN=C", L"CN=D"}));
-                           EXPECT_EQ(Checks(pickid::Chosen), (std::vector{false, true, false, false}));
-                           EXPECT_EQ(search_.asked, (Names{L"CN=A", L"CN=B", L"CN=C"}));
-                           Leave();
-                       }),
-        std::nullopt);
+    EXPECT_EQ(PickRecipients({L"CN=A", L"CN=B", L"CN=C", L"CN=D"},
+                             [this](CPreEncryptDlg& picker) {
+                                 Check(pickid::Chosen, {1});
+                                 ExpectQuestion(Missing(L"CN=A"), ui::IdYes);
+                                 ExpectQuestion(Missing(L"CN=C"), ui::IdNo);
+                                 user_.Click(ui::IdOk);
+                                 EXPECT_FALSE(picker.HasEnded());
+                                 EXPECT_EQ(Shown(pickid::Chosen), (Names{L"CN=A", L"CN=B", L"CN=C", L"CN=D"}));
+                                 EXPECT_EQ(Checks(pickid::Chosen), (std::vector{false, true, false, false}));
+                                 EXPECT_EQ(search_.asked, (Names{L"CN=A", L"CN=B", L"CN=C"}));
+                                 Leave();
+                             }),
+              std::nullopt);
 }
 
 TEST_F(PickerAccept, AFailedSearchStops) {
@@ -130,8 +129,7 @@ TEST_F(PickerAccept, TheNameOfASignerListTakesWhatTheRegistryTakes) {
 
 TEST_F(PickerAccept, ASignerListMayKeepItsName) {
     lists_ = {{L"own", {L"CN=A"}}};
-    EXPECT_EQ(PickSigners(L"own", {L"CN=A"}, [this](CPreEncryptDlg&) { user_.Click(ui::IdOk); }),
-              Names{L"CN=A"});
+    EXPECT_EQ(PickSigners(L"own", {L"CN=A"}, [this](CPreEncryptDlg&) { user_.Click(ui::IdOk); }), Names{L"CN=A"});
     EXPECT_EQ(listName_, L"own");
 }
 

@@ -30,9 +30,9 @@ class PickerForm : public CertsTest {
 TEST_F(PickerForm, ForRecipients) {
     PickRecipients({L"CN=B", L"", L"CN=A"}, [this](CPreEncryptDlg& picker) {
         EXPECT_EQ(picker.Icon(), ui::Icon::Recipients);
-        EXPECT_EQ(user_.Get<ui::ListView>(pickid::Candidates).Columns(),
-                  (std::vector<ui::Column>{
-                      {L"Subjects", user_.Get<ui::ListView>(pickid::Candidates).Columns()[0].width}}));
+        EXPECT_EQ(
+            user_.Get<ui::ListView>(pickid::Candidates).Columns(),
+            (std::vector<ui::Column>{{L"Subjects", user_.Get<ui::ListView>(pickid::Candidates).Columns()[0].width}}));
         EXPECT_EQ(user_.Get<ui::ListView>(pickid::Chosen).Columns().at(0).header, L"Recipients");
         EXPECT_EQ(Shown(pickid::Candidates), Names{});
         EXPECT_EQ(Shown(pickid::Chosen), (Names{L"CN=B", L"CN=A"}));
@@ -158,16 +158,14 @@ TEST_F(PickerForm, ADoubleClickShowsTheWholeNameInLines) {
         EXPECT_EQ(notes_.owners.back(), &picker);
         user_.ExpectBox(L"CN=A, B\no=C", ui::box::Ok | ui::box::InformationIcon, ui::IdOk, L"Subject");
         user_.DoubleClickRow(pickid::Candidates, 1);
-        user_.ExpectBox(L"CN=Egon\nEmail=e@x\nC=RU", ui::box::Ok | ui::box::InformationIcon, ui::IdOk,
-                        L"Recipient");
+        user_.ExpectBox(L"CN=Egon\nEmail=e@x\nC=RU", ui::box::Ok | ui::box::InformationIcon, ui::IdOk, L"Recipient");
         user_.DoubleClickRow(pickid::Chosen, 0);
         for (const int list : {pickid::Candidates, pickid::Chosen})
             user_.Get<ui::ListView>(list).UserDoubleClicked({});  // beside the rows: no box
         Leave();
     });
     PickSigners(L"", chosen, [this](CPreEncryptDlg&) {
-        user_.ExpectBox(L"CN=Egon\nEmail=e@x\nC=RU", ui::box::Ok | ui::box::InformationIcon, ui::IdOk,
-                        L"Signer");
+        user_.ExpectBox(L"CN=Egon\nEmail=e@x\nC=RU", ui::box::Ok | ui::box::InformationIcon, ui::IdOk, L"Signer");
         user_.DoubleClickRow(pickid::Chosen, 0);
         Leave();
     });

@@ -10,8 +10,7 @@ inline bool MatchesInSomeWay(std::wstring_view sample, std::wstring_view value) 
     if (sample.front() == L'*')
         return MatchesInSomeWay(sample.substr(1), value) ||
                (!value.empty() && MatchesInSomeWay(sample, value.substr(1)));
-    return !value.empty() && value.front() == sample.front() &&
-           MatchesInSomeWay(sample.substr(1), value.substr(1));
+    return !value.empty() && value.front() == sample.front() && MatchesInSomeWay(sample.substr(1), value.substr(1));
 }
 
 }  // namespace tests

@@ -243,8 +243,7 @@ TEST_F(SignerListTest, ExitDiscardsEveryChange) {
                   user_.ClickRow(signersid::List, 0);
                   ExpectQuestion(L"Delete 1 list(s)?", ui::IdYes);
                   user_.Click(signersid::Delete);
-                  EXPECT_EQ(form.Lists(),
-                            (Lists{before[1], {L"staff", before[2].Signers}, {L"guests", {L"CN=Hugo"}}}));
+                  EXPECT_EQ(form.Lists(), (Lists{before[1], {L"staff", before[2].Signers}, {L"guests", {L"CN=Hugo"}}}));
                   Leave();
               }),
               std::nullopt);
@@ -254,8 +253,7 @@ TEST_F(SignerListTest, ExitDiscardsEveryChange) {
 TEST_F(SignerListTest, ADoubleClickShowsTheMembers) {
     lists_.push_back({L"empty", {}});
     Edit([this](SignerList&) {
-        ExpectWarningBox(L"Signer list",
-                         L"List name: clerks\r\n\r\nSigner 1:\r\nCN=Egon\r\n\r\nSigner 2:\r\nCN=Fritz",
+        ExpectWarningBox(L"Signer list", L"List name: clerks\r\n\r\nSigner 1:\r\nCN=Egon\r\n\r\nSigner 2:\r\nCN=Fritz",
                          ui::Icon::Information);
         user_.DoubleClickRow(signersid::List, 1);
         ExpectWarningBox(L"Signer list", L"List name: empty", ui::Icon::Information);

@@ -25,8 +25,7 @@ struct Amounts {
     size_t certificates = 0;
     size_t signerLists = 0;
     size_t signers = 0;
-    size_t storePairs =
-        0;  // locations written: one pair for each rule with a store profile, another for RESG
+    size_t storePairs = 0;  // locations written: one pair for each rule with a store profile, another for RESG
 };
 
 Amounts AmountsOf(const Configuration& configuration) {
@@ -39,8 +38,7 @@ Amounts AmountsOf(const Configuration& configuration) {
             amounts.masks += rule.Masks.size();
             amounts.certificates += rule.Certificates.size();
             amounts.signerLists += rule.SignerLists.size();
-            for (const config::SignerListEntry& list : rule.SignerLists)
-                amounts.signers += list.Signers.size();
+            for (const config::SignerListEntry& list : rule.SignerLists) amounts.signers += list.Signers.size();
             amounts.storePairs += rule.Operation == L"RESG" ? 2U : 1U;
         }
     }
@@ -54,8 +52,7 @@ Rule SomeRule(size_t number) {
     rule.Masks.assign(1 + number % 3, L"*.xml");
     rule.Certificates.assign(number % 4, L"CN=x");
     for (size_t i = 0; i < number % 3; ++i)
-        rule.SignerLists.push_back(
-            {L"List " + std::to_wstring(i), std::vector<std::wstring>(i + 1, L"CN=y")});
+        rule.SignerLists.push_back({L"List " + std::to_wstring(i), std::vector<std::wstring>(i + 1, L"CN=y")});
     return rule;
 }
 
@@ -68,9 +65,8 @@ Configuration SomeConfiguration(size_t profiles, size_t rulesOfEach) {
         ServiceProfile& profile = configuration.Profiles.emplace_back();
         profile.Name = L"Profile " + std::to_wstring(i);
         profile.ServerTSP = profile.ZCSProfile = {L"keys 1"};
-        for (auto* list :
-             {&profile.NotUseLDAP, &profile.NotCopyToLocal, &profile.AutoUseTSP, &profile.AutoVerifyTSP,
-              &profile.NoTSPisError, &profile.UseAIA, &profile.NotAddCert, &profile.NotLoadCrl})
+        for (auto* list : {&profile.NotUseLDAP, &profile.NotCopyToLocal, &profile.AutoUseTSP, &profile.AutoVerifyTSP,
+                           &profile.NoTSPisError, &profile.UseAIA, &profile.NotAddCert, &profile.NotLoadCrl})
             *list = {1};
         profile.CrlUpdatePeriod = {24};
         for (size_t r = 0; r < rulesOfEach; ++r) profile.Rules.push_back(SomeRule(r));
@@ -83,8 +79,7 @@ class CallCounts : public tests::ConfigTest {
     static std::string Library() {
         return tests::Key(tests::LibraryKey + "\\Profiles\\1") +
                "ProfileName = \"keys 1\"\nstore_0 = \"a\"\nstore_1 = \"b\"\n" +
-               tests::Key(tests::LibraryKey + "\\Profiles\\2") +
-               "ProfileName = \"keys 2\"\nBasePath = \"C:\"\n" +
+               tests::Key(tests::LibraryKey + "\\Profiles\\2") + "ProfileName = \"keys 2\"\nBasePath = \"C:\"\n" +
                tests::Key(tests::LibraryKey + "\\store\\2") + "name = \"ldap\"\n";
     }
     size_t Count(RegistryCall call) { return Registry().CountOf(call); }
@@ -107,11 +102,9 @@ void CallCounts::CheckLoad(const Amounts& a) {
     // Each search ends with one call that finds nothing more.
     EXPECT_EQ(Count(RegistryCall::EnumerateSubkey),
               (a.csProfiles + 1) + (a.profiles + 1) + (a.rules + a.profiles) + (a.signerLists + a.rules));
-    EXPECT_EQ(Count(RegistryCall::Query), 3 * a.csProfiles + a.derivedCsProfiles + settings +
-                                              ofProfile * a.profiles + ofRule * a.rules + a.masks +
-                                              a.certificates + a.signerLists + a.signers);
-    EXPECT_EQ(Count(RegistryCall::Set) + Count(RegistryCall::DeleteSubkey) + Count(RegistryCall::OpenSubkey),
-              0U);
+    EXPECT_EQ(Count(RegistryCall::Query), 3 * a.csProfiles + a.derivedCsProfiles + settings + ofProfile * a.profiles +
+                                              ofRule * a.rules + a.masks + a.certificates + a.signerLists + a.signers);
+    EXPECT_EQ(Count(RegistryCall::Set) + Count(RegistryCall::DeleteSubkey) + Count(RegistryCall::OpenSubkey), 0U);
     ExpectEachKeyClosedOnce();
 }
 
@@ -127,14 +120,12 @@ void CallCounts::CheckSave(const Amounts& a, size_t newProfiles, size_t formerKe
     // Former keys: once each to be found, once each to see that nothing is left below.
     EXPECT_EQ(Count(RegistryCall::EnumerateSubkey),
               (oldProfiles + 1) + (formerKeys - oldProfiles) + formerKeys + record);
-    EXPECT_EQ(Count(RegistryCall::OpenSubkey), formerKeys + newProfiles + record)
-        << "new profiles have no rules key";
+    EXPECT_EQ(Count(RegistryCall::OpenSubkey), formerKeys + newProfiles + record) << "new profiles have no rules key";
     EXPECT_EQ(Count(RegistryCall::DeleteSubkey), formerKeys + record);
     EXPECT_EQ(Count(RegistryCall::Flush), record);
     EXPECT_EQ(Count(RegistryCall::Query), 1U);
     EXPECT_EQ(Count(RegistryCall::Set), settings + ofProfile * a.profiles + ofRule * a.rules + a.masks +
-                                            a.certificates + 2 * a.storePairs + a.signerLists + a.signers +
-                                            record);
+                                            a.certificates + 2 * a.storePairs + a.signerLists + a.signers + record);
     // Opening the rules key of a new profile fails.
     EXPECT_EQ(Count(RegistryCall::Close) + newProfiles,
               Count(RegistryCall::Open) + Count(RegistryCall::OpenSubkey) + Count(RegistryCall::Create));
@@ -154,8 +145,7 @@ void CallCounts::ExpectNothingAskedTwice() {
 TEST_F(CallCounts, LoadAndSave) {
     const std::pair<size_t, size_t> sizes[] = {{1, 0}, {1, 1}, {1, 7}, {2, 12}, {5, 3}};
     for (const auto& [profiles, rules] : sizes) {
-        SCOPED_TRACE(testing::PrintToString(profiles) + " profiles with " + testing::PrintToString(rules) +
-                     " rules");
+        SCOPED_TRACE(testing::PrintToString(profiles) + " profiles with " + testing::PrintToString(rules) + " rules");
         const Configuration configuration = SomeConfiguration(profiles, rules);
         Amounts amounts = AmountsOf(configuration);
         amounts.derivedCsProfiles = 1;

@@ -48,9 +48,7 @@ class ConfigTest : public WorldTest {
         config::RegistryStore store(world_->Machine(), reporter);
         return config::LoadConfiguration(store, nullptr);
     }
-    bool Save(const config::Configuration& configuration) {
-        return SaveReportingTo(reporter_, configuration);
-    }
+    bool Save(const config::Configuration& configuration) { return SaveReportingTo(reporter_, configuration); }
     bool SaveReportingTo(const errors::ErrorReporter& reporter, const config::Configuration& configuration) {
         config::RegistryStore store(world_->Machine(), reporter);
         return config::SaveConfiguration(store, nullptr, configuration);

@@ -106,8 +106,7 @@ TEST(CsProfileSettings, AttachedIsWhatHasTheWholeNameInAnyCase) {
     profile.ZCSProfile = {L"Office", L"\u0411\u0430\u043D\u043A"};
     for (const wchar_t* name : {L"Office", L"OFFICE", L"office", L"\u0431\u0410\u041D\u041A"})
         EXPECT_TRUE(config::IsAttached(profile, name));
-    for (const wchar_t* name : {L"", L"Offic", L"Office ", L"Bank"})
-        EXPECT_FALSE(config::IsAttached(profile, name));
+    for (const wchar_t* name : {L"", L"Offic", L"Office ", L"Bank"}) EXPECT_FALSE(config::IsAttached(profile, name));
 }
 
 }  // namespace

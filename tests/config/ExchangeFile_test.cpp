@@ -48,9 +48,8 @@ TEST(ExchangeWrite, AnEncryptionRule) {
 TEST(ExchangeWrite, RecordsFollowEachOtherInTheOrderOfTheRules) {
     Rule first;
     first.Operation = L"DELE";
-    EXPECT_EQ(
-        Written({first, tests::FullRule(), first}),
-        Record({{field::Operation, "DELE"}}) + tests::FullRecord + Record({{field::Operation, "DELE"}}));
+    EXPECT_EQ(Written({first, tests::FullRule(), first}),
+              Record({{field::Operation, "DELE"}}) + tests::FullRecord + Record({{field::Operation, "DELE"}}));
     EXPECT_EQ(Written({}), "");
 }
 
@@ -59,9 +58,8 @@ TEST(ExchangeWrite, ListsWithEmptyEntries) {
     rule.Masks = {L""};
     rule.Certificates = {L"", L"a", L""};
     rule.SignerLists = {{L"", {}}, {L"", {L""}}, {L"A", {L"", L"s"}}};
-    EXPECT_EQ(Written({rule}), Record({{field::Masks, ""},
-                                       {field::Certificates, ";;a;;"},
-                                       {field::SignerLists, ";\\;;;;\\;A;;;;s"}}));
+    EXPECT_EQ(Written({rule}),
+              Record({{field::Masks, ""}, {field::Certificates, ";;a;;"}, {field::SignerLists, ";\\;;;;\\;A;;;;s"}}));
 }
 
 TEST(ExchangeWrite, NothingIsEscaped) {
@@ -69,9 +67,8 @@ TEST(ExchangeWrite, NothingIsEscaped) {
     rule.PathError = L"a\nb";
     rule.Masks = {L"a;;b", L"0"};
     rule.Descryption = L"a;\\;b\n\r";
-    EXPECT_EQ(
-        Written({rule}),
-        Record({{field::PathError, "a\nb"}, {field::Masks, "a;;b;;0"}, {field::Descryption, "a;\\;b\n\r"}}));
+    EXPECT_EQ(Written({rule}),
+              Record({{field::PathError, "a\nb"}, {field::Masks, "a;;b;;0"}, {field::Descryption, "a;\\;b\n\r"}}));
 }
 
 TEST(ExchangeWrite, TheOlderFormatsMaskIsNotCarried) {
@@ -127,8 +124,8 @@ TEST(ExchangeRead, RulesComeInTheOrderOfTheFile) {
 
 TEST(ExchangeRead, TextsWithoutARecord) {
     for (const std::string& text :
-         {""s, "\n"s, "\r"s, "\n\r"s, "\n\r\n\r"s, "\r\n\r"s, "just a line\n\r"s, "\0"s,
-          std::string(100, '\n'), "no end\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n"s, "\0\n\n\n\n\n\n\n\n\n\n\n\n\r"s}) {
+         {""s, "\n"s, "\r"s, "\n\r"s, "\n\r\n\r"s, "\r\n\r"s, "just a line\n\r"s, "\0"s, std::string(100, '\n'),
+          "no end\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n"s, "\0\n\n\n\n\n\n\n\n\n\n\n\n\r"s}) {
         EXPECT_FALSE(Read(text).anyRecord) << testing::PrintToString(text);
         EXPECT_TRUE(Read(text).rules.empty()) << testing::PrintToString(text);
     }
@@ -144,8 +141,7 @@ TEST(ExchangeRead, WhatFollowsTheLastRecordEndIsIgnored) {
 }
 
 TEST(ExchangeRead, EmptyRecordsAndSingleLinesAreSteppedOver) {
-    EXPECT_EQ(OperationsIn("\n\r" + Named("A") + "\n\r\n\rone line\n\r" + Named("B") + "\n\r"),
-              (Texts{L"A", L"B"}));
+    EXPECT_EQ(OperationsIn("\n\r" + Named("A") + "\n\r\n\rone line\n\r" + Named("B") + "\n\r"), (Texts{L"A", L"B"}));
 }
 
 TEST(ExchangeRead, ACarriageReturnElsewhereBelongsToTheText) {
@@ -204,11 +200,9 @@ TEST(ExchangeRead, ArchivesHaveAKind) {
         std::string stored;
         int32_t read;
     };
-    for (const Case& c :
-         {Case{"ARCH", "0", 1}, Case{"UNAR", "0", 1}, Case{"ARCH", "2", 2}, Case{"UNAR", "x", 1},
-          Case{"ARCH", "-1", -1}, Case{"PACK", "0", 0}, Case{"arch", "0", 0}})
-        EXPECT_EQ(ReadOne(Record({{field::Operation, c.operation}, {field::ZipFile, c.stored}})).ZipFile,
-                  c.read)
+    for (const Case& c : {Case{"ARCH", "0", 1}, Case{"UNAR", "0", 1}, Case{"ARCH", "2", 2}, Case{"UNAR", "x", 1},
+                          Case{"ARCH", "-1", -1}, Case{"PACK", "0", 0}, Case{"arch", "0", 0}})
+        EXPECT_EQ(ReadOne(Record({{field::Operation, c.operation}, {field::ZipFile, c.stored}})).ZipFile, c.read)
             << c.operation << " " << c.stored;
     EXPECT_EQ(ReadOne(Record({{field::Operation, "ARCH"}}, 12)).ZipFile, 1);
 }
@@ -251,8 +245,7 @@ TEST(ExchangeRead, ListsOfSigners) {
         {"A;\\B", {{L"A;\\B", {}}}},
         {"0;\\;0", {{L"0", {}}, {L"0", {}}}},
     };
-    for (const auto& [text, lists] : cases)
-        EXPECT_EQ(ReadField(field::SignerLists, text).SignerLists, lists) << text;
+    for (const auto& [text, lists] : cases) EXPECT_EQ(ReadField(field::SignerLists, text).SignerLists, lists) << text;
 }
 
 TEST(ExchangeRead, Numbers) {

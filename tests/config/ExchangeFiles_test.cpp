@@ -85,8 +85,7 @@ TEST_F(ExchangeFiles, EveryFailureOfWritingIsReportedOnceAndTheFileClosed) {
 
 TEST_F(ExchangeFiles, ACloseThatFailsBehindAnotherFailureIsNotReported) {
     Put(file_, "12345");
-    watched_.faults = {
-        {FileCall::Read, Fault}, {FileCall::Write, Fault}, {FileCall::Close, code::InvalidHandle}};
+    watched_.faults = {{FileCall::Read, Fault}, {FileCall::Write, Fault}, {FileCall::Close, code::InvalidHandle}};
     EXPECT_EQ(Read(file_), std::nullopt);
     ExpectReported(L"Reading file " + file_, Fault);
     EXPECT_FALSE(Write("12345"));

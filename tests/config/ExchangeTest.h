@@ -42,8 +42,7 @@ class WatchedFiles final : public platform::Files {
             return result;
         });
     }
-    platform::Win32Code Read(platform::FileHandle file, std::span<std::byte> buffer,
-                             uint32_t& bytesRead) override {
+    platform::Win32Code Read(platform::FileHandle file, std::span<std::byte> buffer, uint32_t& bytesRead) override {
         readSizes.push_back(buffer.size());
         return Do(FileCall::Read, "read", [&] { return real_.Read(file, buffer, bytesRead); });
     }
@@ -52,8 +51,7 @@ class WatchedFiles final : public platform::Files {
         const auto written = data.first(data.size() - unwritten);
         ++writes_;
         return Do(FileCall::Write, "write", [&] {
-            return failsFromWrite && writes_ >= *failsFromWrite ? Broken
-                                                                : real_.Write(file, written, bytesWritten);
+            return failsFromWrite && writes_ >= *failsFromWrite ? Broken : real_.Write(file, written, bytesWritten);
         });
     }
     platform::Win32Code Close(platform::FileHandle file) override {
@@ -61,9 +59,7 @@ class WatchedFiles final : public platform::Files {
         --openFiles;
         return Do(FileCall::Close, "close", [result] { return result; });
     }
-    platform::Win32Code CheckPathExists(const std::wstring& path) override {
-        return real_.CheckPathExists(path);
-    }
+    platform::Win32Code CheckPathExists(const std::wstring& path) override { return real_.CheckPathExists(path); }
 
   private:
     template <class Step>
@@ -145,8 +141,7 @@ class ExchangeTest : public WorldTest {
     WatchedFiles watched_{files_->Files(), journal_};
     RecordingScreen screen_{world_->Screen()};
     CountingMemory memory_{world_->Machine().Memory};
-    const platform::Machine machine_ =
-        MachineWith(world_->Machine(), {.Files = &watched_, .Memory = &memory_});
+    const platform::Machine machine_ = MachineWith(world_->Machine(), {.Files = &watched_, .Memory = &memory_});
     const errors::ErrorReporter watchedReporter_{machine_, screen_};
     config::RegistryStore watchedStore_{machine_, watchedReporter_};
     const config::Services exchange_{machine_, screen_, watchedReporter_, watchedStore_};

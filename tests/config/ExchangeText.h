@@ -31,9 +31,8 @@ inline constexpr size_t ExecTimeout = 24;
 // A record of so many fields, those given and otherwise the ones of a rule that holds nothing.
 inline std::string Record(const std::vector<std::pair<size_t, std::string>>& given = {},
                           size_t fields = ExchangeFields) {
-    const std::array<std::string, ExchangeFields> empty{"",  "",  "",  "",  "0", "0", "0", "", "0",
-                                                        "0", "",  "",  "",  "0", "0", "",  "", "",
-                                                        "",  "0", "0", "0", "",  "",  "0"};
+    const std::array<std::string, ExchangeFields> empty{"",  "",  "", "", "0", "0", "0", "",  "0", "0", "", "", "",
+                                                        "0", "0", "", "", "",  "",  "0", "0", "0", "",  "", "0"};
     std::vector<std::string> texts(empty.begin(), empty.end());
     texts.resize(std::max(fields, texts.size()));
     for (const auto& [place, text] : given) texts.at(place) = text;

@@ -21,8 +21,7 @@ struct Field {
     bool IsNumber() const { return isCounted || std::holds_alternative<int32_t*>(value); }
     bool IsList() const { return !IsText() && !IsNumber(); }
     bool IsEmptyOrZero() const {
-        return std::visit([](const auto* own) { return *own == std::remove_cvref_t<decltype(*own)>(); },
-                          value);
+        return std::visit([](const auto* own) { return *own == std::remove_cvref_t<decltype(*own)>(); }, value);
     }
     // other: the same field of another record.
     void TakeFrom(const Field& other) const {
@@ -43,9 +42,7 @@ class FieldCollector {
     void Masks(const wchar_t* name, const wchar_t* /*prefix*/, config::Rule& rule) {
         fields.push_back({name, &rule.Masks, true});
     }
-    void Count(const wchar_t* name, std::vector<std::wstring>& value) {
-        fields.push_back({name, &value, true});
-    }
+    void Count(const wchar_t* name, std::vector<std::wstring>& value) { fields.push_back({name, &value, true}); }
     void StoresOf(const config::Rule& /*rule*/) {}
     void Values(const wchar_t* /*prefix*/, std::vector<std::wstring>& /*counted*/) {}
 };

@@ -168,15 +168,11 @@ inline config::Unreadable Saboteur::Damage(config::Configuration& configuration)
             return {{}, {}, {}, SpoilList(configuration.Settings.ExtExt, true)};
         case 2: {
             const Reason why = SpoilName(configuration.Profiles, at);
-            const auto& named =
-                why == Reason::SharedKey ? configuration.Profiles.back() : configuration.Profiles[at];
+            const auto& named = why == Reason::SharedKey ? configuration.Profiles.back() : configuration.Profiles[at];
             return {named.Name, {}, {}, why};
         }
         case 3:
-            return {profile.Name,
-                    {},
-                    {},
-                    SpoilList(Below(2) == 0 ? profile.ServerTSP : profile.ZCSProfile, false)};
+            return {profile.Name, {}, {}, SpoilList(Below(2) == 0 ? profile.ServerTSP : profile.ZCSProfile, false)};
         default: {
             config::Rule& rule = profile.Rules.emplace_back();
             rule.Operation = L"HASH";

@@ -31,8 +31,7 @@ inline config::Configuration AfterADaysWork(config::Configuration configuration)
         std::reverse(profile.Rules.begin(), profile.Rules.end());
         if (profile.Rules.empty()) continue;
         profile.Rules.front().Descryption = L"Moved to the front";
-        profile.Rules.front().SignerLists.insert(profile.Rules.front().SignerLists.begin(),
-                                                 {L"!Added", {L"CN=Added"}});
+        profile.Rules.front().SignerLists.insert(profile.Rules.front().SignerLists.begin(), {L"!Added", {L"CN=Added"}});
     }
     added.Name = L"zz added";
     profiles.push_back(added);

@@ -41,17 +41,14 @@ TEST_F(LoadCsProfilesTest, WhereTheStoresLie) {
     };
     const Case cases[] = {
         {"both given", "store_0 = \"a\"\nstore_1 = \"b\"\nBasePath = \"C:\\keys\"\n", L"a", L"b"},
-        {"the second empty", "store_0 = \"a\"\nstore_1 = \"\"\nBasePath = \"C:\\keys\"\n", derived0,
-         derived1},
+        {"the second empty", "store_0 = \"a\"\nstore_1 = \"\"\nBasePath = \"C:\\keys\"\n", derived0, derived1},
         {"the second missing", "store_0 = \"a\"\nBasePath = \"C:\\keys\"\n", derived0, derived1},
         {"the first empty", "store_0 = \"\"\nstore_1 = \"b\"\nBasePath = \"C:\\keys\"\n", derived0, derived1},
         {"the first missing", "store_1 = \"b\"\nBasePath = \"C:\\keys\"\n", derived0, derived1},
         {"both missing", "BasePath = \"C:\\keys\"\n", derived0, derived1},
-        {"the first of a wrong type", "store_0 = 1\nstore_1 = \"b\"\nBasePath = \"C:\\keys\"\n", derived0,
-         derived1},
+        {"the first of a wrong type", "store_0 = 1\nstore_1 = \"b\"\nBasePath = \"C:\\keys\"\n", derived0, derived1},
         {"nothing at all", "", L"pse://signed/\\local.pse", L"file://\\local.gdbm"},
-        {"per cent signs", "BasePath = \"%s%d\"\n", L"pse://signed/%s%d\\local.pse",
-         L"file://%s%d\\local.gdbm"},
+        {"per cent signs", "BasePath = \"%s%d\"\n", L"pse://signed/%s%d\\local.pse", L"file://%s%d\\local.gdbm"},
         {"zero is a location", "store_0 = \"0\"\nstore_1 = \"0\"\nBasePath = \"C:\\keys\"\n", L"0", L"0"},
     };
     for (const Case& c : cases) {
@@ -62,14 +59,11 @@ TEST_F(LoadCsProfilesTest, WhereTheStoresLie) {
 
 TEST_F(LoadCsProfilesTest, TheNameIsAValueAndTheKeysGiveTheOrder) {
     const std::string stores = "store_0 = \"a\"\nstore_1 = \"b\"\n";
-    SeedTrees(Profile("c", "ProfileName = \"First\"\n" + stores) +
-              Profile("B", "ProfileName = \"Twin\"\n" + stores) +
+    SeedTrees(Profile("c", "ProfileName = \"First\"\n" + stores) + Profile("B", "ProfileName = \"Twin\"\n" + stores) +
               Profile("a", "ProfileName = \"Twin\"\n" + stores) + Profile("d", stores));
-    EXPECT_EQ(
-        LoadProfiles(),
-        (Profiles{{L"Twin", L"a", L"b"}, {L"Twin", L"a", L"b"}, {L"First", L"a", L"b"}, {L"", L"a", L"b"}}));
-    EXPECT_EQ(config::CsProfileNames(*LoadProfiles()),
-              (std::vector<std::wstring>{L"Twin", L"Twin", L"First", L""}));
+    EXPECT_EQ(LoadProfiles(),
+              (Profiles{{L"Twin", L"a", L"b"}, {L"Twin", L"a", L"b"}, {L"First", L"a", L"b"}, {L"", L"a", L"b"}}));
+    EXPECT_EQ(config::CsProfileNames(*LoadProfiles()), (std::vector<std::wstring>{L"Twin", L"Twin", L"First", L""}));
 }
 
 TEST_F(LoadCsProfilesTest, NoProfilesIsNoFailure) {
@@ -108,8 +102,7 @@ TEST_F(LoadCsProfilesTest, KeyFailuresEndLoadingAfterOneReport) {
 }
 
 TEST_F(LoadCsProfilesTest, ValuesThatCannotBeReadAreReportedAndStayEmpty) {
-    const std::string full =
-        Profile("k", "ProfileName = \"N\"\nstore_0 = \"a\"\nstore_1 = \"b\"\nBasePath = \"C:\"\n");
+    const std::string full = Profile("k", "ProfileName = \"N\"\nstore_0 = \"a\"\nstore_1 = \"b\"\nBasePath = \"C:\"\n");
     struct Case {
         const wchar_t* value;
         CsProfile profile;
@@ -122,8 +115,7 @@ TEST_F(LoadCsProfilesTest, ValuesThatCannotBeReadAreReportedAndStayEmpty) {
     for (const Case& c : cases) {
         SeedTrees(full);
         Registry().FailWhere(RegistryCall::Query, std::wstring(L"\\") + c.value, code::AccessDenied);
-        ExpectReport(std::wstring(L"Reading string value '") + c.value + L"' from register",
-                     code::AccessDenied);
+        ExpectReport(std::wstring(L"Reading string value '") + c.value + L"' from register", code::AccessDenied);
         EXPECT_EQ(LoadProfiles(), Profiles{c.profile});
     }
     SeedTrees(Profile("k", "ProfileName = \"N\"\nBasePath = \"C:\"\n"));

@@ -60,8 +60,7 @@ Expected ExpectedFor(const std::vector<RecordedCall>& calls, size_t n) {
     }
 }
 
-void LoadFaults::CheckLoadWhoseCallFails(const std::string& trees, const std::vector<RecordedCall>& calls,
-                                         size_t n) {
+void LoadFaults::CheckLoadWhoseCallFails(const std::string& trees, const std::vector<RecordedCall>& calls, size_t n) {
     SCOPED_TRACE(testing::PrintToString(n) + " " + testing::PrintToString(calls[n].target));
     SeedTrees(trees);
     Registry().FailNth(n, code::AccessDenied);
@@ -103,13 +102,11 @@ size_t Differences(const config::ServiceProfile& left, config::ServiceProfile ri
 }
 
 size_t Differences(const config::Configuration& left, const config::Configuration& right) {
-    if (left.Profiles.size() != right.Profiles.size() || left.CsProfiles.size() != right.CsProfiles.size())
-        return 2;
+    if (left.Profiles.size() != right.Profiles.size() || left.CsProfiles.size() != right.CsProfiles.size()) return 2;
     size_t differences = left.Settings == right.Settings ? 0 : 1;
     for (size_t i = 0; i < left.CsProfiles.size(); ++i)
         if (left.CsProfiles[i] != right.CsProfiles[i]) ++differences;
-    for (size_t i = 0; i < left.Profiles.size(); ++i)
-        differences += Differences(left.Profiles[i], right.Profiles[i]);
+    for (size_t i = 0; i < left.Profiles.size(); ++i) differences += Differences(left.Profiles[i], right.Profiles[i]);
     return differences;
 }
 

@@ -62,8 +62,7 @@ void AddCases(const std::string& key, FindRecord record, std::vector<FieldCase>&
 std::vector<FieldCase> AllCases() {
     std::vector<FieldCase> cases;
     AddCases(
-        tests::ServiceKey, [](config::Configuration& c) -> config::GlobalSettings& { return c.Settings; },
-        cases);
+        tests::ServiceKey, [](config::Configuration& c) -> config::GlobalSettings& { return c.Settings; }, cases);
     AddCases(
         tests::ServiceKey + "\\Exchange",
         [](config::Configuration& c) -> config::ServiceProfile& { return c.Profiles.at(0); }, cases);
@@ -97,12 +96,10 @@ TEST_F(LoadFields, MissingValues) {
 TEST_F(LoadFields, ValuesOfAWrongTypeOrShape) {
     for (const FieldCase& c : cases_) {
         if (c.field.IsText()) {
-            for (const char* value :
-                 {"7", "{ \"list\" }", "hex(1): 41 00", "hex(1): 41 00 00", "hex(3): 41 00 00 00"})
+            for (const char* value : {"7", "{ \"list\" }", "hex(1): 41 00", "hex(1): 41 00 00", "hex(3): 41 00 00 00"})
                 ExpectDefault(c, value);
         } else if (c.field.IsNumber()) {
-            for (const char* value :
-                 {"\"longer\"", "{}", "hex(4): 01 00 00 00 00 00 00 00", "hex(4): 01 00 00"})
+            for (const char* value : {"\"longer\"", "{}", "hex(4): 01 00 00 00 00 00 00 00", "hex(4): 01 00 00"})
                 ExpectDefault(c, value);
         } else {
             for (const char* value :
@@ -124,8 +121,8 @@ TEST_F(LoadFields, ValuesThatAreRefusedAreReportedOnce) {
     for (const FieldCase& c : cases_) {
         SeedTrees(GoldenTrees);
         const std::string target = c.key + "\\" + Narrow(c.field.name);
-        Registry().FailWhere(platform::memory::RegistryCall::Query,
-                             std::wstring(target.begin(), target.end()), code::AccessDenied);
+        Registry().FailWhere(platform::memory::RegistryCall::Query, std::wstring(target.begin(), target.end()),
+                             code::AccessDenied);
         ExpectReport(ReadReport(c.field), code::AccessDenied);
         EXPECT_EQ(Load(), c.expected) << Narrow(c.field.name);
     }
@@ -134,8 +131,7 @@ TEST_F(LoadFields, ValuesThatAreRefusedAreReportedOnce) {
 TEST_F(LoadFields, IntegersOfAnyTypeWithFourBytesCount) {
     config::Configuration expected = tests::GoldenModel();
     expected.Profiles.at(0).HandlerTimeout = 7;
-    SeedTrees(
-        Replace(GoldenTrees, tests::ServiceKey + "\\Exchange", "Handler timeout", "hex(3): 07 00 00 00"));
+    SeedTrees(Replace(GoldenTrees, tests::ServiceKey + "\\Exchange", "Handler timeout", "hex(3): 07 00 00 00"));
     EXPECT_EQ(Load(), expected);
 }
 
@@ -187,8 +183,7 @@ class LoadNumbered : public tests::ConfigTest {
         size_t count = 0;
         for (const auto& call : Registry().Calls()) {
             const std::wstring name = call.target.substr(call.target.rfind(L'\\') + 1);
-            const bool numbered =
-                name.starts_with(prefix) && name.size() > 1 && name[1] >= L'0' && name[1] <= L'9';
+            const bool numbered = name.starts_with(prefix) && name.size() > 1 && name[1] >= L'0' && name[1] <= L'9';
             if (call.call == RegistryCall::Query && numbered) ++count;
         }
         return count;
@@ -197,8 +192,7 @@ class LoadNumbered : public tests::ConfigTest {
 
 TEST_F(LoadNumbered, AsManyAsTheNumberSays) {
     for (const Kind& kind : kinds) {
-        const std::string values =
-            Value(kind, 0, "\"a\"") + Value(kind, 1, "\"b\"") + Value(kind, 2, "\"c\"");
+        const std::string values = Value(kind, 0, "\"a\"") + Value(kind, 1, "\"b\"") + Value(kind, 2, "\"c\"");
         SeedValues(kind, "2", values);
         EXPECT_EQ(LoadedEntries(kind), (Texts{L"a", L"b"})) << kind.count;
         EXPECT_EQ(Queries(kind), 2U);
@@ -209,12 +203,10 @@ TEST_F(LoadNumbered, AsManyAsTheNumberSays) {
 
 TEST_F(LoadNumbered, NoneWhenTheNumberIsMissingOrNotPositive) {
     for (const Kind& kind : kinds) {
-        for (const char* count :
-             {"", "0", "-1", "-2147483648", "\"many\"", "hex(11): 02 00 00 00 00 00 00 00"}) {
+        for (const char* count : {"", "0", "-1", "-2147483648", "\"many\"", "hex(11): 02 00 00 00 00 00 00 00"}) {
             SeedValues(kind, count, Value(kind, 0, "\"a\""));
             const bool isOlderMask = kind.prefix == "M" && count[0] != '-';
-            EXPECT_EQ(LoadedEntries(kind), isOlderMask ? Texts{L""} : Texts{})
-                << kind.count << " = " << count;
+            EXPECT_EQ(LoadedEntries(kind), isOlderMask ? Texts{L""} : Texts{}) << kind.count << " = " << count;
             EXPECT_EQ(Queries(kind), 0U);
         }
     }
@@ -235,9 +227,9 @@ TEST_F(LoadNumbered, RefusedOrTooLongOnesAreReportedAndEmpty) {
         ExpectReport(L"Reading string value '" + name + L"' from register", code::AccessDenied);
         EXPECT_EQ(LoadedEntries(kind), (Texts{L"a", L"", L"c"})) << kind.count;
         Registry().NoFaults();
-        SeedValues(kind, "3",
-                   Value(kind, 0, "\"a\"") + Value(kind, 1, "\"" + std::string(600, 'x') + "\"") +
-                       Value(kind, 2, "\"c\""));
+        SeedValues(
+            kind, "3",
+            Value(kind, 0, "\"a\"") + Value(kind, 1, "\"" + std::string(600, 'x') + "\"") + Value(kind, 2, "\"c\""));
         ExpectReport(L"Reading string value '" + name + L"' from register", code::MoreData);
         EXPECT_EQ(LoadedEntries(kind), (Texts{L"a", L"", L"c"})) << kind.count;
     }
@@ -245,8 +237,7 @@ TEST_F(LoadNumbered, RefusedOrTooLongOnesAreReportedAndEmpty) {
 
 TEST_F(LoadNumbered, AnEnormousNumberKeepsWhatIsThereAndEndsSoon) {
     for (const Kind& kind : kinds) {
-        SeedValues(kind, largest,
-                   Value(kind, 0, "\"a\"") + Value(kind, 1, "\"b\"") + Value(kind, 5, "\"f\""));
+        SeedValues(kind, largest, Value(kind, 0, "\"a\"") + Value(kind, 1, "\"b\"") + Value(kind, 5, "\"f\""));
         EXPECT_EQ(LoadedEntries(kind), (Texts{L"a", L"b", L"", L"", L"", L"f"})) << kind.count;
         EXPECT_LE(Queries(kind), 6U + longestGap + 1);
     }

@@ -31,8 +31,7 @@ const std::string defaultBeforeItsStoreProfile =
 
 std::string FirstService(const std::string& otherSettings = "") {
     return Key(ServiceKey) + serviceBefore + otherSettings + tests::BelowService("default") +
-           defaultBeforeItsStoreProfile + "ZCSProfile = { \"Bank keys\" }\n" +
-           tests::BelowService("default\\rules");
+           defaultBeforeItsStoreProfile + "ZCSProfile = { \"Bank keys\" }\n" + tests::BelowService("default\\rules");
 }
 
 config::ServiceProfile FirstProfile() {
@@ -119,8 +118,7 @@ TEST_F(FirstRun, NothingIsMadeBeforeTheLibrarysKeyHasOpened) {
         Registry().ForgetCalls();
         ExpectReport(L"Create (open) register key " + library, failure);
         EXPECT_EQ(Load(), std::nullopt);
-        EXPECT_EQ(Registry().Calls(),
-                  (std::vector<platform::memory::RecordedCall>{{RegistryCall::Open, library}}));
+        EXPECT_EQ(Registry().Calls(), (std::vector<platform::memory::RecordedCall>{{RegistryCall::Open, library}}));
         EXPECT_EQ(DumpTrees(), before);
     }
 }
@@ -189,8 +187,7 @@ TEST_F(FirstRun, AHalfThatCannotBeTakenBackIsReported) {
     Registry().NoFaults();
     // The record still knows what is to be done.
     EXPECT_TRUE(CompleteRecord());
-    EXPECT_EQ(DumpTrees(),
-              tests::Canonical(Key(LibraryKey + "\\Profiles") + Key(ServiceKey) + serviceBefore));
+    EXPECT_EQ(DumpTrees(), tests::Canonical(Key(LibraryKey + "\\Profiles") + Key(ServiceKey) + serviceBefore));
 }
 
 // With a CS profile and without: what a start leaves that is ended before any of its writes, the record makes
@@ -250,9 +247,8 @@ TEST_F(FirstRun, ASaveThatWasPutOffIsNotForgotten) {
     EXPECT_TRUE(Save(configuration));
 
     Registry().FailWhere(RegistryCall::Create, L"default\\rules", code::AccessDenied);
-    ExpectReport(
-        L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\default\\rules",
-        code::AccessDenied);
+    ExpectReport(L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\default\\rules",
+                 code::AccessDenied);
     EXPECT_EQ(Load(), std::nullopt);
     Registry().NoFaults();
     EXPECT_TRUE(CompleteRecord());
@@ -272,16 +268,12 @@ TEST_F(FirstRun, KeysThatCannotBeMadeEndIt) {
         RegistryCall call;
         const wchar_t* path;  // below the service's key
     };
-    const Case cases[] = {{RegistryCall::Create, L""},
-                          {RegistryCall::Create, L"\\default"},
-                          {RegistryCall::Create, L"\\default\\rules"},
-                          {RegistryCall::Open, L""},
-                          {RegistryCall::Open, L"\\default"},
-                          {RegistryCall::Open, L"\\default\\rules"}};
+    const Case cases[] = {
+        {RegistryCall::Create, L""}, {RegistryCall::Create, L"\\default"}, {RegistryCall::Create, L"\\default\\rules"},
+        {RegistryCall::Open, L""},   {RegistryCall::Open, L"\\default"},   {RegistryCall::Open, L"\\default\\rules"}};
     for (const Case& c : cases) {
         SeedTrees(GoldenLibrary);
-        const std::wstring path =
-            std::wstring(L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice") + c.path;
+        const std::wstring path = std::wstring(L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice") + c.path;
         Registry().FailWhere(c.call, path, code::AccessDenied);
         ExpectReport(L"Create (open) register key " + path, code::AccessDenied);
         EXPECT_EQ(Load(), std::nullopt);

@@ -68,8 +68,7 @@ TEST_F(LoadTest, WithoutTheLibrarysKeyTheProgramCannotStart) {
     SeedTrees(Key(LibraryKey) + tests::GoldenService);
     ExpectReport(L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\Profiles", 2);
     EXPECT_EQ(Load(), std::nullopt);
-    EXPECT_EQ(DumpTrees(), tests::Canonical(Key(LibraryKey) + tests::GoldenService))
-        << "it must not be created";
+    EXPECT_EQ(DumpTrees(), tests::Canonical(Key(LibraryKey) + tests::GoldenService)) << "it must not be created";
 }
 
 TEST_F(LoadTest, WithoutStoreProfilesAnExistingConfigurationLoads) {
@@ -89,8 +88,7 @@ TEST_F(LoadTest, ProfilesComeInAlphabeticalOrder) {
 
 TEST_F(LoadTest, AProfileWithoutRulesKeyEndsTheProgram) {
     SeedTrees(Key(LibraryKey + "\\Profiles") + BelowService("A\\rules") + BelowService("B"));
-    ExpectReport(
-        L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\B\\rules", 2);
+    ExpectReport(L"Create (open) register key HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\B\\rules", 2);
     EXPECT_EQ(Load(), std::nullopt);
 }
 
@@ -99,8 +97,7 @@ TEST_F(LoadTest, ALogFileIsNeverSmallerThan400) {
         {"100", 400}, {"399", 400}, {"400", 400}, {"401", 401},
         {"0", 400},   {"-5", 400},  {"", 4000},   {"2147483647", 2147483647}};
     for (const auto& [stored, expected] : cases)
-        EXPECT_EQ(Loaded(Replace(GoldenTrees, ServiceKey, "Log filesize", stored)).Settings.LogFilesize,
-                  expected);
+        EXPECT_EQ(Loaded(Replace(GoldenTrees, ServiceKey, "Log filesize", stored)).Settings.LogFilesize, expected);
 }
 
 TEST_F(LoadTest, PeriodsAreFilledUpToTheLengthOfTheirList) {
@@ -138,11 +135,9 @@ TEST_F(LoadTest, TheOtherListsAreTakenAsStored) {
 
 TEST_F(LoadTest, RulesComeInTheOrderOfTheirNumbers) {
     EXPECT_EQ(LoadedOrder({"Rule 1", "Rule 10", "Rule 2"}), (Texts{L"Rule 1", L"Rule 2", L"Rule 10"}));
-    EXPECT_EQ(LoadedOrder({"Rule 10", "Rule 2"}), (Texts{L"Rule 10", L"Rule 2"}))
-        << "two are never exchanged";
+    EXPECT_EQ(LoadedOrder({"Rule 10", "Rule 2"}), (Texts{L"Rule 10", L"Rule 2"})) << "two are never exchanged";
     EXPECT_EQ(LoadedOrder({"Rule 5"}), (Texts{L"Rule 5"}));
-    EXPECT_EQ(LoadedOrder({"A 3", "B 2", "C 1"}), (Texts{L"B 2", L"C 1", L"A 3"}))
-        << "one pass is one too few";
+    EXPECT_EQ(LoadedOrder({"A 3", "B 2", "C 1"}), (Texts{L"B 2", L"C 1", L"A 3"})) << "one pass is one too few";
     EXPECT_EQ(LoadedOrder({"Extra", "Rule 0", "Rule 7", "Rule 20"}),
               (Texts{L"Extra", L"Rule 0", L"Rule 7", L"Rule 20"}));
 }
@@ -187,8 +182,7 @@ TEST_F(LoadTest, TheFirstCertificateMayBeAnOlderFolderOrProfile) {
         EXPECT_EQ(rule.ResignProfile, c.resignProfile) << c.values;
         EXPECT_EQ(rule.Certificates, (Texts{L"first", L"second"})) << "the certificate stays: " << c.values;
     }
-    EXPECT_EQ(LoadedRule("Operation = \"MOVE\"\nC0 = \"first\"\n").PathOut2, L"")
-        << "there is no certificate";
+    EXPECT_EQ(LoadedRule("Operation = \"MOVE\"\nC0 = \"first\"\n").PathOut2, L"") << "there is no certificate";
     EXPECT_EQ(LoadedRule("Operation = \"RESG\"\nC0 = \"first\"\n").ResignProfile, L"");
 }
 
@@ -212,10 +206,10 @@ TEST_F(LoadTest, ArchivesHaveAKind) {
 }
 
 TEST_F(LoadTest, SignerListsComeInAlphabeticalOrderWhateverTheirNumbers) {
-    const auto rules = LoadedRules(
-        BelowService("P\\rules\\Rule 0\\List 10") + "Signer Num = 1\nS0 = \"ten\"\n" +
-        BelowService("P\\rules\\Rule 0\\List 2") + "Signer Num = 2\nS0 = \"two\"\nS1 = \"too\"\n" +
-        BelowService("P\\rules\\Rule 0\\List 1"));
+    const auto rules =
+        LoadedRules(BelowService("P\\rules\\Rule 0\\List 10") + "Signer Num = 1\nS0 = \"ten\"\n" +
+                    BelowService("P\\rules\\Rule 0\\List 2") + "Signer Num = 2\nS0 = \"two\"\nS1 = \"too\"\n" +
+                    BelowService("P\\rules\\Rule 0\\List 1"));
     ASSERT_EQ(rules.size(), 1U);
     const std::vector<config::SignerListEntry> expected{
         {L"List 1", {}}, {L"List 10", {L"ten"}}, {L"List 2", {L"two", L"too"}}};

@@ -22,13 +22,11 @@ TEST(Operations, StandInTheOrderInWhichTheyAreOffered) {
 }
 
 TEST(Operations, EveryCodeHasItsIndex) {
-    for (size_t i = 0; i < std::size(OperationNames); ++i)
-        EXPECT_EQ(OperationIndex(OperationNames[i].code), i);
+    for (size_t i = 0; i < std::size(OperationNames); ++i) EXPECT_EQ(OperationIndex(OperationNames[i].code), i);
 }
 
 TEST(Operations, UnknownCodesHaveNone) {
-    for (const std::wstring_view code :
-         {L"", L"encr", L"Encr", L"ENC", L"ENCR ", L" ENCR", L"ENCRX", L"Encrypt"})
+    for (const std::wstring_view code : {L"", L"encr", L"Encr", L"ENC", L"ENCR ", L" ENCR", L"ENCRX", L"Encrypt"})
         EXPECT_EQ(OperationIndex(code), std::nullopt) << testing::PrintToString(code);
 }
 

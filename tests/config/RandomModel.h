@@ -31,14 +31,11 @@ class RandomModel {
 
     size_t Below(size_t limit) { return random_() % limit; }
     // Small, or anything that 32 bits hold.
-    int32_t Number() {
-        return static_cast<int32_t>(Below(2) == 0 ? Below(3) : static_cast<uint32_t>(random_()));
-    }
+    int32_t Number() { return static_cast<int32_t>(Below(2) == 0 ? Below(3) : static_cast<uint32_t>(random_())); }
     // Any code units but zero.
     std::wstring Text(size_t shortest, size_t longest) {
         std::wstring text(shortest + Below(longest - shortest + 1), L' ');
-        for (wchar_t& unit : text)
-            unit = static_cast<wchar_t>(Below(3) == 0 ? 1 + Below(0xFFFF) : 32 + Below(95));
+        for (wchar_t& unit : text) unit = static_cast<wchar_t>(Below(3) == 0 ? 1 + Below(0xFFFF) : 32 + Below(95));
         return text;
     }
     std::wstring Text() {
@@ -82,8 +79,7 @@ class RandomModel {
 
 inline config::GlobalSettings RandomModel::Settings() {
     config::GlobalSettings settings;
-    for (int32_t* number :
-         {&settings.WindowTop, &settings.WindowBottom, &settings.WindowLeft, &settings.WindowRight})
+    for (int32_t* number : {&settings.WindowTop, &settings.WindowBottom, &settings.WindowLeft, &settings.WindowRight})
         *number = Number();
     for (std::wstring* text :
          {&settings.SigExt, &settings.DsigExt, &settings.EncExt, &settings.B64Ext, &settings.HashExt,
@@ -99,9 +95,8 @@ inline config::ServiceProfile RandomModel::Profile(const std::wstring& name) {
     profile.Name = name;
     profile.ServerTSP = List(0, 4, 1);
     profile.ZCSProfile = List(0, 4, 1);
-    for (auto* list :
-         {&profile.NotUseLDAP, &profile.NotCopyToLocal, &profile.AutoUseTSP, &profile.AutoVerifyTSP,
-          &profile.NoTSPisError, &profile.UseAIA, &profile.NotAddCert, &profile.NotLoadCrl})
+    for (auto* list : {&profile.NotUseLDAP, &profile.NotCopyToLocal, &profile.AutoUseTSP, &profile.AutoVerifyTSP,
+                       &profile.NoTSPisError, &profile.UseAIA, &profile.NotAddCert, &profile.NotLoadCrl})
         *list = Numbers(0);
     profile.CrlUpdatePeriod = Numbers(profile.NotLoadCrl.size());  // loading fills it up to that length
     for (int32_t* number : {&profile.VerifyFile, &profile.VerifyXFile, &profile.VerifyDetFile,
@@ -115,9 +110,8 @@ inline config::ServiceProfile RandomModel::Profile(const std::wstring& name) {
 inline config::Rule RandomModel::Rule() {
     config::Rule rule;
     rule.Operation = config::Operations()[Below(config::Operations().size())].code;
-    for (std::wstring* text :
-         {&rule.PathIn, &rule.PathOut, &rule.PathError, &rule.Descryption, &rule.DelExt, &rule.AddExt,
-          &rule.Folders, &rule.Copyfolders, &rule.ArchName, &rule.ExecName})
+    for (std::wstring* text : {&rule.PathIn, &rule.PathOut, &rule.PathError, &rule.Descryption, &rule.DelExt,
+                               &rule.AddExt, &rule.Folders, &rule.Copyfolders, &rule.ArchName, &rule.ExecName})
         *text = Text();
     // Not empty: what is empty may be taken from the first certificate.
     rule.ResignProfile = Below(2) == 0 ? L"Archive keys" : Text(1, 20);
@@ -125,8 +119,8 @@ inline config::Rule RandomModel::Rule() {
     rule.ZCSProfile = Below(2) == 0 ? L"Bank keys" : Text();
     rule.Certificates = List(0, 4, 0);
     rule.Masks = List(1, 4, 0);
-    for (int32_t* number : {&rule.IsOn, &rule.InFormatDet, &rule.OutFormatDet, &rule.ArchCount,
-                            &rule.ArchSize, &rule.ArchTimeout, &rule.ExecTimeout})
+    for (int32_t* number : {&rule.IsOn, &rule.InFormatDet, &rule.OutFormatDet, &rule.ArchCount, &rule.ArchSize,
+                            &rule.ArchTimeout, &rule.ExecTimeout})
         *number = Number();
     rule.ZipFile = 1 + static_cast<int32_t>(Below(2));
     for (const std::wstring& name : Names(0, 3)) rule.SignerLists.push_back({name, List(0, 4, 0)});

@@ -28,8 +28,7 @@ TEST(Records, ANewProfileHasATimeoutAndNothingElse) {
     EXPECT_EQ(profile.Name, L"");
     EXPECT_TRUE(profile.Rules.empty());
     for (const tests::Field& field : FieldsOf(profile)) {
-        EXPECT_EQ(field.IsEmptyOrZero(), field.name != L"Handler timeout")
-            << testing::PrintToString(field.name);
+        EXPECT_EQ(field.IsEmptyOrZero(), field.name != L"Handler timeout") << testing::PrintToString(field.name);
     }
 }
 
@@ -63,20 +62,20 @@ TEST(Records, NewSettingsHaveTheServicesExtensions) {
 
 TEST(Records, FieldsHaveTheRegistrysNames) {
     EXPECT_EQ(NamesOf(config::GlobalSettings()),
-              (Texts{L"Window_top", L"Window_bottom", L"Window_left", L"Window_right", L"SigExt", L"DsigExt",
-                     L"EncExt", L"B64Ext", L"HashExt", L"VerifyFileExt", L"ZIPArchiveExt", L"GZIPArchiveExt",
-                     L"ExtExt", L"LogPath", L"Log filesize"}));
-    EXPECT_EQ(NamesOf(config::ServiceProfile()),
-              (Texts{L"ServerTSP", L"ZCSProfile", L"NotUseLDAP", L"NotCopyToLocal", L"AutoUseTSP",
-                     L"AutoVerifyTSP", L"NoTSPisError", L"UseAIA", L"NotAddCert", L"NotLoadCrl",
-                     L"CrlUpdatePeriod", L"Verify File", L"Verify x file", L"Verify det file",
-                     L"Verify resign file", L"Handler timeout", L"Rename conf files"}));
-    EXPECT_EQ(NamesOf(config::Rule()),
-              (Texts{L"Operation",     L"Path In",        L"Path Out",    L"Path Out 2",  L"Path Error",
-                     L"DelExt",        L"AddExt",         L"Folders",     L"Copyfolders", L"ArchCount",
-                     L"ArchSize",      L"ArchTimeout",    L"ArchName",    L"ExecName",    L"ExecTimeout",
-                     L"Mask num",      L"Ext num",        L"Is on",       L"ZCSProfile",  L"ResignProfile",
-                     L"In format det", L"Out format det", L"Descryption", L"ZipFile"}));
+              (Texts{L"Window_top", L"Window_bottom", L"Window_left", L"Window_right", L"SigExt", L"DsigExt", L"EncExt",
+                     L"B64Ext", L"HashExt", L"VerifyFileExt", L"ZIPArchiveExt", L"GZIPArchiveExt", L"ExtExt",
+                     L"LogPath", L"Log filesize"}));
+    EXPECT_EQ(
+        NamesOf(config::ServiceProfile()),
+        (Texts{L"ServerTSP", L"ZCSProfile", L"NotUseLDAP", L"NotCopyToLocal", L"AutoUseTSP", L"AutoVerifyTSP",
+               L"NoTSPisError", L"UseAIA", L"NotAddCert", L"NotLoadCrl", L"CrlUpdatePeriod", L"Verify File",
+               L"Verify x file", L"Verify det file", L"Verify resign file", L"Handler timeout", L"Rename conf files"}));
+    EXPECT_EQ(
+        NamesOf(config::Rule()),
+        (Texts{L"Operation",  L"Path In",       L"Path Out",      L"Path Out 2",     L"Path Error",  L"DelExt",
+               L"AddExt",     L"Folders",       L"Copyfolders",   L"ArchCount",      L"ArchSize",    L"ArchTimeout",
+               L"ArchName",   L"ExecName",      L"ExecTimeout",   L"Mask num",       L"Ext num",     L"Is on",
+               L"ZCSProfile", L"ResignProfile", L"In format det", L"Out format det", L"Descryption", L"ZipFile"}));
 }
 
 TEST(Records, EditingACopyLeavesTheSourceUnchanged) {

@@ -94,8 +94,7 @@ TEST_F(Record, IsWrittenAndFlushedAtOnce) {
     ASSERT_TRUE(Keep(LogPath(L"C:\\After")));
     std::vector<RegistryCall> calls;
     for (const auto& call : Registry().Calls()) calls.push_back(call.call);
-    EXPECT_EQ(calls, (std::vector{RegistryCall::Create, RegistryCall::Set, RegistryCall::Flush,
-                                  RegistryCall::Close}));
+    EXPECT_EQ(calls, (std::vector{RegistryCall::Create, RegistryCall::Set, RegistryCall::Flush, RegistryCall::Close}));
 }
 
 // Any bit that differs, any byte that is missing or too many.
@@ -151,9 +150,9 @@ TEST_F(Record, ChangesThatMakeNoSenseAreUnreadable) {
 }
 
 TEST_F(Record, EveryKindOfChangeIsMadeAgain) {
-    SeedTrees(tests::Key(tests::ServiceKey) + "kept = 1\n" + tests::BelowService("Old\\rules\\Rule 0") +
-              "x = 1\n" + tests::BelowService("Stays\\rules\\Rule 7\\List") + "x = 1\n" +
-              tests::BelowService("Stays") + "kept = 1\n");
+    SeedTrees(tests::Key(tests::ServiceKey) + "kept = 1\n" + tests::BelowService("Old\\rules\\Rule 0") + "x = 1\n" +
+              tests::BelowService("Stays\\rules\\Rule 7\\List") + "x = 1\n" + tests::BelowService("Stays") +
+              "kept = 1\n");
     ASSERT_TRUE(Keep(Planned([](config::RegistryStore& store) {
         EXPECT_TRUE(store.Open(config::ServiceHive, config::ServiceRoot, {}));
         EXPECT_TRUE(store.DeleteKeyTreeIfThere(L"Old", {}));
@@ -163,13 +162,11 @@ TEST_F(Record, EveryKindOfChangeIsMadeAgain) {
         EXPECT_TRUE(store.Open(config::ServiceHive, std::wstring(config::ServiceRoot) + L"\\Stays", {}));
         EXPECT_TRUE(store.DeleteKeyTreeIfThere(L"rules", {}));
         store.WriteInteger(L"Verify File", -1, {});
-        EXPECT_TRUE(
-            store.CreateMachineKey(std::wstring(config::ServiceRoot) + L"\\Stays\\rules\\Rule 0", {}));
+        EXPECT_TRUE(store.CreateMachineKey(std::wstring(config::ServiceRoot) + L"\\Stays\\rules\\Rule 0", {}));
     })));
-    const std::string after = tests::Key(tests::ServiceKey) +
-                              "ExtExt = { \"xml\", \"0\" }\nkept = 1\nLog filesize = 4000\n" +
-                              tests::BelowService("Stays") + "kept = 1\nVerify File = -1\n" +
-                              tests::BelowService("Stays\\rules\\Rule 0");
+    const std::string after =
+        tests::Key(tests::ServiceKey) + "ExtExt = { \"xml\", \"0\" }\nkept = 1\nLog filesize = 4000\n" +
+        tests::BelowService("Stays") + "kept = 1\nVerify File = -1\n" + tests::BelowService("Stays\\rules\\Rule 0");
     EXPECT_TRUE(Complete());
     EXPECT_EQ(Service(), tests::Canonical(after));
 }
@@ -180,8 +177,8 @@ TEST_F(Record, ALargeOneLiesInPartsOfAMegabyte) {
     const demo::RegistryKey key = tests::RecordKey(Registry());
     std::vector<std::wstring> names = key.ValueNames();
     std::ranges::sort(names);
-    EXPECT_EQ(names, (std::vector<std::wstring>{L"Unfinished save", L"Unfinished save 1-1",
-                                                L"Unfinished save 1-2", L"Unfinished save 1-3"}));
+    EXPECT_EQ(names, (std::vector<std::wstring>{L"Unfinished save", L"Unfinished save 1-1", L"Unfinished save 1-2",
+                                                L"Unfinished save 1-3"}));
     EXPECT_EQ(StoredRecord().size(), 20U);
     EXPECT_EQ(key.Query(L"Unfinished save 1-1").Data.size(), size_t{1} << 20);
     EXPECT_EQ(key.Query(L"Unfinished save 1-2").Data.size(), size_t{1} << 20);
@@ -231,8 +228,7 @@ TEST_F(Record, OneThatReplacesAnotherLeavesItWholeUntilItIsWholeItself) {
 size_t BytesBelow(const demo::RegistryKey& key) {
     size_t bytes = 0;
     for (const std::wstring& name : key.ValueNames()) bytes += 2 * name.size() + key.Query(name).Data.size();
-    for (const std::wstring& name : key.SubkeyNames())
-        bytes += 2 * name.size() + BytesBelow(key.OpenSubkey(name));
+    for (const std::wstring& name : key.SubkeyNames()) bytes += 2 * name.size() + BytesBelow(key.OpenSubkey(name));
     return bytes;
 }
 
@@ -246,8 +242,8 @@ TEST_F(Record, IsAtMostHalfAsLargeAgainAsWhatIsSaved) {
                      code::AccessDenied);
         EXPECT_TRUE(Save(configuration));
         Registry().NoFaults();
-        const size_t saved = BytesBelow(
-            demo::RegistryKey::Open(Registry(), platform::RootKey::LocalMachine, config::ServiceRoot));
+        const size_t saved =
+            BytesBelow(demo::RegistryKey::Open(Registry(), platform::RootKey::LocalMachine, config::ServiceRoot));
         EXPECT_LE(BytesBelow(tests::RecordKey(Registry())) * 2, saved * 3) << "round " << round;
     }
 }
@@ -315,8 +311,8 @@ TEST_F(Record, AChangeThatFailsIsReportedOnceAndTheRecordStays) {
         EXPECT_FALSE(Complete());
         Registry().NoFaults();
         EXPECT_TRUE(Complete());
-        EXPECT_EQ(Service(), tests::Canonical(tests::Key(tests::ServiceKey) + tests::BelowService("New") +
-                                              "Verify File = 1\n"));
+        EXPECT_EQ(Service(),
+                  tests::Canonical(tests::Key(tests::ServiceKey) + tests::BelowService("New") + "Verify File = 1\n"));
     }
 }
 

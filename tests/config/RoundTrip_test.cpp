@@ -91,8 +91,7 @@ TEST_F(RoundTrip, WhatCannotBeReadBackIsNamed) {
         EXPECT_NE(found[0].Field, L"");
         found[0].Field.clear();
         ASSERT_EQ(found[0], damage);
-        ASSERT_FALSE(SavedAndLoaded(configuration) == tests::AsLoaded(configuration))
-            << static_cast<int>(damage.Why);
+        ASSERT_FALSE(SavedAndLoaded(configuration) == tests::AsLoaded(configuration)) << static_cast<int>(damage.Why);
     }
 }
 

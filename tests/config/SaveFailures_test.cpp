@@ -50,8 +50,8 @@ Configuration ConfigurationOf(const std::wstring& age) {
 class SaveFailures : public tests::ConfigTest {
   protected:
     void SetUp() override {
-        SeedTrees(tests::Key(tests::LibraryKey + "\\Profiles") +
-                  tests::Key(tests::LibraryKey + "\\store\\2") + tests::Key(tests::ServiceKey));
+        SeedTrees(tests::Key(tests::LibraryKey + "\\Profiles") + tests::Key(tests::LibraryKey + "\\store\\2") +
+                  tests::Key(tests::ServiceKey));
         ASSERT_TRUE(Save(ConfigurationOf(L"old")));
         before_ = Dump();
         Registry().ForgetCalls();
@@ -110,8 +110,7 @@ TEST_F(SaveFailures, TheServicesKey) {
 }
 
 TEST_F(SaveFailures, LookingForTheProfiles) {
-    SaveInVain(RegistryCall::EnumerateSubkey, L"\\morcelservice",
-               L"Search register key " + service + L" subkeys");
+    SaveInVain(RegistryCall::EnumerateSubkey, L"\\morcelservice", L"Search register key " + service + L" subkeys");
 }
 
 TEST_F(SaveFailures, DeletingAProfile) {
@@ -234,8 +233,7 @@ TEST_F(SaveFailures, CreatingARuleSkipsTheOtherRulesOfItsProfile) {
 }
 
 TEST_F(SaveFailures, AValueOfARule) {
-    SaveAround(RegistryCall::Set, L"\\B\\rules\\Rule 0\\Path In",
-               L"Writing string value 'Path In' into register");
+    SaveAround(RegistryCall::Set, L"\\B\\rules\\Rule 0\\Path In", L"Writing string value 'Path In' into register");
     Configuration expected = new_;
     expected.Profiles[1].Rules[0].PathIn.clear();
     EXPECT_EQ(Reloaded(), expected);

@@ -63,9 +63,8 @@ size_t FirstWrite(const Calls& calls) {
 }
 
 size_t CountOfWrites(const Calls& calls) {
-    return static_cast<size_t>(std::ranges::count_if(calls, [](const RecordedCall& call) {
-        return call.call == RegistryCall::Set && !tests::IsOfRecord(call);
-    }));
+    return static_cast<size_t>(std::ranges::count_if(
+        calls, [](const RecordedCall& call) { return call.call == RegistryCall::Set && !tests::IsOfRecord(call); }));
 }
 
 // The last close of the service's own key ends the save.
@@ -90,9 +89,7 @@ std::wstring DeletionReport(const RecordedCall& call) {
 
 Reports ExpectedReports(const Calls& calls, size_t n) {
     const RecordedCall& call = calls[n];
-    const auto one = [](const std::wstring& operation) {
-        return Reports{Report(operation, code::AccessDenied)};
-    };
+    const auto one = [](const std::wstring& operation) { return Reports{Report(operation, code::AccessDenied)}; };
     if (tests::IsOfRecord(call)) {
         const std::wstring report = tests::RecordReport(call);
         return report.empty() ? Reports{} : one(report);
@@ -149,9 +146,8 @@ TEST_F(SaveFaults, EveryCall) {
 // What has failed once the save had begun, the record makes again.
 TEST_F(SaveFaults, EveryCallIsMadeUpForByTheRecord) {
     const Calls calls = CallsOfACleanSave();
-    const auto written = std::ranges::find_if(calls, [](const RecordedCall& call) {
-        return call.call == RegistryCall::Flush && tests::IsOfRecord(call);
-    });
+    const auto written = std::ranges::find_if(
+        calls, [](const RecordedCall& call) { return call.call == RegistryCall::Flush && tests::IsOfRecord(call); });
     size_t completed = 0;
     for (auto n = static_cast<size_t>(written - calls.begin()); n < calls.size(); ++n) {
         SCOPED_TRACE(testing::PrintToString(n) + " " + testing::PrintToString(calls[n].target));

@@ -28,9 +28,9 @@ namespace code = platform::code;
 
 // Each profile's key holds a value that no save writes, which tells a kept key from a new one.
 std::string Existing(const std::string& name) {
-    return BelowService(name) + "kept = 1\n" + BelowService(name + "\\rules\\Rule 0") +
-           "Operation = \"ENCR\"\n" + BelowService(name + "\\rules\\Rule 0\\List") + "Signer Num = 0\n" +
-           BelowService(name + "\\other\\deep") + "x = 1\n";
+    return BelowService(name) + "kept = 1\n" + BelowService(name + "\\rules\\Rule 0") + "Operation = \"ENCR\"\n" +
+           BelowService(name + "\\rules\\Rule 0\\List") + "Signer Num = 0\n" + BelowService(name + "\\other\\deep") +
+           "x = 1\n";
 }
 
 class SaveProfiles : public tests::ConfigTest {
@@ -138,8 +138,7 @@ class SaveStores : public tests::ConfigTest {
         const size_t value = at + name.size() + 4;
         return tree.substr(value, tree.find('\n', value) - value);
     }
-    std::string SavedRule(const std::wstring& operation, const std::wstring& profile,
-                          const std::wstring& resign) {
+    std::string SavedRule(const std::wstring& operation, const std::wstring& profile, const std::wstring& resign) {
         SeedTrees(Key(LibraryKey) + Key(ServiceKey));
         config::Configuration configuration;
         configuration.CsProfiles = csProfiles;
@@ -191,8 +190,8 @@ TEST_F(SaveStores, EachMatchIsWritten) {
     SavedRule(L"RESG", L"Twin", L"Twin");
     size_t writes = 0;
     for (const auto& call : Registry().Calls())
-        if (call.call == RegistryCall::Set && (call.target.find(L"\\PSE") != std::wstring::npos ||
-                                               call.target.find(L"\\LOCAL") != std::wstring::npos))
+        if (call.call == RegistryCall::Set &&
+            (call.target.find(L"\\PSE") != std::wstring::npos || call.target.find(L"\\LOCAL") != std::wstring::npos))
             ++writes;
     EXPECT_EQ(writes, 8U);
 }
@@ -221,8 +220,8 @@ TEST_F(SaveStores, LdapIsTheNameOfTheLibrarysStore) {
     for (const auto& [stored, written] : cases) {
         SeedTrees(Replace(GoldenTrees, store, "name", stored));
         EXPECT_TRUE(Save(GoldenModel()));
-        EXPECT_EQ(DumpTrees(), Canonical(Replace(Replace(GoldenTrees, store, "name", stored), ServiceKey,
-                                                 "LDAP", written)));
+        EXPECT_EQ(DumpTrees(),
+                  Canonical(Replace(Replace(GoldenTrees, store, "name", stored), ServiceKey, "LDAP", written)));
     }
 }
 
@@ -231,8 +230,7 @@ TEST_F(SaveStores, LdapIsEmptyWithoutTheLibrarysStore) {
     for (const std::string& without : {library, library + Key(LibraryKey + "\\store")}) {
         SeedTrees(without + tests::GoldenService);
         EXPECT_TRUE(Save(GoldenModel()));
-        EXPECT_EQ(DumpTrees(),
-                  Canonical(without + Replace(tests::GoldenService, ServiceKey, "LDAP", "\"\"")));
+        EXPECT_EQ(DumpTrees(), Canonical(without + Replace(tests::GoldenService, ServiceKey, "LDAP", "\"\"")));
     }
 }
 
@@ -249,8 +247,7 @@ TEST_F(SaveStores, AStoreThatCannotBeOpenedEndsTheSave) {
     for (const platform::Win32Code failure : {code::AccessDenied, code::PathNotFound, code::KeyDeleted}) {
         SeedTrees(GoldenTrees);
         Registry().FailWhere(RegistryCall::Open, L"\\store\\2", failure);
-        ExpectReport(L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\store\\2",
-                     failure);
+        ExpectReport(L"Create (open) register key HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel\\store\\2", failure);
         EXPECT_FALSE(Save(config::Configuration()));
         EXPECT_EQ(DumpTrees(), Canonical(GoldenTrees));
     }

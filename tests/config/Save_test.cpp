@@ -51,8 +51,7 @@ class SaveTest : public tests::ConfigTest {
     // The names of the values written below the path, in their order.
     Texts WrittenBelow(const std::wstring& path) {
         Texts names;
-        const std::wstring beginning =
-            L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\" + path + L"\\";
+        const std::wstring beginning = L"HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\" + path + L"\\";
         for (const auto& call : Registry().Calls())
             if (call.call == RegistryCall::Set && call.target.starts_with(beginning))
                 names.push_back(call.target.substr(beginning.size()));
@@ -86,20 +85,19 @@ TEST_F(SaveTest, SettingsComeInTheirOrderAndLdapLast) {
     Texts names;
     for (const auto& call : Registry().Calls())
         if (call.call == RegistryCall::Set) names.push_back(call.target.substr(call.target.rfind(L'\\') + 1));
-    EXPECT_EQ(names,
-              (Texts{L"Unfinished save", L"Window_top", L"Window_bottom", L"Window_left", L"Window_right",
-                     L"SigExt", L"DsigExt", L"EncExt", L"B64Ext", L"HashExt", L"VerifyFileExt",
-                     L"ZIPArchiveExt", L"GZIPArchiveExt", L"ExtExt", L"LogPath", L"Log filesize", L"LDAP"}));
+    EXPECT_EQ(names, (Texts{L"Unfinished save", L"Window_top", L"Window_bottom", L"Window_left", L"Window_right",
+                            L"SigExt", L"DsigExt", L"EncExt", L"B64Ext", L"HashExt", L"VerifyFileExt", L"ZIPArchiveExt",
+                            L"GZIPArchiveExt", L"ExtExt", L"LogPath", L"Log filesize", L"LDAP"}));
 }
 
 TEST_F(SaveTest, ProfilesAndRulesComeInTheirOrder) {
     SeedTrees(GoldenLibrary + emptyService);
     EXPECT_TRUE(Save(GoldenModel()));
-    EXPECT_EQ(WrittenBelow(L"Reports"),
-              (Texts{L"ServerTSP", L"ZCSProfile", L"NotUseLDAP", L"NotCopyToLocal", L"AutoUseTSP",
-                     L"AutoVerifyTSP", L"NoTSPisError", L"UseAIA", L"NotAddCert", L"NotLoadCrl",
-                     L"CrlUpdatePeriod", L"Verify File", L"Verify x file", L"Verify det file",
-                     L"Verify resign file", L"Handler timeout", L"Rename conf files"}));
+    EXPECT_EQ(
+        WrittenBelow(L"Reports"),
+        (Texts{L"ServerTSP", L"ZCSProfile", L"NotUseLDAP", L"NotCopyToLocal", L"AutoUseTSP", L"AutoVerifyTSP",
+               L"NoTSPisError", L"UseAIA", L"NotAddCert", L"NotLoadCrl", L"CrlUpdatePeriod", L"Verify File",
+               L"Verify x file", L"Verify det file", L"Verify resign file", L"Handler timeout", L"Rename conf files"}));
     EXPECT_EQ(WrittenBelow(L"Exchange\\rules\\Rule 0"), (Texts{L"Operation",
                                                                L"Path In",
                                                                L"Path Out",
@@ -159,10 +157,10 @@ TEST_F(SaveTest, RulesAreWrittenFromScratch) {
 }
 
 TEST_F(SaveTest, WhatItDoesNotWriteSurvives) {
-    const std::string rest =
-        Key(ServiceKey) + "LastCrlUpdate = { \"Bank keys;;1763712000\" }\nunknown = hex(3): 01 02\n" +
-        BelowService("Exchange") + "unknown = \"text\"\n" + BelowService("Exchange\\other\\deep") +
-        "x = 1\n" + Key(LibraryKey + "\\Profiles\\1") + "unknown = 5\n";
+    const std::string rest = Key(ServiceKey) +
+                             "LastCrlUpdate = { \"Bank keys;;1763712000\" }\nunknown = hex(3): 01 02\n" +
+                             BelowService("Exchange") + "unknown = \"text\"\n" + BelowService("Exchange\\other\\deep") +
+                             "x = 1\n" + Key(LibraryKey + "\\Profiles\\1") + "unknown = 5\n";
     EXPECT_EQ(Saved(GoldenModel(), GoldenTrees + rest), Canonical(GoldenTrees + rest));
 }
 
@@ -187,12 +185,11 @@ TEST_F(SaveTest, EmptyTextsInListsOfTextsBecomeZero) {
     model.Profiles[0].ServerTSP = {L"", L"http://tsp"};
     model.Profiles[0].ZCSProfile = {L"Bank keys", L""};
     model.Settings.ExtExt = {L"csv", L"", L"edi"};
-    std::string expected =
-        Replace(GoldenTrees, ServiceKey + "\\Exchange", "ServerTSP", "{ \"0\", \"http://tsp\" }");
+    std::string expected = Replace(GoldenTrees, ServiceKey + "\\Exchange", "ServerTSP", "{ \"0\", \"http://tsp\" }");
     expected = Replace(expected, ServiceKey + "\\Exchange", "ZCSProfile", "{ \"Bank keys\", \"0\" }");
     // The extensions are written as they are, although an empty one ends the list for whoever reads it.
-    expected = Replace(expected, ServiceKey, "ExtExt",
-                       "hex(7): 63 00 73 00 76 00 00 00 00 00 65 00 64 00 69 00 00 00 00 00");
+    expected =
+        Replace(expected, ServiceKey, "ExtExt", "hex(7): 63 00 73 00 76 00 00 00 00 00 65 00 64 00 69 00 00 00 00 00");
     EXPECT_EQ(Saved(model, GoldenTrees), Canonical(expected));
 }
 
@@ -202,8 +199,7 @@ TEST_F(SaveTest, NumbersAreWrittenWhateverTheyAre) {
     model.Profiles[0].HandlerTimeout = -2147483647 - 1;
     model.Settings.LogFilesize = 3;
     model.Settings.WindowTop = -8;
-    std::string expected =
-        Replace(GoldenTrees, ServiceKey + "\\Exchange", "NotLoadCrl", "{ \"-1\", \"2147483647\" }");
+    std::string expected = Replace(GoldenTrees, ServiceKey + "\\Exchange", "NotLoadCrl", "{ \"-1\", \"2147483647\" }");
     expected = Replace(expected, ServiceKey + "\\Exchange", "Handler timeout", "-2147483648");
     expected = Replace(expected, ServiceKey, "Log filesize", "3");
     expected = Replace(expected, ServiceKey, "Window_top", "-8");

@@ -40,8 +40,7 @@ TEST_F(StoreKeys, AnOpenedKeyBecomesCurrentAndTheFormerOneIsClosed) {
     EXPECT_EQ(Registry().OpenKeys(), 1U);
     EXPECT_EQ(Closed(), 1U);
     Mark(L"mark");
-    EXPECT_EQ(DumpMachine(otherPath),
-              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\other]\nmark = 1\n");
+    EXPECT_EQ(DumpMachine(otherPath), "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\other]\nmark = 1\n");
     EXPECT_EQ(DumpKey(), KeyWith(""));
 }
 
@@ -76,8 +75,7 @@ TEST_F(StoreKeys, AKeyThatNeedNotBeThere) {
     Registry().NoFaults();
     EXPECT_EQ(Store().OpenIfThere(RootKey::LocalMachine, otherPath, {}), KeyOutcome::Opened);
     Mark(L"mark");
-    EXPECT_EQ(DumpMachine(otherPath),
-              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\other]\nmark = 1\n");
+    EXPECT_EQ(DumpMachine(otherPath), "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\other]\nmark = 1\n");
 }
 
 TEST_F(StoreKeys, ARefusedKeyLeavesTheFormerOneCurrent) {
@@ -108,9 +106,8 @@ TEST_F(StoreKeys, ACreatedKeyGetsItsParentsAndBecomesCurrent) {
     EXPECT_EQ(Registry().OpenKeys(), 1U);
     EXPECT_EQ(Closed(), 1U);
     Mark(L"mark");
-    EXPECT_EQ(DumpKey(),
-              KeyWith("\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\a]\n"
-                      "\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\a\\b]\nmark = 1\n"));
+    EXPECT_EQ(DumpKey(), KeyWith("\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\a]\n"
+                                 "\n[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\a\\b]\nmark = 1\n"));
 }
 
 TEST_F(StoreKeys, CreatingAKeyThatExistsOpensItAsItIs) {
@@ -153,8 +150,7 @@ TEST_F(StoreKeys, AStoreThatNeverOpenedAKeyClosesNone) {
 TEST_F(StoreKeys, SubkeysAreEnumeratedInAlphabeticalOrder) {
     std::string subkeys;
     for (const char* name : {"b", "Rule 10", "A", "Rule 2", "C", "rule 1"})
-        subkeys +=
-            "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\" + std::string(name) + "]\n";
+        subkeys += "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\" + std::string(name) + "]\n";
     SeedValues(subkeys);
     Names names{L"something older"};
     EXPECT_TRUE(Store().EnumerateSubkeys(names, {}));
@@ -170,8 +166,7 @@ TEST_F(StoreKeys, NoSubkeysIsNoFailure) {
 
 TEST_F(StoreKeys, TheLongestNamesAreEnumerated) {
     const std::wstring longest(255, L'n');
-    SeedValues("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\" + std::string(255, 'n') +
-               "]\n");
+    SeedValues("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\" + std::string(255, 'n') + "]\n");
     Names names;
     EXPECT_TRUE(Store().EnumerateSubkeys(names, {}));
     EXPECT_EQ(names, Names{longest});
@@ -185,8 +180,7 @@ TEST_F(StoreKeys, AnyOtherEndOfTheEnumerationIsReported) {
                 "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\b]\n");
             Registry().FailNth(failing, failure);
             Names names;
-            ExpectReport(L"Search register key HKEY_LOCAL_MACHINE\\" + std::wstring(KeyPath) + L" subkeys",
-                         failure);
+            ExpectReport(L"Search register key HKEY_LOCAL_MACHINE\\" + std::wstring(KeyPath) + L" subkeys", failure);
             EXPECT_FALSE(Store().EnumerateSubkeys(names, {}));
             EXPECT_EQ(Registry().Calls().size(), failing + 1);
         }
@@ -197,9 +191,9 @@ constexpr platform::Win32Code refused = 32;  // a code that nothing answers by i
 
 const std::string prefix = "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice\\key\\";
 const std::string kept = "a = 1\n\n" + prefix + "before]\nv = 1\n\n" + prefix + "behind]\nv = 2\n";
-const std::string doomed = prefix + "doomed]\nv = 1\n" + prefix + "doomed\\a]\n" + prefix +
-                           "doomed\\a\\deep]\n" + prefix + "doomed\\a\\deep\\deeper]\nv = 2\n" + prefix +
-                           "doomed\\b]\n" + prefix + "doomed\\c]\n" + prefix + "doomed\\c\\last]\n";
+const std::string doomed = prefix + "doomed]\nv = 1\n" + prefix + "doomed\\a]\n" + prefix + "doomed\\a\\deep]\n" +
+                           prefix + "doomed\\a\\deep\\deeper]\nv = 2\n" + prefix + "doomed\\b]\n" + prefix +
+                           "doomed\\c]\n" + prefix + "doomed\\c\\last]\n";
 
 class StoreDelete : public tests::StoreTest {
   protected:
@@ -268,8 +262,7 @@ bool HasSubkeysLeft(const std::vector<platform::memory::RecordedCall>& calls, si
 
 size_t DeletionsAmong(const std::vector<platform::memory::RecordedCall>& calls, size_t count) {
     const auto isDeletion = [](const auto& call) { return call.call == RegistryCall::DeleteSubkey; };
-    return static_cast<size_t>(
-        std::count_if(calls.begin(), calls.begin() + static_cast<ptrdiff_t>(count), isDeletion));
+    return static_cast<size_t>(std::count_if(calls.begin(), calls.begin() + static_cast<ptrdiff_t>(count), isDeletion));
 }
 
 TEST_F(StoreDelete, EveryStepCanFail) {
@@ -301,9 +294,9 @@ TEST_F(StoreDelete, WhatWasDeletedBeforeAFailureStaysDeleted) {
     ExpectFailure(refused);
     EXPECT_FALSE(Delete());
     Registry().NoFaults();
-    EXPECT_EQ(DumpKey(), KeyWith("a = 1\n\n" + prefix + "before]\nv = 1\n\n" + prefix + "behind]\nv = 2\n\n" +
-                                 prefix + "doomed]\nv = 1\n\n" + prefix + "doomed\\b]\n\n" + prefix +
-                                 "doomed\\c]\n\n" + prefix + "doomed\\c\\last]\n"));
+    EXPECT_EQ(DumpKey(), KeyWith("a = 1\n\n" + prefix + "before]\nv = 1\n\n" + prefix + "behind]\nv = 2\n\n" + prefix +
+                                 "doomed]\nv = 1\n\n" + prefix + "doomed\\b]\n\n" + prefix + "doomed\\c]\n\n" + prefix +
+                                 "doomed\\c\\last]\n"));
 }
 
 }  // namespace

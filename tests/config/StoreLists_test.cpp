@@ -35,9 +35,8 @@ TEST_F(StoreWrites, Strings) {
     EXPECT_TRUE(Store().WriteString(L"b", L"C:\\In \"x\" %s", {}));
     EXPECT_TRUE(Store().WriteString(L"c", L"\x0413\xD83D\xDE00", {}));
     EXPECT_TRUE(Store().WriteString(L"d", std::wstring(longText.begin(), longText.end()), {}));
-    EXPECT_EQ(DumpKey(),
-              KeyWith("a = \"\"\nb = \"C:\\In \"\"x\"\" %s\"\nc = \"\xD0\x93\xF0\x9F\x98\x80\"\nd = \"" +
-                      longText + "\"\n"));
+    EXPECT_EQ(DumpKey(), KeyWith("a = \"\"\nb = \"C:\\In \"\"x\"\" %s\"\nc = \"\xD0\x93\xF0\x9F\x98\x80\"\nd = \"" +
+                                 longText + "\"\n"));
 }
 
 TEST_F(StoreWrites, Lists) {
@@ -57,9 +56,8 @@ TEST_F(StoreWrites, Lists) {
                                  "f = { \"xml\", \"edi\" }\n"
                                  "g = hex(7): 78 00 00 00 00 00 79 00 00 00 00 00\n"
                                  "h = {}\n"));
-    EXPECT_EQ(memory_.sizes,
-              (std::vector<size_t>{(3 + 3) * 2 + 2, 2, (1 + 1) * 2 + 2, (1 + 1 + 2 + 10 + 4) * 2 + 2, 2,
-                                   (6 + 2) * 2 + 2, (2 + 3) * 2 + 2, 2}));
+    EXPECT_EQ(memory_.sizes, (std::vector<size_t>{(3 + 3) * 2 + 2, 2, (1 + 1) * 2 + 2, (1 + 1 + 2 + 10 + 4) * 2 + 2, 2,
+                                                  (6 + 2) * 2 + 2, (2 + 3) * 2 + 2, 2}));
 }
 
 TEST_F(StoreWrites, ReplaceWhateverWasThere) {

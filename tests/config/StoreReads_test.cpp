@@ -29,9 +29,7 @@ class StoreReads : public tests::StoreTest {
         text_ = L"former";
         return Store().ReadString(L"v", text_, {.mode = mode}, L"fallback");
     }
-    void FailWith(platform::Win32Code failure) {
-        Registry().FailWhere(RegistryCall::Query, L"\\key\\v", failure);
-    }
+    void FailWith(platform::Win32Code failure) { Registry().FailWhere(RegistryCall::Query, L"\\key\\v", failure); }
 
     int32_t number_ = 0;
     std::wstring text_;
@@ -55,8 +53,7 @@ TEST_F(StoreReads, Integers) {
         {"a string of four bytes", "\"a\"", ReadOutcome::Value, 'a'},
         {"an empty list and a zero more", "hex(7): 00 00 00 00", ReadOutcome::Value, 0},
         {"eight bytes", "hex(11): 01 00 00 00 00 00 00 00", ReadOutcome::Default, fallback},
-        {"eight bytes of the type of integers", "hex(4): 01 00 00 00 00 00 00 00", ReadOutcome::Default,
-         fallback},
+        {"eight bytes of the type of integers", "hex(4): 01 00 00 00 00 00 00 00", ReadOutcome::Default, fallback},
         {"five bytes", "hex(3): 01 00 00 00 00", ReadOutcome::Default, fallback},
         {"three bytes", "hex(3): 01 00 00", ReadOutcome::Default, fallback},
         {"one byte", "hex(4): 01", ReadOutcome::Default, fallback},

@@ -85,16 +85,15 @@ TEST(UnreadableTexts, EachTextOfARuleHasTheWordsOfTheForm) {
 }
 
 TEST(UnreadableTexts, EachTextOfTheSettingsHasTheWordsOfTheForm) {
-    const std::map<std::wstring, std::wstring> words{
-        {L"SigExt", L"Signed files"},
-        {L"DsigExt", L"Files with detached signature"},
-        {L"EncExt", L"Encrypted files"},
-        {L"B64Ext", L"Files in b64 format"},
-        {L"HashExt", L"Hash files"},
-        {L"VerifyFileExt", L"Files with signature verification report"},
-        {L"ZIPArchiveExt", L"ZIP archives"},
-        {L"GZIPArchiveExt", L"GZIP archives"},
-        {L"LogPath", L"Log path"}};
+    const std::map<std::wstring, std::wstring> words{{L"SigExt", L"Signed files"},
+                                                     {L"DsigExt", L"Files with detached signature"},
+                                                     {L"EncExt", L"Encrypted files"},
+                                                     {L"B64Ext", L"Files in b64 format"},
+                                                     {L"HashExt", L"Hash files"},
+                                                     {L"VerifyFileExt", L"Files with signature verification report"},
+                                                     {L"ZIPArchiveExt", L"ZIP archives"},
+                                                     {L"GZIPArchiveExt", L"GZIP archives"},
+                                                     {L"LogPath", L"Log path"}};
     config::Configuration configuration;
     EXPECT_EQ(WordsFor(configuration, configuration.Settings, tooLong), words);
     configuration.Settings.LogPath = zeroInside;
@@ -147,8 +146,7 @@ TEST(UnreadableNames, OfProfiles) {
         config::Configuration configuration;
         Findings expected;
         for (const std::wstring& name : names.names) configuration.Profiles.emplace_back().Name = name;
-        for (const auto& [position, why] : names.found)
-            expected.push_back({names.names[position], {}, L"Name", why});
+        for (const auto& [position, why] : names.found) expected.push_back({names.names[position], {}, L"Name", why});
         EXPECT_EQ(FindUnreadable(configuration), expected);
     }
 }

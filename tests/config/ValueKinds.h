@@ -8,10 +8,10 @@ namespace tests {
 
 // "integer", "multistring" or "string". path: of the value, its key before it.
 inline std::wstring ValueKind(const std::wstring& path) {
-    static const std::set<std::wstring> lists{
-        L"ExtExt",     L"ServerTSP",       L"ZCSProfile",   L"NotUseLDAP", L"NotCopyToLocal",
-        L"AutoUseTSP", L"AutoVerifyTSP",   L"NoTSPisError", L"UseAIA",     L"NotAddCert",
-        L"NotLoadCrl", L"CrlUpdatePeriod", L"LastCrlUpdate"};
+    static const std::set<std::wstring> lists{L"ExtExt",         L"ServerTSP",  L"ZCSProfile",    L"NotUseLDAP",
+                                              L"NotCopyToLocal", L"AutoUseTSP", L"AutoVerifyTSP", L"NoTSPisError",
+                                              L"UseAIA",         L"NotAddCert", L"NotLoadCrl",    L"CrlUpdatePeriod",
+                                              L"LastCrlUpdate"};
     static const std::set<std::wstring> integers{
         L"Window_top",        L"Window_bottom", L"Window_left",     L"Window_right",       L"Log filesize",
         L"Verify File",       L"Verify x file", L"Verify det file", L"Verify resign file", L"Handler timeout",

@@ -90,9 +90,9 @@ class CryptoTest : public WorldTest {
     platform::memory::MemoryCodePage codePage_;
     platform::memory::MemorySystemMessages systemMessages_;
     platform::memory::MemoryMemory memory_;
-    const platform::Machine machine_ = MachineWith(
-        world_->Machine(),
-        {.CodePage = &codePage_, .SystemMessages = &systemMessages_, .Clock = &clock_, .Memory = &memory_});
+    const platform::Machine machine_ =
+        MachineWith(world_->Machine(),
+                    {.CodePage = &codePage_, .SystemMessages = &systemMessages_, .Clock = &clock_, .Memory = &memory_});
     RecordingScreen& screen_ = world_->Screen();
     const errors::ErrorReporter reporter_{machine_, screen_};
     config::RegistryStore store_{machine_, reporter_};

@@ -40,22 +40,18 @@ class LibrarySearchTest : public CryptoTest {
         return succeeded;
     }
     bool FindAll(const std::function<void()>& expectations = [] {}) {
-        return Run(
-            [this](crypto::LibrarySearch& search) { return search.FindAllLocalNames(opener_, names_); },
-            expectations);
+        return Run([this](crypto::LibrarySearch& search) { return search.FindAllLocalNames(opener_, names_); },
+                   expectations);
     }
     bool FindOwners(
         const std::wstring& pattern, const std::function<void()>& expectations = [] {}) {
-        return Run(
-            [&](crypto::LibrarySearch& search) { return search.FindOwnerNames(opener_, pattern, names_); },
-            expectations);
+        return Run([&](crypto::LibrarySearch& search) { return search.FindOwnerNames(opener_, pattern, names_); },
+                   expectations);
     }
     bool FindByName(
         const std::wstring& name, const std::function<void()>& expectations = [] {}) {
         return Run(
-            [&](crypto::LibrarySearch& search) {
-                return search.FindCertificatesByName(opener_, name, certificates_);
-            },
+            [&](crypto::LibrarySearch& search) { return search.FindCertificatesByName(opener_, name, certificates_); },
             expectations);
     }
     void ServeLocal(std::vector<demo::StandInCertificate> certificates) {

@@ -44,11 +44,9 @@ TEST_F(LibrarySearchTest, TheRequestsFollowTheSettings) {
         FindAll();
         EXPECT_EQ(library_.Calls().at(0), "FindCert " + std::string(c.local) + " scope 0 null fields 132");
         FindOwners(L"CN=Iv*");
-        EXPECT_EQ(library_.Calls().at(0),
-                  "FindCert " + std::string(c.owners) + " scope 4 \"CN=Iv*\" fields 132");
+        EXPECT_EQ(library_.Calls().at(0), "FindCert " + std::string(c.owners) + " scope 4 \"CN=Iv*\" fields 132");
         FindByName(L"CN=Ivan");
-        EXPECT_EQ(library_.Calls().at(0),
-                  "FindCert " + std::string(c.byName) + " scope 4 \"CN=Ivan\" fields 163972");
+        EXPECT_EQ(library_.Calls().at(0), "FindCert " + std::string(c.byName) + " scope 4 \"CN=Ivan\" fields 163972");
     }
 }
 
@@ -145,8 +143,8 @@ TEST_F(LibrarySearchTest, FailuresAreReportedAndReleaseNothing) {
     EXPECT_TRUE(names_.IsEmpty());
     EXPECT_EQ(library_.Calls().size(), 1U);
     EXPECT_FALSE(FindByName(L"CN=100%s", [this] {
-        user_.ExpectBox(L"Searching for certificate CN=100%s.\r\nKSEAL error 0x20000010 - It failed.",
-                        boxes::Report, ui::IdOk);
+        user_.ExpectBox(L"Searching for certificate CN=100%s.\r\nKSEAL error 0x20000010 - It failed.", boxes::Report,
+                        ui::IdOk);
     }));
     EXPECT_TRUE(certificates_.Texts.empty());
     EXPECT_TRUE(certificates_.Serials.empty());
@@ -171,8 +169,8 @@ TEST_F(LibrarySearchTest, NothingFoundIsAFailureOfTheOtherSearches) {
             boxes::Report, ui::IdOk);
     }));
     EXPECT_FALSE(FindByName(L"CN=A", [this] {
-        user_.ExpectBox(L"Searching for certificate CN=A.\r\nKSEAL error 0xE0700046 - Nothing.",
-                        boxes::Report, ui::IdOk);
+        user_.ExpectBox(L"Searching for certificate CN=A.\r\nKSEAL error 0xE0700046 - Nothing.", boxes::Report,
+                        ui::IdOk);
     }));
 }
 
@@ -183,13 +181,11 @@ TEST_F(LibrarySearchTest, TheErrorStackIsShownWhereItIsWanted) {
         settings_.ReportLibraryDetail = detail;
         const std::wstring end = L".\r\nKSEAL error 0x20000010 - It failed" + (detail ? stack : L".");
         library_.AddError(context_.Handle(), {"broken", "db.c", 3, "x"});
-        EXPECT_FALSE(FindAll([&] {
-            user_.ExpectBox(L"Searching of all certificate in local store" + end, boxes::Report, ui::IdOk);
-        }));
+        EXPECT_FALSE(FindAll(
+            [&] { user_.ExpectBox(L"Searching of all certificate in local store" + end, boxes::Report, ui::IdOk); }));
         if (detail != 0) library_.AddError(context_.Handle(), {"broken", "db.c", 3, "x"});
-        EXPECT_FALSE(FindByName(L"CN=A", [&] {
-            user_.ExpectBox(L"Searching for certificate CN=A" + end, boxes::Report, ui::IdOk);
-        }));
+        EXPECT_FALSE(FindByName(
+            L"CN=A", [&] { user_.ExpectBox(L"Searching for certificate CN=A" + end, boxes::Report, ui::IdOk); }));
         EXPECT_EQ(library_.WaitingErrors(context_.Handle()), detail != 0 ? 0U : 1U);
         if (detail != 0) library_.AddError(context_.Handle(), {"broken", "db.c", 3, "x"});
         EXPECT_FALSE(FindOwners(L"CN=A", [&] {

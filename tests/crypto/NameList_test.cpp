@@ -80,8 +80,7 @@ TEST(NameListTest, AgreesWithAnUnorderedMapOverManyNames) {
     NameList names;
     std::unordered_map<std::wstring, size_t> rows;
     for (int i = 0; i < 20000; ++i) {
-        const std::wstring name =
-            L"CN=" + std::to_wstring(random() % 8000) + std::wstring(random() % 3, L'-');
+        const std::wstring name = L"CN=" + std::to_wstring(random() % 8000) + std::wstring(random() % 3, L'-');
         const auto [known, isNew] = rows.emplace(name, names.Size());
         if (i % 2 == 0) {
             ASSERT_EQ(names.Add(name), isNew);

@@ -108,8 +108,7 @@ TEST_F(OpenCryptoContextTest, TheUserIsAskedToWaitInTheMiddleOfTheParent) {
         EXPECT_TRUE(wait.IsOpen());
         EXPECT_EQ(wait.Parent(), &opener_);
         ASSERT_EQ(wait.Controls().size(), 1U);
-        EXPECT_EQ(wait.Controls()[0]->Text(),
-                  L"Please, wait, cryptocontext initialization can take up to 30 seconds.");
+        EXPECT_EQ(wait.Controls()[0]->Text(), L"Please, wait, cryptocontext initialization can take up to 30 seconds.");
         EXPECT_FALSE(wait.Style().systemMenu);
         const ui::Rect own = wait.NormalRect();
         const ui::Rect parent = opener_.NormalRect();
@@ -152,8 +151,7 @@ TEST_F(OpenCryptoContextTest, FailureCodesAreDescribedAsInReports) {
     for (const Case& c : cases) {
         FailInitialize(c.code);
         Open([&] {
-            ExpectFailureBox(std::wstring(L"Cryptocontext initialization.\r\n") + c.text + L".\r\n\r\n",
-                             &opener_);
+            ExpectFailureBox(std::wstring(L"Cryptocontext initialization.\r\n") + c.text + L".\r\n\r\n", &opener_);
         });
         EXPECT_FALSE(isOpen_);
     }
@@ -206,9 +204,7 @@ class FailingProbe : public OpenCryptoContextTest {
         // Not of this context, and not to be shown.
         library_.AddError(nullptr, {"other", "", 0, ""});
     }
-    void AddToOnlyContext(const errors::LibraryErrorEntry& entry) {
-        library_.AddError(library_.OnlyContext(), entry);
-    }
+    void AddToOnlyContext(const errors::LibraryErrorEntry& entry) { library_.AddError(library_.OnlyContext(), entry); }
     void ExpectBoxes(int answer) {
         ExpectFailureBox(
             L"Conneting to network store (LDAP).\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n"
@@ -230,8 +226,7 @@ TEST_F(FailingProbe, OkGoesOnWithoutLdap) {
 TEST_F(FailingProbe, CancelClosesTheContextAndEndsTheCommand) {
     Open([this] { ExpectBoxes(ui::IdCancel); });
     EXPECT_FALSE(isOpen_);
-    EXPECT_EQ(library_.Calls(),
-              (Calls{"Initialize \"Office\" 0x80000040", probe, "FreeFindResult", "Uninitialize"}));
+    EXPECT_EQ(library_.Calls(), (Calls{"Initialize \"Office\" 0x80000040", probe, "FreeFindResult", "Uninitialize"}));
 }
 
 TEST_F(OpenCryptoContextTest, RevocationListsAreLeftAloneWhereTheyAreNotWanted) {
@@ -318,8 +313,7 @@ TEST_F(OpenCryptoContextTest, AFailureThatLeavesSomethingBehindOpensNothing) {
     };
     world_->CryptoLibrary().Install(exports);
     Open([this] {
-        ExpectFailureBox(L"Cryptocontext initialization.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n",
-                         &opener_);
+        ExpectFailureBox(L"Cryptocontext initialization.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n", &opener_);
     });
     EXPECT_FALSE(isOpen_);
     EXPECT_TRUE(library_.Calls().empty());

@@ -37,23 +37,17 @@ class RefreshCrlTest : public CryptoTest {
         bool goesOn = false;
         const crypto::CryptoContext context = OpenedContext();
         InDialog(
-            [&] {
-                goesOn =
-                    crypto::RefreshCrl(services_, opener_, context, csProfile_, settings_.CrlUpdatePeriod);
-            },
+            [&] { goesOn = crypto::RefreshCrl(services_, opener_, context, csProfile_, settings_.CrlUpdatePeriod); },
             expectations);
         return goesOn;
     }
     bool LibraryWasAsked() const {
-        return std::find(library_.Calls().begin(), library_.Calls().end(), "Ctrl 4") !=
-               library_.Calls().end();
+        return std::find(library_.Calls().begin(), library_.Calls().end(), "Ctrl 4") != library_.Calls().end();
     }
     void ExpectQuestion(int answer) {
         ExpectFailureBox(
-            L"Connetion to CRL distribution point.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\nserver busy",
-            nullptr);
-        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel,
-                        answer);
+            L"Connetion to CRL distribution point.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\nserver busy", nullptr);
+        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel, answer);
     }
     void FailWithText() {
         library_.Serve({.CrlDiagnostic = "server busy"});
@@ -149,8 +143,7 @@ TEST_F(RefreshCrlTest, TheDiagnosticTextIsInTheAnsiCodePage) {
             L"Connetion to CRL distribution point.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n"
             L"\x041A\x043B\x044E\x0447",
             nullptr);
-        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel,
-                        ui::IdOk);
+        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel, ui::IdOk);
     }));
 }
 
@@ -173,12 +166,10 @@ TEST_F(RefreshCrlTest, ATextWithoutAnEndIsReadUpToTheEndOfTheBuffer) {
     library_.Serve({.CrlDiagnostic = std::string(5000, 'x')});
     library_.SetAnswer(StandInCall::Ctrl, failed);
     EXPECT_TRUE(Refresh([this] {
-        ExpectFailureBox(
-            L"Connetion to CRL distribution point.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n" +
-                std::wstring(1024, L'x'),
-            nullptr);
-        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel,
-                        ui::IdOk);
+        ExpectFailureBox(L"Connetion to CRL distribution point.\r\nKSEAL error 0x20000010 - It failed.\r\n\r\n" +
+                             std::wstring(1024, L'x'),
+                         nullptr);
+        user_.ExpectBox(L"It failed (0x20000010).\r\nContinue without loading CRL?", boxes::OkOrCancel, ui::IdOk);
     }));
 }
 
@@ -197,9 +188,8 @@ TEST_F(RefreshCrlTest, TheLibraryGetsAnEmptyBuffer) {
     platform::kseal::Context raw = owner.Handle();
     exports.Uninitialize = [](platform::kseal::Context) { return uint32_t{0}; };
     const crypto::CryptoContext watched(exports, raw, reporter_);
-    InDialog([&] {
-        EXPECT_TRUE(crypto::RefreshCrl(services_, opener_, watched, csProfile_, settings_.CrlUpdatePeriod));
-    });
+    InDialog(
+        [&] { EXPECT_TRUE(crypto::RefreshCrl(services_, opener_, watched, csProfile_, settings_.CrlUpdatePeriod)); });
     EXPECT_EQ(block.BufferLength, 1024U);
     EXPECT_EQ(block.Zero4, (std::array<std::byte, 4>{}));
     EXPECT_EQ(seen, std::vector<std::byte>(1024));
@@ -215,8 +205,8 @@ TEST_F(RefreshCrlTest, WithoutTheServicesKeyTheCommandEnds) {
 TEST_F(RefreshCrlTest, AFailedOpenKeepsTheKeyThatWasCurrent) {
     Seed("[HKEY_CURRENT_USER\\SOFTWARE\\TALVERON\\morcel]\nname = \"here\"\n");
     ASSERT_TRUE(store_.Open(platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel", {}));
-    EXPECT_FALSE(Refresh(
-        [this] { user_.ExpectBoxBeginning(L"Create (open) register key ", boxes::Report, ui::IdOk); }));
+    EXPECT_FALSE(
+        Refresh([this] { user_.ExpectBoxBeginning(L"Create (open) register key ", boxes::Report, ui::IdOk); }));
     std::wstring text;
     store_.ReadString(L"name", text, {});
     EXPECT_EQ(text, L"here");
@@ -260,8 +250,7 @@ TEST_F(RefreshCrlTest, AfterAFailedWriteTheUserStillDecidesAboutTheRefresh) {
     FailWithText();
     world_->Registry().FailWhere(RegistryCall::Set, L"LastCrlUpdate", 5);
     EXPECT_FALSE(Refresh([this] {
-        user_.ExpectBoxBeginning(L"Writing multistring value 'LastCrlUpdate' into register.", boxes::Report,
-                                 ui::IdOk);
+        user_.ExpectBoxBeginning(L"Writing multistring value 'LastCrlUpdate' into register.", boxes::Report, ui::IdOk);
         ExpectQuestion(ui::IdCancel);
     }));
 }
@@ -279,15 +268,13 @@ TEST_F(RefreshCrlTest, MemoryThatIsNotToBeHadIsReported) {
     systemMessages_.SetSystemText(8, L"Not enough memory.\r\n");
     SeedStamps("{ \"Bank;;5\" }");
     memory_.SetLimit(0);
-    EXPECT_TRUE(Refresh([this] {
-        user_.ExpectBox(L"Memory allocation.\r\nError 0x8 - Not enough memory.", boxes::Report, ui::IdOk);
-    }));
+    EXPECT_TRUE(Refresh(
+        [this] { user_.ExpectBox(L"Memory allocation.\r\nError 0x8 - Not enough memory.", boxes::Report, ui::IdOk); }));
     EXPECT_EQ(Stamps(), "{ \"Bank;;5\" }");
     SeedStamps("{}");
     memory_.SetLimit(30);
-    EXPECT_TRUE(Refresh([this] {
-        user_.ExpectBox(L"Memory allocation.\r\nError 0x8 - Not enough memory.", boxes::Report, ui::IdOk);
-    }));
+    EXPECT_TRUE(Refresh(
+        [this] { user_.ExpectBox(L"Memory allocation.\r\nError 0x8 - Not enough memory.", boxes::Report, ui::IdOk); }));
     EXPECT_EQ(Stamps(), "{}");
 }
 

@@ -25,8 +25,7 @@ struct SeenRequest {
 
 std::vector<SeenRequest>* seenRequests = nullptr;
 
-kseal::Code LookAndFind(kseal::Context context, const kseal::CertFindRequest* request,
-                        kseal::CertFindResult* result) {
+kseal::Code LookAndFind(kseal::Context context, const kseal::CertFindRequest* request, kseal::CertFindResult* result) {
     SeenRequest& seen = seenRequests->emplace_back();
     std::memcpy(seen.bytes.data(), request, seen.bytes.size());
     const char* query = nullptr;

@@ -58,8 +58,7 @@ TEST(DemoConfiguration, EveryRecipientAndSignerHasACertificate) {
             if (rule.Operation != L"MOVE") wanted = rule.Certificates;  // of the older form: a folder
             for (const config::SignerListEntry& list : rule.SignerLists)
                 wanted.insert(wanted.end(), list.Signers.begin(), list.Signers.end());
-            for (const std::wstring& name : wanted)
-                EXPECT_TRUE(Contains(owners, name)) << testing::PrintToString(name);
+            for (const std::wstring& name : wanted) EXPECT_TRUE(Contains(owners, name)) << testing::PrintToString(name);
             found += wanted.size();
         }
     }
@@ -84,8 +83,7 @@ TEST(DemoConfiguration, RulesUseStoreProfilesOfTheirProfile) {
     for (const config::ServiceProfile& profile : DemoConfiguration().Profiles) {
         for (const config::Rule& rule : profile.Rules) {
             for (const std::wstring& used : {rule.ZCSProfile, rule.ResignProfile})
-                EXPECT_TRUE(used.empty() || Contains(profile.ZCSProfile, used))
-                    << testing::PrintToString(used);
+                EXPECT_TRUE(used.empty() || Contains(profile.ZCSProfile, used)) << testing::PrintToString(used);
         }
     }
 }

@@ -44,9 +44,8 @@ TEST_F(RegistryToolTest, SeedingLeavesNothingOfTheOldTreesAndEverythingElse) {
     SeedRegistry(profile + "\n" + store, *registry_);
     SeedRegistry(bareService, *registry_);
     EXPECT_EQ(DumpRegistry(*registry_), bareService);
-    EXPECT_EQ(
-        demo::DumpRegistryKey(*registry_, platform::RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\other"),
-        "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\other]\nx = 1\n");
+    EXPECT_EQ(demo::DumpRegistryKey(*registry_, platform::RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\other"),
+              "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\other]\nx = 1\n");
 }
 
 TEST_F(RegistryToolTest, SeedingOnceLeavesAConfigurationAlone) {

@@ -199,8 +199,8 @@ TEST(OwnersTextTest, ALineIsACertificate) {
         "# comment | with | many | fields\n\n"
         "local | 1C | 01:A2 | CN=Anna,O=A = B | her text\r\n"
         "  network|0||CN=Jean\n");
-    EXPECT_EQ(owners.Certificates, (Certificates{{false, 0x1C, {0x01, 0xA2}, "CN=Anna,O=A = B", "her text"},
-                                                 {true, 0, {}, "CN=Jean", ""}}));
+    EXPECT_EQ(owners.Certificates,
+              (Certificates{{false, 0x1C, {0x01, 0xA2}, "CN=Anna,O=A = B", "her text"}, {true, 0, {}, "CN=Jean", ""}}));
     EXPECT_EQ(owners.Delay.count(), 0);
     EXPECT_TRUE(owners.NetworkAnswers);
     EXPECT_EQ(owners.CrlDiagnostic, "");
@@ -238,14 +238,13 @@ TEST(CertificateQueryTest, AsterisksStandForAnyRun) {
         {"abc", "**", true},    {"aXbXc", "a*b*c", true}, {"aab", "*ab", true},    {"abab", "*ab", true},
         {"abac", "a*b", false}, {"abc", "abc**", true},   {"abc", "abc*d", false}, {"\xCA", "\xEA", false},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(MatchesSample(c.text, c.sample), c.matches) << c.text << " and " << c.sample;
+    for (const Case& c : cases) EXPECT_EQ(MatchesSample(c.text, c.sample), c.matches) << c.text << " and " << c.sample;
 }
 
 TEST(CertificateQueryTest, AQueryMeansTheWholeNameOrItsAssertions) {
     const char* const name = "CN=Ivan Petrov, O=Bank,C=RU";
-    for (const char* query : {"*=*", "*", "CN=Ivan Petrov, O=Bank,C=RU", "cn=iv*", "CN=Iv*,C=RU", "O=Bank",
-                              "C=RU, CN=*", "*Petrov*"})
+    for (const char* query :
+         {"*=*", "*", "CN=Ivan Petrov, O=Bank,C=RU", "cn=iv*", "CN=Iv*,C=RU", "O=Bank", "C=RU, CN=*", "*Petrov*"})
         EXPECT_TRUE(MatchesQuery(name, query)) << query;
     for (const char* query : {"", "CN=Iv", "CN=QQQ,C=RU", "CN=Iv*,C=DE", "Ivan Petrov", "U"})
         EXPECT_FALSE(MatchesQuery(name, query)) << query;

@@ -77,9 +77,8 @@ TEST_F(AddMaskTest, BlanksAreAMaskLikeAnyOther) {
 }
 
 TEST_F(AddMaskTest, LeavingGivesNoMask) {
-    const std::vector<std::function<void()>> waysOut{[this] { user_.Click(ui::IdCancel); },
-                                                     [this] { user_.Press(Key::Escape); },
-                                                     [this] { user_.PressCloseBox(); }};
+    const std::vector<std::function<void()>> waysOut{
+        [this] { user_.Click(ui::IdCancel); }, [this] { user_.Press(Key::Escape); }, [this] { user_.PressCloseBox(); }};
     for (const auto& leave : waysOut) {
         AddMask dialog(world_->Screen(), nullptr, {}, L"*.old");
         EXPECT_EQ(Show(dialog, leave), ui::IdCancel);

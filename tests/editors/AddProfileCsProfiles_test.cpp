@@ -31,8 +31,7 @@ TEST_F(AddProfileCsProfiles, ChoosingOneShowsItsSettings) {
 
 TEST_F(AddProfileCsProfiles, ChoosingAnotherKeepsWhatWasChanged) {
     const auto profile = Edit(Alpha(), [this](ui::Dialog&) {
-        for (const int box : {NotUseLdap, NotAddCert, NotCopyToLocal, NotLoadCrl, VerifyTsp, UseAia})
-            user_.Click(box);
+        for (const int box : {NotUseLdap, NotAddCert, NotCopyToLocal, NotLoadCrl, VerifyTsp, UseAia}) user_.Click(box);
         user_.Click(NoTspIsError);
         user_.Type(Period, L"7");
         user_.Type(Tsp, L"http://other");

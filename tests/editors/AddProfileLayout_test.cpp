@@ -18,17 +18,15 @@ class AddProfileLayout : public ProfileEditorTest {
 
 TEST_F(AddProfileLayout, TabVisitsEveryUsableControlInReadingOrder) {
     Edit({}, [this](ui::Dialog&) {
-        EXPECT_EQ(user_.TabOrder(),
-                  (std::vector<int>{1037, 1001, 1098, 1099, 1054, 1055, 1056, 1057, 1064, 1058,
-                                    1060, 1062, 1076, 1077, 1078, 1080, 1079, 1093, 1,    2}));
+        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{1037, 1001, 1098, 1099, 1054, 1055, 1056, 1057, 1064, 1058,
+                                                      1060, 1062, 1076, 1077, 1078, 1080, 1079, 1093, 1,    2}));
         Leave();
     });
     Edit(Alpha(), [this](ui::Dialog&) {
         user_.Click(VerifyTsp);
         user_.Click(Name);
-        EXPECT_EQ(user_.TabOrder(),
-                  (std::vector<int>{1037, 1001, 1098, 1099, 1054, 1055, 1056, 1057, 1064, 1058, 1059,
-                                    1060, 1061, 1062, 1076, 1077, 1078, 1080, 1079, 1093, 1,    2}));
+        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{1037, 1001, 1098, 1099, 1054, 1055, 1056, 1057, 1064, 1058, 1059,
+                                                      1060, 1061, 1062, 1076, 1077, 1078, 1080, 1079, 1093, 1,    2}));
         Leave();
     });
 }

@@ -45,8 +45,8 @@ TEST_F(AddProfileOpening, ANewProfileStartsWithTheFirstStoreProfileAndTheDefault
     expected.ZCSProfile = {L"Office"};
     expected.ServerTSP = {L"0"};
     expected.NotUseLDAP = {1};
-    for (auto* list : {&expected.NotCopyToLocal, &expected.AutoUseTSP, &expected.AutoVerifyTSP,
-                       &expected.NoTSPisError, &expected.UseAIA, &expected.NotAddCert, &expected.NotLoadCrl})
+    for (auto* list : {&expected.NotCopyToLocal, &expected.AutoUseTSP, &expected.AutoVerifyTSP, &expected.NoTSPisError,
+                       &expected.UseAIA, &expected.NotAddCert, &expected.NotLoadCrl})
         *list = {0};
     expected.CrlUpdatePeriod = {1};
     EXPECT_EQ(profile, expected);

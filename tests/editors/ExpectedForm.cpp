@@ -13,8 +13,7 @@ const Codes recipientOperations{L"ENCR", L"LENC", L"SGEN"};
 const Codes signerOperations{L"CHCK", L"CHKX", L"DCHK", L"RESG", L"DCCX"};
 const Codes archiveOrNot{L"ENCR", L"DECR", L"LENC", L"LDEC", L"SGEN", L"DCCX"};
 const Codes archiveAlways{L"ARCH", L"UNAR"};
-const Codes withoutStoreProfile{L"MOVE", L"DELE", L"B64E", L"B64D", L"ARCH",
-                                L"UNAR", L"PACK", L"UNPK", L"EXEC"};
+const Codes withoutStoreProfile{L"MOVE", L"DELE", L"B64E", L"B64D", L"ARCH", L"UNAR", L"PACK", L"UNPK", L"EXEC"};
 
 constexpr wchar_t formats[] = L"Attached signature|Detached signature| ";
 constexpr wchar_t hidden[] = L"hidden";
@@ -119,8 +118,7 @@ void ExpectedForm::ShowRows(Seen& seen) const {
     };
     if (HasArchive())
         show(1109, L"Use archivation:", 1106,
-             (OffersNo() ? L"No|ZIP archivation|GZIP archivation| " : L"ZIP archivation|GZIP archivation| ") +
-                 archive);
+             (OffersNo() ? L"No|ZIP archivation|GZIP archivation| " : L"ZIP archivation|GZIP archivation| ") + archive);
     if (Is(L"RESG")) {
         show(1108, L"Input signature format:", 1105, Format(inDetached));
         show(1109, L"Output signature format:", 1106, Format(outDetached));

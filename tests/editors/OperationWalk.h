@@ -21,8 +21,7 @@ class OperationWalk : public RuleEditorTest {
         if (form.HasSigners()) PutInSigners(form);
         if (form.HasArchive()) PutInArchive(form);
         if (form.Is(L"RESG")) PutInResignOptions(form);
-        if (form.Is(L"MOVE") || form.Is(L"EXEC"))
-            user_.Paste(ruleid::ActionField, form.path = L"C:\\Path" + step);
+        if (form.Is(L"MOVE") || form.Is(L"EXEC")) user_.Paste(ruleid::ActionField, form.path = L"C:\\Path" + step);
         if (form.Is(L"MOVE")) {
             user_.Paste(ruleid::TextA, form.rowA = L"a" + step);
             user_.Paste(ruleid::TextB, form.rowB = L"b" + step);

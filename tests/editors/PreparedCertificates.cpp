@@ -53,8 +53,7 @@ std::vector<std::string> PreparedCertificates::OpenedFor() const {
     const std::string opening = "Initialize \"";
     std::vector<std::string> names;
     for (const std::string& call : library_.Calls())
-        if (call.starts_with(opening))
-            names.push_back(call.substr(opening.size(), call.rfind('"') - opening.size()));
+        if (call.starts_with(opening)) names.push_back(call.substr(opening.size(), call.rfind('"') - opening.size()));
     return names;
 }
 
@@ -68,8 +67,8 @@ int PreparedCertificates::RunModal(ui::Dialog& dialog) {
     return result;
 }
 
-int PreparedCertificates::ShowMessageBox(const ui::Dialog* owner, const std::wstring& text,
-                                         const std::wstring& caption, uint32_t flags) {
+int PreparedCertificates::ShowMessageBox(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
+                                         uint32_t flags) {
     return inForms_ ? forms_.ShowMessageBox(owner, text, caption, flags)
                     : real_.ShowMessageBox(owner, text, caption, flags);
 }
@@ -101,8 +100,7 @@ void PreparedCertificates::EditLists(certs::SignerList& form) {
     form.UserPressedOk();
 }
 
-void PreparedCertificates::Pick(certs::CPreEncryptDlg& picker,
-                                const std::vector<config::CertificateRef>& names) {
+void PreparedCertificates::Pick(certs::CPreEncryptDlg& picker, const std::vector<config::CertificateRef>& names) {
     CheckAll(picker, pickid::Chosen);
     Click(picker, pickid::Remove);
     demo::StandInOwners owners;

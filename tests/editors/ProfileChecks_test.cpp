@@ -59,12 +59,10 @@ TEST(ProfileChecks, AServerInUseHasAName) {
         EXPECT_EQ(refusal->text, L"Please, type TSP data.");
         EXPECT_EQ(refusal->field, ProfileField::TimeStampServer);
         EXPECT_FALSE(CheckTimeStampServer(false, none));
-        EXPECT_EQ(
-            Wrong({.Name = L"x", .HandlerTimeout = 1, .UsesTimeStampServer = true, .TimeStampServer = none}),
-            L"Please, type TSP data.");
+        EXPECT_EQ(Wrong({.Name = L"x", .HandlerTimeout = 1, .UsesTimeStampServer = true, .TimeStampServer = none}),
+                  L"Please, type TSP data.");
     }
-    for (const wchar_t* server : {L"00", L" ", L"http://tsp"})
-        EXPECT_FALSE(CheckTimeStampServer(true, server));
+    for (const wchar_t* server : {L"00", L" ", L"http://tsp"}) EXPECT_FALSE(CheckTimeStampServer(true, server));
 }
 
 TEST(ProfileChecks, TheFirstFaultIsTold) {

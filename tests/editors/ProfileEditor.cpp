@@ -35,8 +35,8 @@ config::ServiceProfile ProfileEditorTest::With(const Texts& csProfiles) {
     return profile;
 }
 
-std::optional<config::ServiceProfile> ProfileEditorTest::Edit(
-    const config::ServiceProfile& profile, const std::function<void(ui::Dialog&)>& script) {
+std::optional<config::ServiceProfile> ProfileEditorTest::Edit(const config::ServiceProfile& profile,
+                                                              const std::function<void(ui::Dialog&)>& script) {
     editors::CAddProfile dialog(services_, nullptr, profile, profileNames_, csProfileNames_, memory_);
     user_.Expect<editors::CAddProfile>(script);
     const int result = dialog.DoModal();
@@ -60,8 +60,7 @@ void ProfileEditorTest::DeleteSelected() {
 
 std::wstring ProfileEditorTest::ShownSettings() const {
     std::wstring settings;
-    for (const int box :
-         {NotUseLdap, NotAddCert, NotCopyToLocal, NotLoadCrl, UseTsp, VerifyTsp, NoTspIsError, UseAia})
+    for (const int box : {NotUseLdap, NotAddCert, NotCopyToLocal, NotLoadCrl, UseTsp, VerifyTsp, NoTspIsError, UseAia})
         if (IsChecked(box)) settings += std::to_wstring(box) + L" ";
     return settings + user_.Text(Period) + L" h. " + user_.Text(Tsp);
 }

@@ -28,8 +28,7 @@ class ProfileEditorTest : public WorldTest {
 
     // "Alpha" with the store profiles "Office" and "Bank".
     static config::ServiceProfile Alpha();
-    static config::ServiceProfile With(
-        const Texts& csProfiles);  // the settings of all are those of a new one
+    static config::ServiceProfile With(const Texts& csProfiles);  // the settings of all are those of a new one
 
     // Opens the editor on the profile; the user does what the script says and has to leave. The finished
     // profile, nothing when the user gave up.
@@ -48,9 +47,7 @@ class ProfileEditorTest : public WorldTest {
     // The shown settings in one line: the checked boxes by their ids, the period and the server.
     std::wstring ShownSettings() const;
     Texts CsProfiles() const { return user_.Get<ui::ListBox>(profileid::CsProfiles).Items(); }
-    std::wstring SelectedCsProfile() const {
-        return user_.Get<ui::ListBox>(profileid::CsProfiles).SelectedItem();
-    }
+    std::wstring SelectedCsProfile() const { return user_.Get<ui::ListBox>(profileid::CsProfiles).SelectedItem(); }
 
     Texts profileNames_{L"Alpha", L"Beta"};
     Texts csProfileNames_{L"Office", L"Bank", L"Tax", L"OFFICE"};

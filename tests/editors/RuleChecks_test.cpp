@@ -34,8 +34,7 @@ Refusal Bad(FormField field, const wchar_t* text, uint32_t code, const wchar_t* 
 class RuleChecks : public testing::Test {
   protected:
     RuleChecks() {
-        for (const wchar_t* folder : {L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second"})
-            files_.AddFolder(folder);
+        for (const wchar_t* folder : {L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second"}) files_.AddFolder(folder);
     }
 
     static RuleForm Valid(const std::wstring& operation) {
@@ -50,8 +49,7 @@ class RuleChecks : public testing::Test {
         return form;
     }
     std::optional<Refusal> Find(const RuleForm& form) { return Validate(form, files_); }
-    std::optional<Refusal> FindAfter(const std::wstring& operation,
-                                     const std::function<void(RuleForm&)>& spoil) {
+    std::optional<Refusal> FindAfter(const std::wstring& operation, const std::function<void(RuleForm&)>& spoil) {
         RuleForm form = Valid(operation);
         spoil(form);
         return Find(form);
@@ -78,13 +76,10 @@ TEST_F(RuleChecks, AValidRuleOfEveryOperationPasses) {
 TEST_F(RuleChecks, ComeInTheirOrder) {
     const std::vector<NamedRefusal> fromLastToFirst{
         {[](RuleForm& f) { f.Recipients.clear(); },
-         Missing(FormField::ActionButton, L"No certificate is selected for operation.",
-                 ui::Icon::Recipients)},
+         Missing(FormField::ActionButton, L"No certificate is selected for operation.", ui::Icon::Recipients)},
         {[](RuleForm& f) { f.Masks.clear(); }, {.field = FormField::Masks, .text = L"No Mask selected."}},
-        {[](RuleForm& f) { f.PathError = L"C:\\e"; },
-         Bad(FormField::PathError, L"Bad Error folder.", 2, L"C:\\e")},
-        {[](RuleForm& f) { f.PathOut = L"C:\\o"; },
-         Bad(FormField::PathOut, L"Bad Output folder.", 2, L"C:\\o")},
+        {[](RuleForm& f) { f.PathError = L"C:\\e"; }, Bad(FormField::PathError, L"Bad Error folder.", 2, L"C:\\e")},
+        {[](RuleForm& f) { f.PathOut = L"C:\\o"; }, Bad(FormField::PathOut, L"Bad Output folder.", 2, L"C:\\o")},
         {[](RuleForm& f) { f.PathIn = L"C:\\i"; }, Bad(FormField::PathIn, L"Bad Input folder.", 2, L"C:\\i")},
         {[](RuleForm& f) { f.PathError = L"0"; },
          Missing(FormField::PathError, L"No Error folder selected.", ui::Icon::FolderError)},
@@ -92,8 +87,7 @@ TEST_F(RuleChecks, ComeInTheirOrder) {
          Missing(FormField::PathOut, L"No Output folder selected.", ui::Icon::FolderOut)},
         {[](RuleForm& f) { f.PathIn = L"0"; },
          Missing(FormField::PathIn, L"No Input folder selected.", ui::Icon::FolderIn)},
-        {[](RuleForm& f) { f.Operation = L""; },
-         {.field = FormField::Operation, .text = L"No operation selected."}},
+        {[](RuleForm& f) { f.Operation = L""; }, {.field = FormField::Operation, .text = L"No operation selected."}},
     };
     RuleForm form = Valid(L"ENCR");
     for (const NamedRefusal& fault : fromLastToFirst) {
@@ -110,8 +104,7 @@ TEST_F(RuleChecks, TheLastOnesAreThoseOfTheActionField) {
     EXPECT_EQ(Find(move)->text, L"No Mask selected.");
     RuleForm exec = Valid(L"EXEC");
     exec.ActionPath = L"0";
-    EXPECT_EQ(Find(exec),
-              Missing(FormField::ActionPath, L"Executable file is not set.", ui::Icon::Executable));
+    EXPECT_EQ(Find(exec), Missing(FormField::ActionPath, L"Executable file is not set.", ui::Icon::Executable));
     exec.Masks.clear();
     EXPECT_EQ(Find(exec)->text, L"No Mask selected.");
 }
@@ -148,9 +141,8 @@ TEST_F(RuleChecks, ReportTheSystemsCodeAndKeepSilentAboutOne) {
     for (const uint32_t code : {2U, 3U, 5U, 53U, 80U}) {
         files_.SetFault([code](size_t number, const auto&) { return number == 1 ? code : 0U; });
         files_.ForgetCalls();
-        const Refusal expected = code == 80
-                                     ? Refusal{.field = FormField::PathOut, .shown = Silence}
-                                     : Bad(FormField::PathOut, L"Bad Output folder.", code, L"C:\\Out");
+        const Refusal expected = code == 80 ? Refusal{.field = FormField::PathOut, .shown = Silence}
+                                            : Bad(FormField::PathOut, L"Bad Output folder.", code, L"C:\\Out");
         EXPECT_EQ(Find(Valid(L"HASH")), expected);
     }
 }
@@ -169,8 +161,7 @@ TEST_F(RuleChecks, AnExecutableNeedsToBeSetAndNoMore) {
 TEST_F(RuleChecks, OnlyEncryptingNeedsRecipients) {
     const std::set<std::wstring_view> needing{L"ENCR", L"LENC", L"SGEN"};
     for (const config::Operation& operation : config::Operations()) {
-        const auto refusal =
-            FindAfter(std::wstring(operation.code), [](RuleForm& f) { f.Recipients.clear(); });
+        const auto refusal = FindAfter(std::wstring(operation.code), [](RuleForm& f) { f.Recipients.clear(); });
         EXPECT_EQ(refusal.has_value(), needing.contains(operation.code));
     }
 }
@@ -178,9 +169,9 @@ TEST_F(RuleChecks, OnlyEncryptingNeedsRecipients) {
 TEST_F(RuleChecks, OnlyDeletingNeedsNoOutputFolder) {
     for (const config::Operation& operation : config::Operations())
         for (const wchar_t* notSet : {L"", L"0"})
-            EXPECT_EQ(FindAfter(std::wstring(operation.code), [notSet](RuleForm& f) { f.PathOut = notSet; })
-                          .has_value(),
-                      operation.code != L"DELE");
+            EXPECT_EQ(
+                FindAfter(std::wstring(operation.code), [notSet](RuleForm& f) { f.PathOut = notSet; }).has_value(),
+                operation.code != L"DELE");
 }
 
 }  // namespace

@@ -22,8 +22,7 @@ std::wstring Seeing(const ui::Control& control) {
 
 RuleEditorTest::RuleEditorTest() {
     Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\n");
-    for (const wchar_t* folder : {L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second"})
-        files_.AddFolder(folder);
+    for (const wchar_t* folder : {L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second"}) files_.AddFolder(folder);
     profile_.Name = L"Alpha";
     profile_.ZCSProfile = {L"Office", L"Bank", L"Tax"};
 }

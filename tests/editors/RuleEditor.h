@@ -29,8 +29,7 @@ class RuleEditorTest : public WorldTest {
 
     // Opens the editor on the rule; the user does what the script says and has to leave. The finished rule,
     // nothing when the user gave up.
-    std::optional<config::Rule> Edit(const config::Rule& rule,
-                                     const std::function<void(ui::Dialog&)>& script);
+    std::optional<config::Rule> Edit(const config::Rule& rule, const std::function<void(ui::Dialog&)>& script);
 
     // A rule of the operation with every field of a rule set, its folders existing.
     static config::Rule FullRule(const std::wstring& operation);

@@ -156,9 +156,8 @@ TEST_F(RuleEditorActions, TextsTakeNoMoreThanTheRegistryGivesBack) {
     const std::wstring pasted(600, L'x');
     const std::wstring longest(519, L'x');
     Edit(PlainRule(L"MOVE"), [&](ui::Dialog& dialog) {
-        for (const int field :
-             {ruleid::Description, ruleid::PathIn, ruleid::PathOut, ruleid::PathError, ruleid::ActionField,
-              ruleid::TextA, ruleid::TextB, ruleid::TextC, ruleid::TextD}) {
+        for (const int field : {ruleid::Description, ruleid::PathIn, ruleid::PathOut, ruleid::PathError,
+                                ruleid::ActionField, ruleid::TextA, ruleid::TextB, ruleid::TextC, ruleid::TextD}) {
             user_.Paste(field, pasted);
             EXPECT_EQ(user_.Text(field), longest) << field;
         }

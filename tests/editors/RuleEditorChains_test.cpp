@@ -49,8 +49,7 @@ class OperationChain : public OperationWalk {
         });
     }
     void ExpectArchive(const std::wstring& expected, const std::vector<const wchar_t*>& chains) {
-        for (const wchar_t* chain : Some(chains))
-            Go(chain, [&] { EXPECT_EQ(Chosen(ruleid::ListB), expected); });
+        for (const wchar_t* chain : Some(chains)) Go(chain, [&] { EXPECT_EQ(Chosen(ruleid::ListB), expected); });
     }
     void ExpectCount(const std::wstring& expected, const std::vector<const wchar_t*>& chains) {
         for (const wchar_t* chain : Some(chains))
@@ -84,20 +83,18 @@ TEST_F(OperationChain, OfThreeOperationsEachKeepsAndDropsWhatItShould) {
 }
 
 TEST_F(OperationChain, TheKindOfArchiveOutlivesOperationsWithoutOne) {
-    ExpectArchive(L"GZIP archivation",
-                  {L"DECR HASH MOVE DECR", L"DECR HASH DECR", L"ARCH HASH DECR", L"DECR EXEC ARCH",
-                   L"ARCH HASH MOVE UNAR", L"ARCH EXEC MOVE DCCX", L"SGEN PACK MOVE EXEC LENC"});
+    ExpectArchive(L"GZIP archivation", {L"DECR HASH MOVE DECR", L"DECR HASH DECR", L"ARCH HASH DECR", L"DECR EXEC ARCH",
+                                        L"ARCH HASH MOVE UNAR", L"ARCH EXEC MOVE DCCX", L"SGEN PACK MOVE EXEC LENC"});
 }
 
 TEST_F(OperationChain, MovingForgetsTheArchiveOfTheOperationBeforeIt) {
-    ExpectArchive(L"No",
-                  {L"DECR MOVE DECR", L"DECR MOVE HASH DECR", L"ARCH MOVE DECR", L"UNAR MOVE EXEC ENCR"});
+    ExpectArchive(L"No", {L"DECR MOVE DECR", L"DECR MOVE HASH DECR", L"ARCH MOVE DECR", L"UNAR MOVE EXEC ENCR"});
     ExpectArchive(L"ZIP archivation", {L"DECR MOVE ARCH", L"ARCH MOVE ARCH", L"UNAR MOVE HASH UNAR"});
 }
 
 TEST_F(OperationChain, ResigningForgetsTheArchiveAndItsFormatsAreNone) {
-    ExpectArchive(L"No", {L"DECR RESG DECR", L"ARCH RESG DECR", L"DECR HASH RESG HASH DECR",
-                          L"RESG MOVE DECR", L"RESG HASH MOVE DECR"});
+    ExpectArchive(L"No", {L"DECR RESG DECR", L"ARCH RESG DECR", L"DECR HASH RESG HASH DECR", L"RESG MOVE DECR",
+                          L"RESG HASH MOVE DECR"});
     ExpectArchive(L"ZIP archivation", {L"ARCH RESG ARCH", L"RESG MOVE ARCH", L"RESG EXEC UNAR"});
 }
 

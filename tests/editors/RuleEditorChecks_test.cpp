@@ -41,8 +41,7 @@ TEST_F(RuleEditorChecks, MissingFolders) {
         ExpectRefused(rule, ruleid::PathOut,
                       [this] { ExpectErrBox(L"No Output folder selected.", ui::Icon::FolderOut); });
         rule.PathIn = notSet;
-        ExpectRefused(rule, ruleid::PathIn,
-                      [this] { ExpectErrBox(L"No Input folder selected.", ui::Icon::FolderIn); });
+        ExpectRefused(rule, ruleid::PathIn, [this] { ExpectErrBox(L"No Input folder selected.", ui::Icon::FolderIn); });
     }
 }
 
@@ -52,8 +51,7 @@ TEST_F(RuleEditorChecks, BadFolders) {
     ExpectRefused(rule, ruleid::ActionField,
                   [this] { ExpectReport(L"C:\\nowhere", L"2", L"Bad Second Output folder."); });
     rule.PathError = L"C:\\no\\where";
-    ExpectRefused(rule, ruleid::PathError,
-                  [this] { ExpectReport(L"C:\\no\\where", L"3", L"Bad Error folder."); });
+    ExpectRefused(rule, ruleid::PathError, [this] { ExpectReport(L"C:\\no\\where", L"3", L"Bad Error folder."); });
     rule.PathOut = L"C:\\100%s";
     ExpectRefused(rule, ruleid::PathOut, [this] { ExpectReport(L"C:\\100%s", L"2", L"Bad Output folder."); });
     rule.PathIn = L"data\\in";
@@ -80,9 +78,8 @@ TEST_F(RuleEditorChecks, NoRecipients) {
     for (const wchar_t* code : {L"ENCR", L"LENC", L"SGEN"}) {
         config::Rule rule = FullRule(code);
         rule.Certificates.clear();
-        ExpectRefused(rule, ruleid::ActionButton, [this] {
-            ExpectErrBox(L"No certificate is selected for operation.", ui::Icon::Recipients);
-        });
+        ExpectRefused(rule, ruleid::ActionButton,
+                      [this] { ExpectErrBox(L"No certificate is selected for operation.", ui::Icon::Recipients); });
     }
 }
 

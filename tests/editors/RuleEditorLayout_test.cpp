@@ -11,14 +11,13 @@ using RuleEditorLayout = RuleEditorTest;
 
 TEST_F(RuleEditorLayout, TabVisitsEveryUsableControlInReadingOrder) {
     Edit(FullRule(L"PACK"), [this](ui::Dialog&) {
-        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{1042, 1079, 1000, 1045, 1043, 1046, 1044, 1047, 1049,
-                                                      1001, 1124, 1125, 1126, 1139, 1140, 1141, 1137, 1, 2}));
+        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{1042, 1079, 1000, 1045, 1043, 1046, 1044, 1047, 1049, 1001, 1124,
+                                                      1125, 1126, 1139, 1140, 1141, 1137, 1, 2}));
         Leave();
     });
     Edit(FullRule(L"RESG"), [this](ui::Dialog&) {
-        EXPECT_EQ(user_.TabOrder(),
-                  (std::vector<int>{1042, 1051, 1079, 1000, 1045, 1043, 1046, 1044, 1047, 1050,
-                                    1049, 1001, 1124, 1125, 1126, 1105, 1106, 1107, 1,    2}));
+        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{1042, 1051, 1079, 1000, 1045, 1043, 1046, 1044, 1047, 1050,
+                                                      1049, 1001, 1124, 1125, 1126, 1105, 1106, 1107, 1,    2}));
         Leave();
     });
 }

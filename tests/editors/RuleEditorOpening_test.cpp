@@ -94,8 +94,7 @@ TEST_F(RuleEditorOpening, TheControlsThatNeverChange) {
 TEST_F(RuleEditorOpening, OffersEveryOperationByItsName) {
     Edit({}, [this](ui::Dialog&) {
         Texts names;
-        for (const config::Operation& operation : config::Operations())
-            names.emplace_back(operation.displayName);
+        for (const config::Operation& operation : config::Operations()) names.emplace_back(operation.displayName);
         EXPECT_EQ(user_.Get<ui::ComboBox>(ruleid::Operation).Items(), names);
         Leave();
     });

@@ -11,14 +11,12 @@ constexpr int office = 0, bank = 1, tax = 2;
 class RuleEditorStoreProfiles : public RuleEditorTest {
   protected:
     void ExpectRecipientsQuestion(int answer) {
-        ExpectQuestion(
-            L"Recipients field must be clean to change CS profile.\r\nDelete all recipients from rule?",
-            answer);
+        ExpectQuestion(L"Recipients field must be clean to change CS profile.\r\nDelete all recipients from rule?",
+                       answer);
     }
     void ExpectSignersQuestion(int answer) {
-        ExpectQuestion(
-            L"Signers field must be clean to change CS profile.\r\nDelete all signer lists from rule?",
-            answer);
+        ExpectQuestion(L"Signers field must be clean to change CS profile.\r\nDelete all signer lists from rule?",
+                       answer);
     }
 };
 

@@ -44,8 +44,7 @@ class LibraryOfTheSystem {
     explicit LibraryOfTheSystem(const char* owners) {
         if (fs::exists(library_)) return;  // the real one
         std::error_code refused;
-        fs::copy_file(fs::path(platform::win32::ProgramFolder()) / L"demo" / L"morcel1.dll", library_,
-                      refused);
+        fs::copy_file(fs::path(platform::win32::ProgramFolder()) / L"demo" / L"morcel1.dll", library_, refused);
         isOurs_ = !refused;
         if (isOurs_) std::ofstream(owners_) << owners;
     }
@@ -73,10 +72,8 @@ class CertificatesTest : public ::testing::Test {
         fs::remove_all(folder_);
         fs::create_directories(folder_ / L"files");
         fs::copy_file(fs::path(platform::win32::ProgramFolder()) / L"brisgate.exe", program_);
-        fs::copy_file(fs::path(platform::win32::ProgramFolder()) / L"demo" / L"morcel1.dll",
-                      folder_ / L"morcel1.dll");
-        Serve(
-            "local | 1C | 01 | CN=Anna,C=DE\nlocal | 1C | 02 | CN=Boris,C=RU\nnetwork | 1C | 03 | CN=Far\n");
+        fs::copy_file(fs::path(platform::win32::ProgramFolder()) / L"demo" / L"morcel1.dll", folder_ / L"morcel1.dll");
+        Serve("local | 1C | 01 | CN=Anna,C=DE\nlocal | 1C | 02 | CN=Boris,C=RU\nnetwork | 1C | 03 | CN=Far\n");
         Clear();
         demo::ApplyRegistryText(Configuration(), registry_);
     }
@@ -156,8 +153,8 @@ TEST_F(CertificatesTest, RecipientsFromTheLocalStoreArriveInTheRegistry) {
     Editor::Press(editor.MainWindow(), IDOK);
     EXPECT_TRUE(editor.WaitForEnd());
     const std::string saved = Dump();
-    for (const char* line : {"Ext num = 2\n", "C0 = \"CN=Boris,C=RU\"\n", "C1 = \"CN=Anna,C=DE\"\n",
-                             "LastCrlUpdate = { \"Office;;"})
+    for (const char* line :
+         {"Ext num = 2\n", "C0 = \"CN=Boris,C=RU\"\n", "C1 = \"CN=Anna,C=DE\"\n", "LastCrlUpdate = { \"Office;;"})
         EXPECT_NE(saved.find(line), std::string::npos) << line << saved;
 }
 
@@ -170,8 +167,7 @@ TEST_F(CertificatesTest, WhatTheLibraryHasToSayOfAFailureIsShown) {
     const HWND warning = editor.WaitForWindow(L"Warning:");
     ASSERT_NE(warning, nullptr);
     const std::wstring text = Editor::TextOf(warning, boxid::WarningText);
-    EXPECT_TRUE(text.starts_with(L"Cryptocontext initialization.\r\nKSEAL error 0x20000001 - "))
-        << text.size();
+    EXPECT_TRUE(text.starts_with(L"Cryptocontext initialization.\r\nKSEAL error 0x20000001 - ")) << text.size();
     EXPECT_NE(text.find(L"KSEAL stek, error number 1\r\nError: line 1: "), std::wstring::npos);
     Editor::Press(warning, IDCANCEL);
     EXPECT_TRUE(editor.WaitUntilGone(warning));
@@ -181,9 +177,8 @@ TEST_F(CertificatesTest, WhatTheLibraryHasToSayOfAFailureIsShown) {
 // Libraries that the system looks for in many places, for the pickers, the pictures and the messages.
 TEST_F(CertificatesTest, NothingIsLoadedFromTheCurrentFolderOrThePath) {
     const fs::path elsewhere = folder_ / L"files";
-    for (const wchar_t* name :
-         {L"comctl32.dll", L"uxtheme.dll", L"wininet.dll", L"version.dll", L"dwmapi.dll", L"propsys.dll",
-          L"windowscodecs.dll", L"cryptbase.dll", L"profapi.dll"})
+    for (const wchar_t* name : {L"comctl32.dll", L"uxtheme.dll", L"wininet.dll", L"version.dll", L"dwmapi.dll",
+                                L"propsys.dll", L"windowscodecs.dll", L"cryptbase.dll", L"profapi.dll"})
         fs::copy_file(folder_ / L"morcel1.dll", elsewhere / name);
     const SearchedFolder searched(elsewhere);
     const Editor editor(program_.wstring());
@@ -210,8 +205,8 @@ TEST_F(CertificatesTest, ALibraryInTheCurrentFolderOrOnThePathIsNotTaken) {
     Editor::Press(rule, ruleid::ActionButton);
     const HWND warning = editor.WaitForWindow(L"Warning:");
     ASSERT_NE(warning, nullptr);
-    EXPECT_TRUE(Editor::TextOf(warning, boxid::WarningText)
-                    .starts_with(L"Cryptocontext initialization.\r\nError 0x7E - "));
+    EXPECT_TRUE(
+        Editor::TextOf(warning, boxid::WarningText).starts_with(L"Cryptocontext initialization.\r\nError 0x7E - "));
 }
 
 TEST_F(CertificatesTest, TheLibraryBesideTheProgramComesBeforeThatOfTheSystem) {

@@ -73,10 +73,9 @@ class RemoteItem {
         item.cchTextMax = static_cast<int>(text.size());
         item.pszText = reinterpret_cast<wchar_t*>(memory_ + textOffset);
         WriteProcessMemory(process_, memory_, &item, sizeof item, nullptr);
-        const auto length = static_cast<size_t>(SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row),
-                                                             reinterpret_cast<LPARAM>(memory_)));
-        ReadProcessMemory(process_, memory_ + textOffset, text.data(), text.size() * sizeof(wchar_t),
-                          nullptr);
+        const auto length = static_cast<size_t>(
+            SendMessageW(list, LVM_GETITEMTEXTW, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(memory_)));
+        ReadProcessMemory(process_, memory_ + textOffset, text.data(), text.size() * sizeof(wchar_t), nullptr);
         text.resize(length);
         return text;
     }
@@ -97,8 +96,7 @@ Editor::Editor(const std::wstring& program) {
     std::wstring command = L"\"" + program + L"\"";
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process_))
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process_))
         throw std::runtime_error("the editor does not start");
 }
 
@@ -131,15 +129,14 @@ HWND Editor::WaitForBox() const {
 std::vector<std::wstring> Editor::Modules() const {
     std::vector<HMODULE> modules(1024);
     DWORD needed = 0;
-    if (!EnumProcessModules(process_.hProcess, modules.data(),
-                            static_cast<DWORD>(modules.size() * sizeof(HMODULE)), &needed))
+    if (!EnumProcessModules(process_.hProcess, modules.data(), static_cast<DWORD>(modules.size() * sizeof(HMODULE)),
+                            &needed))
         throw std::runtime_error("the program does not tell its modules");
     modules.resize(std::min(modules.size(), needed / sizeof(HMODULE)));
     std::vector<std::wstring> files;
     for (const HMODULE module : modules) {
         std::wstring file(32768, L'\0');
-        file.resize(
-            GetModuleFileNameExW(process_.hProcess, module, file.data(), static_cast<DWORD>(file.size())));
+        file.resize(GetModuleFileNameExW(process_.hProcess, module, file.data(), static_cast<DWORD>(file.size())));
         files.push_back(file);
     }
     return files;
@@ -155,8 +152,8 @@ void Editor::Press(HWND window, int id) {
 
 std::wstring Editor::TextOf(HWND window, int id) {
     std::wstring text(1024, L'\0');
-    text.resize(static_cast<size_t>(SendMessageW(GetDlgItem(window, id), WM_GETTEXT, text.size(),
-                                                 reinterpret_cast<LPARAM>(text.data()))));
+    text.resize(static_cast<size_t>(
+        SendMessageW(GetDlgItem(window, id), WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
     return text;
 }
 
@@ -167,8 +164,7 @@ std::wstring Editor::BoxText(HWND box) {
 std::vector<std::vector<std::wstring>> Editor::Rows(HWND window, int listId, int columns) const {
     const HWND list = GetDlgItem(window, listId);
     const RemoteItem item(process_.hProcess);
-    std::vector<std::vector<std::wstring>> rows(
-        static_cast<size_t>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)));
+    std::vector<std::vector<std::wstring>> rows(static_cast<size_t>(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0)));
     for (size_t row = 0; row < rows.size(); ++row)
         for (int column = 0; column < columns; ++column)
             rows[row].push_back(item.Cell(list, static_cast<int>(row), column));
@@ -195,8 +191,7 @@ bool Editor::WaitUntilGone(HWND window) const {
 bool Editor::WaitUntil(const std::function<bool()>& holds) const {
     const ULONGLONG end = GetTickCount64() + patience;
     while (!holds()) {
-        if (GetTickCount64() > end || WaitForSingleObject(process_.hProcess, 20) == WAIT_OBJECT_0)
-            return false;
+        if (GetTickCount64() > end || WaitForSingleObject(process_.hProcess, 20) == WAIT_OBJECT_0) return false;
     }
     return true;
 }

@@ -64,9 +64,7 @@ class HeadersTest : public ::testing::Test {
         }
     }
 
-    const IMAGE_DATA_DIRECTORY& Directory(size_t entry) const {
-        return headers_.OptionalHeader.DataDirectory[entry];
-    }
+    const IMAGE_DATA_DIRECTORY& Directory(size_t entry) const { return headers_.OptionalHeader.DataDirectory[entry]; }
 
     // Letter by letter, as narrow or as wide text, in whatever case.
     bool Contains(std::string_view text) const {
@@ -121,8 +119,7 @@ TEST_F(HeadersTest, FunctionsAreMarkedAsTargetsOfJumps) {
     size_t marks = 0;
     for (const IMAGE_SECTION_HEADER& section : sections_) {
         if ((section.Characteristics & IMAGE_SCN_MEM_EXECUTE) == 0) continue;
-        const std::string_view code =
-            std::string_view(bytes_).substr(section.PointerToRawData, section.SizeOfRawData);
+        const std::string_view code = std::string_view(bytes_).substr(section.PointerToRawData, section.SizeOfRawData);
         for (size_t at = code.find(mark); at != std::string_view::npos; at = code.find(mark, at + 1)) ++marks;
     }
     EXPECT_GT(marks, 1000U);
@@ -130,9 +127,8 @@ TEST_F(HeadersTest, FunctionsAreMarkedAsTargetsOfJumps) {
 
 // Any other library could be put beside the program by someone who may write there but is no administrator.
 TEST_F(HeadersTest, ImportsOnlyWhatIsAlwaysTakenFromTheSystemFolder) {
-    const std::set<std::string> known{"advapi32.dll", "comdlg32.dll", "gdi32.dll",
-                                      "kernel32.dll", "msvcrt.dll",   "ole32.dll",
-                                      "shell32.dll",  "shlwapi.dll",  "user32.dll"};
+    const std::set<std::string> known{"advapi32.dll", "comdlg32.dll", "gdi32.dll",   "kernel32.dll", "msvcrt.dll",
+                                      "ole32.dll",    "shell32.dll",  "shlwapi.dll", "user32.dll"};
     const std::set<std::string> imported = ImportedLibraries();
     EXPECT_FALSE(imported.empty());
     for (const std::string& name : imported) EXPECT_TRUE(known.contains(name)) << name;

@@ -132,8 +132,7 @@ DWORD RunSaver(size_t write) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                        &process))
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process))
         throw std::runtime_error("the saver does not start");
     EXPECT_EQ(WaitForSingleObject(process.hProcess, saverPatience), WAIT_OBJECT_0);
     DWORD exitCode = 0;
@@ -167,8 +166,7 @@ TEST_F(KilledProcess, BeforeAWriteOfASave) {
     }
     EXPECT_EQ(RunSaver(writes.size()), SaverSaved);
     EXPECT_EQ(Dump(), whole);
-    std::printf("%zu writes, ended before %zu of them, %zu saves completed\n", writes.size(), kills,
-                completed_);
+    std::printf("%zu writes, ended before %zu of them, %zu saves completed\n", writes.size(), kills, completed_);
 }
 
 // The released program is ended, and started again: it asks, and completes what is to be completed.
@@ -189,8 +187,7 @@ TEST_F(KilledProcess, TheReleasedProgramAtAnyTime) {
         ExpectUnchangedButForTheWindow();
         Save(before_);
     }
-    std::printf("ended 6 times, %zu times in the middle of a save, %zu saves completed\n", cutShort,
-                completed_);
+    std::printf("ended 6 times, %zu times in the middle of a save, %zu saves completed\n", cutShort, completed_);
 }
 
 // The tree of the service has nothing left of a profile's rules, only the record knows them.

@@ -145,8 +145,7 @@ TEST_F(ProgramTest, TheAboutBoxTellsTheVersion) {
 }
 
 TEST_F(ProgramTest, AProfileWithoutRulesKeyIsReportedAndEndsTheProgram) {
-    demo::DeleteRegistryTree(registry_, RootKey::LocalMachine,
-                             std::wstring(serviceRoot) + L"\\Reports\\rules");
+    demo::DeleteRegistryTree(registry_, RootKey::LocalMachine, std::wstring(serviceRoot) + L"\\Reports\\rules");
     const Editor editor;
     const HWND box = editor.WaitForBox();
     ASSERT_NE(box, nullptr);
@@ -164,10 +163,9 @@ TEST_F(ProgramTest, AFirstRunWithoutACsProfileSaysWhatToDoAndEnds) {
     const Editor editor;
     const HWND box = editor.WaitForBox();
     ASSERT_NE(box, nullptr);
-    EXPECT_EQ(
-        Editor::BoxText(box),
-        L"The program has to end.\r\n"
-        L"There is no CS profile: set one up with the tools of the library and start the program anew.");
+    EXPECT_EQ(Editor::BoxText(box),
+              L"The program has to end.\r\n"
+              L"There is no CS profile: set one up with the tools of the library and start the program anew.");
     PostMessageW(box, WM_COMMAND, IDOK, 0);
     EXPECT_TRUE(editor.WaitForEnd());
 }

@@ -17,8 +17,7 @@ using ErrorReport = tests::ReporterTest;
 
 const errors::Failure refusedWrite{
     .code = 5, .operation = L"Writing integer value '%s' into register", .argument = L"Is on"};
-const wchar_t refusedWriteText[] =
-    L"Writing integer value 'Is on' into register.\r\nError 0x5 - Access is denied.";
+const wchar_t refusedWriteText[] = L"Writing integer value 'Is on' into register.\r\nError 0x5 - Access is denied.";
 
 TEST(CodeTextOf, SystemAndLibraryCodes) {
     EXPECT_EQ(CodeText(0), L"Error 0x0");
@@ -83,10 +82,9 @@ TEST_F(ErrorReport, SilenceLeavesTheLibrarysErrorsWhereTheyAre) {
     int somewhere = 0;
     const platform::kseal::Context context = &somewhere;
     library_.AddError(context, {"e", "f", 1, "d"});
-    EXPECT_EQ(
-        reporter_.ErrorReport({.mode = ReportMode::Silent},
-                              {.code = 0x20000005, .operation = L"a", .argument = L"", .context = context}),
-        0x20000005U);
+    EXPECT_EQ(reporter_.ErrorReport({.mode = ReportMode::Silent},
+                                    {.code = 0x20000005, .operation = L"a", .argument = L"", .context = context}),
+              0x20000005U);
     EXPECT_EQ(library_.WaitingErrors(context), 1U);
 }
 
@@ -156,12 +154,9 @@ TEST_F(ErrorReport, EndsOfDescriptionsAreCutOff) {
         const wchar_t* shown;
     };
     const Case cases[] = {
-        {L"Access is denied.\r\n", L"Access is denied."},
-        {L"Access is denied", L"Access is denied."},
-        {L"Access is denied...\n\r.\r\n", L"Access is denied."},
-        {L"First.\r\nSecond.\r\n", L"First.\r\nSecond."},
-        {L"Blank at the end. ", L"Blank at the end. ."},
-        {L"...", L"."},
+        {L"Access is denied.\r\n", L"Access is denied."},        {L"Access is denied", L"Access is denied."},
+        {L"Access is denied...\n\r.\r\n", L"Access is denied."}, {L"First.\r\nSecond.\r\n", L"First.\r\nSecond."},
+        {L"Blank at the end. ", L"Blank at the end. ."},         {L"...", L"."},
     };
     for (const Case& c : cases) {
         machine_.SystemMessages.SetSystemText(200, c.stored);

@@ -65,8 +65,7 @@ TEST_F(ErrorStack, PerCentSignsAndForeignLettersInItStay) {
     machine_.CodePage.Choose(platform::memory::AnsiCodePage::Cyrillic1251);
     library_.AddError(context, {"%s \xCA", "%d", 1, "100%"});
     library_.AddError(otherContext, {"%s \xCA", "%d", 1, "100%"});
-    EXPECT_EQ(Description(0x20000010, context),
-              L"Search failed\r\n%s \x041A,\r\nfile: %d, line 1, data: 100%.");
+    EXPECT_EQ(Description(0x20000010, context), L"Search failed\r\n%s \x041A,\r\nfile: %d, line 1, data: 100%.");
     EXPECT_EQ(ErrorStackText(machine_.Machine, otherContext),
               L"KSEAL stek, error number 1\r\nError: %s \x041A\r\nFile: %d\r\nData: 100%\r\n");
 }

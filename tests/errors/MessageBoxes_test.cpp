@@ -31,9 +31,8 @@ TEST_F(MessageBoxes, ReturnTheButtonPressed) {
                           {YesNo | QuestionIcon | SecondIsDefault, ui::IdNo}};
     for (const Case& c : cases) {
         user_.ExpectBox(L"First line\r\nand 100% & more", c.flags, c.button, caption);
-        EXPECT_EQ(
-            errors::PlainMessageBox(world_->Screen(), nullptr, L"First line\r\nand 100% & more", c.flags),
-            c.button);
+        EXPECT_EQ(errors::PlainMessageBox(world_->Screen(), nullptr, L"First line\r\nand 100% & more", c.flags),
+                  c.button);
     }
 }
 

@@ -30,8 +30,7 @@ class ReporterTest : public testing::Test {
     }
     // The part behind operation and code.
     std::wstring Description(uint32_t code, platform::kseal::Context context = nullptr) {
-        const std::wstring shown =
-            Shown({.code = code, .operation = L"a", .argument = L"", .context = context});
+        const std::wstring shown = Shown({.code = code, .operation = L"a", .argument = L"", .context = context});
         const std::wstring before = L"a.\r\n" + errors::CodeText(code) + L" - ";
         if (!shown.starts_with(before)) ADD_FAILURE() << "no description: " << testing::PrintToString(shown);
         return shown.substr(before.size());

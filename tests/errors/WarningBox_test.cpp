@@ -43,13 +43,11 @@ class WarningBoxTest : public testing::Test {
 
     const std::unique_ptr<tests::World> world_ = tests::World::Make();
     tests::Robot& user_ = world_->User();
-    WarningBox box_{world_->Screen(), nullptr, WarningBox::Kind::Warning,
-                    L"First line\r\nSecond & last line"};
+    WarningBox box_{world_->Screen(), nullptr, WarningBox::Kind::Warning, L"First line\r\nSecond & last line"};
 };
 
 TEST_F(WarningBoxTest, ShowsTheTextUnderItsTitle) {
-    WarningBox titled(world_->Screen(), nullptr, WarningBox::Kind::Information, L"Some text",
-                      L"Rule details");
+    WarningBox titled(world_->Screen(), nullptr, WarningBox::Kind::Information, L"Some text", L"Rule details");
     Show(titled, [&] {
         EXPECT_EQ(titled.Caption(), L"Rule details");
         EXPECT_EQ(user_.Text(tests::boxid::WarningText), L"Some text");
@@ -97,8 +95,7 @@ TEST_F(WarningBoxTest, TheTextIsReadOnlyAndScrollsBothWays) {
 
 TEST_F(WarningBoxTest, ALongStackIsShownWhole) {
     std::wstring stack;
-    for (int i = 0; i < 2'000; ++i)
-        stack += L"KSEAL stek, error number " + std::to_wstring(i) + L"\r\nError: x\r\n";
+    for (int i = 0; i < 2'000; ++i) stack += L"KSEAL stek, error number " + std::to_wstring(i) + L"\r\nError: x\r\n";
     WarningBox box(world_->Screen(), nullptr, WarningBox::Kind::Error, stack);
     Show(box, [&] { EXPECT_EQ(user_.Text(tests::boxid::WarningText), stack); });
 }
@@ -118,8 +115,7 @@ TEST_F(WarningBoxTest, EnterInTheTextDoesNotContinue) {
         ASSERT_TRUE(box_.IsOpen());
         EXPECT_EQ(user_.Text(tests::boxid::WarningText), L"First line\r\nSecond & last line");
         user_.Press(Key::Tab);
-        EXPECT_TRUE(box_.Find(closeId).HasFocus())
-            << "there is nothing between the text and the closing button";
+        EXPECT_TRUE(box_.Find(closeId).HasFocus()) << "there is nothing between the text and the closing button";
         user_.Press(Key::Escape);
     });
     EXPECT_EQ(result, ui::IdCancel);
@@ -130,13 +126,11 @@ TEST_F(WarningBoxTest, ButtonsKeepTheirDistanceToTheCornerAndTheTextGrows) {
         const ui::Size closeDistance = ToCorner(closeId);
         const ui::Size continueDistance = ToCorner(continueId);
         const ui::Rect button = Bounds(closeId);
-        for (const ui::Size growth :
-             {ui::Size{61, 0}, ui::Size{0, 43}, ui::Size{35, 27}, ui::Size{-50, -30}}) {
+        for (const ui::Size growth : {ui::Size{61, 0}, ui::Size{0, 43}, ui::Size{35, 27}, ui::Size{-50, -30}}) {
             const ui::Rect text = Bounds(tests::boxid::WarningText);
             const ui::Size inside = box_.ClientSize();
             user_.Resize(growth);
-            EXPECT_EQ(box_.ClientSize(),
-                      (ui::Size{inside.width + growth.width, inside.height + growth.height}));
+            EXPECT_EQ(box_.ClientSize(), (ui::Size{inside.width + growth.width, inside.height + growth.height}));
             EXPECT_EQ(ToCorner(closeId), closeDistance);
             EXPECT_EQ(ToCorner(continueId), continueDistance);
             EXPECT_EQ(Bounds(tests::boxid::WarningText),

@@ -51,8 +51,7 @@ class Extra {
             if (archive == 2) text_ += L"GZIP archivation";
         }
         if (rule_.Is(L"PACK")) {
-            for (const wchar_t* name : {L"ArchCount", L"ArchSize", L"ArchTimeout"})
-                AppendNumber(rule_.number.at(name));
+            for (const wchar_t* name : {L"ArchCount", L"ArchSize", L"ArchTimeout"}) AppendNumber(rule_.number.at(name));
             Append(rule_.text.at(L"ArchName"));
         }
         if (rule_.Is(L"EXEC")) {

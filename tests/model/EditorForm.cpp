@@ -18,8 +18,7 @@ int IndexOf(const std::wstring& name, const Texts& names) {
 
 }  // namespace
 
-EditorForm::EditorForm(const Rule& rule, const Texts& storeProfilesOfProfile)
-    : csProfiles(storeProfilesOfProfile) {
+EditorForm::EditorForm(const Rule& rule, const Texts& storeProfilesOfProfile) : csProfiles(storeProfilesOfProfile) {
     if (rule.Operation().empty()) return;
     operation = rule.Operation();
     store = IndexOf(rule.text.at(L"ZCSProfile"), csProfiles);
@@ -57,10 +56,8 @@ void EditorForm::ChangeOperation(const std::wstring& code) {
     if (!HasSigners()) values.signerLists.clear();
 }
 
-std::optional<EditorForm::Refusal> EditorForm::CheckFolder(const std::wstring& folder,
-                                                           const Texts& existingFolders) {
-    if (std::find(existingFolders.begin(), existingFolders.end(), folder) != existingFolders.end())
-        return std::nullopt;
+std::optional<EditorForm::Refusal> EditorForm::CheckFolder(const std::wstring& folder, const Texts& existingFolders) {
+    if (std::find(existingFolders.begin(), existingFolders.end(), folder) != existingFolders.end()) return std::nullopt;
     return Refusal{Telling::Report, L"Opening file " + folder + L".\r\nError 0x"};
 }
 
@@ -74,8 +71,7 @@ std::optional<EditorForm::Refusal> EditorForm::FirstRefusal(const Texts& existin
         if (output || path != std::wstring(L"Path Out"))
             if (auto refusal = CheckFolder(values.text.at(path), existingFolders)) return refusal;
     if (values.masks.empty()) return Refusal{Telling::MessageBox, L"No Mask selected."};
-    if (HasRecipients() && values.recipients.empty())
-        return unset(L"No certificate is selected for operation.");
+    if (HasRecipients() && values.recipients.empty()) return unset(L"No certificate is selected for operation.");
     const std::wstring& second = values.text.at(L"Path Out 2");
     if (Is(L"MOVE") && !IsUnset(second)) return CheckFolder(second, existingFolders);
     if (Is(L"EXEC") && IsUnset(values.text.at(L"ExecName"))) return unset(L"Executable file is not set.");

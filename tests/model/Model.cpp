@@ -51,8 +51,7 @@ std::optional<size_t> Model::FirstSelectedRow() const {
 }
 
 size_t Model::SelectedRows() const {
-    return static_cast<size_t>(
-        std::count_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.selected; }));
+    return static_cast<size_t>(std::count_if(rows_.begin(), rows_.end(), [](const Row& row) { return row.selected; }));
 }
 
 Texts Model::NamesWithoutKey() const {
@@ -156,8 +155,7 @@ void Model::Fill() {
     if (profile == nullptr) return;
     for (size_t i = 0; i < profile->rules.size(); ++i) {
         const Rule& rule = profile->rules[i];
-        const bool found =
-            Capitals(rule.text.at(L"Descryption")).find(Capitals(search_)) != std::wstring::npos;
+        const bool found = Capitals(rule.text.at(L"Descryption")).find(Capitals(search_)) != std::wstring::npos;
         if (!rule.Operation().empty() && found)
             rows_.push_back({i, Cells(rule, i), rule.number.at(L"Is on") != 0, false});
     }

@@ -33,8 +33,7 @@ ProfileForm::ProfileForm(const Profile& profile)
     : name(profile.name),
       timeout(std::to_wstring(std::get<int32_t>(profile.values.at(L"Handler timeout")))),
       profile_(profile) {
-    for (const std::wstring& option : optionNames)
-        options[option] = std::get<int32_t>(profile.values.at(option)) != 0;
+    for (const std::wstring& option : optionNames) options[option] = std::get<int32_t>(profile.values.at(option)) != 0;
     if (IsNew()) {
         Attach(StoreProfileFolders().front().first);
     } else {
@@ -49,9 +48,7 @@ std::wstring ProfileForm::Entry(const std::wstring& list, size_t index) const {
 
 void ProfileForm::Show(std::optional<size_t> index) {
     shown = index;
-    const auto entry = [&](const std::wstring& list) {
-        return index ? Entry(list, *index) : missingSettings.at(list);
-    };
+    const auto entry = [&](const std::wstring& list) { return index ? Entry(list, *index) : missingSettings.at(list); };
     for (const auto& [list, missing] : missingSettings)
         if (!IsText(list)) settings[list] = entry(list) != L"0";
     server = entry(L"ServerTSP");
@@ -79,9 +76,8 @@ bool ProfileForm::LacksServer() const {
 }
 
 bool ProfileForm::IsAttached(const std::wstring& csProfile) const {
-    return std::any_of(CsProfiles().begin(), CsProfiles().end(), [&](const std::wstring& attached) {
-        return Capitals(attached) == Capitals(csProfile);
-    });
+    return std::any_of(CsProfiles().begin(), CsProfiles().end(),
+                       [&](const std::wstring& attached) { return Capitals(attached) == Capitals(csProfile); });
 }
 
 std::wstring ProfileForm::DeleteQuestion() const {
@@ -94,9 +90,8 @@ std::wstring ProfileForm::DeleteQuestion() const {
     }
     const std::wstring question = L"Delete CS profile '" + ShownName() + L"' from list?";
     if (rules.empty()) return question;
-    return L"Rule(s) '" + rules + L"' of profile '" + profile_.name +
-           L"' are using sertificates of CS profile '" + ShownName() +
-           L"'.\r\nValidation of these rules will be nessesary for proper work.\r\n" + question;
+    return L"Rule(s) '" + rules + L"' of profile '" + profile_.name + L"' are using sertificates of CS profile '" +
+           ShownName() + L"'.\r\nValidation of these rules will be nessesary for proper work.\r\n" + question;
 }
 
 void ProfileForm::SwitchSetting(const std::wstring& setting) {
@@ -133,8 +128,7 @@ void ProfileForm::Detach() {
     if (!Contains(removed_, ShownName())) removed_.push_back(ShownName());
     List(L"ZCSProfile").erase(List(L"ZCSProfile").begin() + static_cast<std::ptrdiff_t>(index));
     for (const auto& [list, missing] : missingSettings)
-        if (index < List(list).size())
-            List(list).erase(List(list).begin() + static_cast<std::ptrdiff_t>(index));
+        if (index < List(list).size()) List(list).erase(List(list).begin() + static_cast<std::ptrdiff_t>(index));
     Show(0);
 }
 

@@ -6,9 +6,8 @@ namespace tests::model {
 namespace {
 
 std::wstring RandomText(Dice& dice) {
-    static const Texts words{L"",    L"0",        L"report", L"Encrypt mail", L"reports in",
-                             L"p7s", L"C:\\Data", L"C:\\In", L"\x0436\x0416", L"\x00E4nderung",
-                             L"%d",  L"a \"b\""};
+    static const Texts words{L"",         L"0",      L"report",       L"Encrypt mail",  L"reports in", L"p7s",
+                             L"C:\\Data", L"C:\\In", L"\x0436\x0416", L"\x00E4nderung", L"%d",         L"a \"b\""};
     return dice.Pick(words);
 }
 
@@ -18,8 +17,7 @@ Texts RandomList(Dice& dice, const Texts& words, size_t most) {
     return list;
 }
 
-void PutNumbered(Dice& dice, Values& key, const wchar_t* count, const std::wstring& name,
-                 const Texts& entries) {
+void PutNumbered(Dice& dice, Values& key, const wchar_t* count, const std::wstring& name, const Texts& entries) {
     key[count] = static_cast<int32_t>(entries.size());
     for (size_t i = 0; i < entries.size(); ++i)
         if (!dice.Chance(5)) key[name + std::to_wstring(i)] = entries[i];
@@ -44,16 +42,14 @@ void PutRule(Dice& dice, const std::wstring& path, Tree& tree) {
     if (dice.Chance(40)) PutNumbered(dice, key, L"Ext num", L"C", RandomList(dice, people, 3));
     for (const wchar_t* list : {L"chiefs", L"Clerks"})
         if (dice.Chance(20))
-            PutNumbered(dice, tree.Key(path + L"\\" + list), L"Signer Num", L"S",
-                        RandomList(dice, people, 3));
+            PutNumbered(dice, tree.Key(path + L"\\" + list), L"Signer Num", L"S", RandomList(dice, people, 3));
 }
 
 // Beside the names of the store profiles, mostly as many.
 void PutStoreProfileSettings(Dice& dice, Values& key) {
     const size_t stores = std::get<Texts>(key.at(L"ZCSProfile")).size();
-    for (const wchar_t* list :
-         {L"NotUseLDAP", L"NotCopyToLocal", L"AutoUseTSP", L"AutoVerifyTSP", L"NoTSPisError", L"UseAIA",
-          L"NotAddCert", L"NotLoadCrl", L"ServerTSP", L"CrlUpdatePeriod"}) {
+    for (const wchar_t* list : {L"NotUseLDAP", L"NotCopyToLocal", L"AutoUseTSP", L"AutoVerifyTSP", L"NoTSPisError",
+                                L"UseAIA", L"NotAddCert", L"NotLoadCrl", L"ServerTSP", L"CrlUpdatePeriod"}) {
         if (dice.Chance(10)) continue;
         Texts entries(dice.Chance(70) ? stores : dice.Below(5));
         for (std::wstring& entry : entries) entry = dice.Pick(Texts{L"0", L"0", L"1", L"1", L"2"});

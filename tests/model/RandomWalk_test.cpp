@@ -32,8 +32,7 @@ TEST(RandomWalk, TheProgramDoesWhatTheModelSays) {
         model::Walk walk(*world, seed);
         walk.Run(commandsOfAWalk);
         if (HasFailure())
-            std::cout << "BRISGATE_WALK_SEED=" << seed << " BRISGATE_WALKS=1 shows this again:\n"
-                      << walk.Story();
+            std::cout << "BRISGATE_WALK_SEED=" << seed << " BRISGATE_WALKS=1 shows this again:\n" << walk.Story();
     }
     EXPECT_GT(seed, first) << "not one walk";
     std::cout << "Walks " << first << " to " << seed - 1 << "\n";

@@ -25,8 +25,7 @@ std::wstring Numbered(const wchar_t* name, size_t number) {
     return name + std::to_wstring(number);
 }
 
-Texts LoadNumbered(const Tree& registry, const std::wstring& path, const wchar_t* count,
-                   const wchar_t* name) {
+Texts LoadNumbered(const Tree& registry, const std::wstring& path, const wchar_t* count, const wchar_t* name) {
     Texts entries;
     const int32_t number = registry.Get<int32_t>(path, count, 0);
     for (int32_t i = 0; i < number; ++i)
@@ -138,8 +137,7 @@ Configuration Load(Tree& registry) {
     if (registry.Subkeys(L"").empty()) CreateFirstProfile(registry);
     Configuration configuration;
     Values& settings = configuration.settings;
-    for (const auto& [name, missing] : extensions)
-        settings[name] = registry.Get<std::wstring>(L"", name, missing);
+    for (const auto& [name, missing] : extensions) settings[name] = registry.Get<std::wstring>(L"", name, missing);
     settings[L"ExtExt"] = registry.Get<Texts>(L"", L"ExtExt", {});
     settings[L"LogPath"] = registry.Get<std::wstring>(L"", L"LogPath", L"");
     settings[L"Log filesize"] = std::max(400, registry.Get<int32_t>(L"", L"Log filesize", 4000));

@@ -18,14 +18,12 @@ std::string Shown(const Value& value) {
     if (const auto* number = std::get_if<int32_t>(&value)) return std::to_string(*number);
     if (const auto* text = std::get_if<std::wstring>(&value)) return Quoted(*text);
     std::string list = "{";
-    for (const std::wstring& entry : std::get<Texts>(value))
-        list += (list == "{" ? " " : ", ") + Quoted(entry);
+    for (const std::wstring& entry : std::get<Texts>(value)) list += (list == "{" ? " " : ", ") + Quoted(entry);
     return list == "{" ? "{}" : list + " }";
 }
 
 std::string Header(const std::wstring& path) {
-    return "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice" +
-           Narrow(path.empty() ? path : L"\\" + path) + "]";
+    return "[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice" + Narrow(path.empty() ? path : L"\\" + path) + "]";
 }
 
 }  // namespace
@@ -42,8 +40,7 @@ Values& Tree::Key(const std::wstring& path) {
 
 void Tree::Erase(const std::wstring& path) {
     const std::wstring erased = Capitals(path);
-    std::erase_if(
-        keys_, [&](const auto& key) { return key.first == erased || key.first.starts_with(erased + L"\\"); });
+    std::erase_if(keys_, [&](const auto& key) { return key.first == erased || key.first.starts_with(erased + L"\\"); });
 }
 
 Texts Tree::Subkeys(const std::wstring& path) const {

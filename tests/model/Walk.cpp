@@ -151,10 +151,9 @@ void Walk::CompareProfiles() {
 
 // Only what works on the opened profile can be out of use.
 void Walk::CompareCommands() {
-    for (const int control : id::NeedProfile)
-        EXPECT_EQ(user_.CanUse(control), model_.ShowsProfile()) << control;
-    static const std::vector<int> always{command::Save, command::LogPath, command::Configurations,
-                                         command::Exit, command::AddProfile};
+    for (const int control : id::NeedProfile) EXPECT_EQ(user_.CanUse(control), model_.ShowsProfile()) << control;
+    static const std::vector<int> always{command::Save, command::LogPath, command::Configurations, command::Exit,
+                                         command::AddProfile};
     for (const ui::Menu& menu : user_.Top().MenuBar())
         for (const ui::MenuItem& item : menu.items) {
             const bool isAlways = std::find(always.begin(), always.end(), item.command) != always.end();
@@ -183,8 +182,8 @@ void Walk::CompareRegistry() {
         EXPECT_TRUE(model_.Registry() == comparedRegistry_);
         return;
     }
-    const std::string written = demo::DumpRegistryKey(registry, platform::RootKey::LocalMachine,
-                                                      L"SOFTWARE\\TALVERON\\morcelservice");
+    const std::string written =
+        demo::DumpRegistryKey(registry, platform::RootKey::LocalMachine, L"SOFTWARE\\TALVERON\\morcelservice");
     EXPECT_EQ(Lines(written), model_.Registry().Lines());
     comparedRegistry_ = model_.Registry();
     registry.ForgetCalls();

@@ -62,8 +62,7 @@ class Walk {
     void PressSpace();
     void RightClick();
     void SearchRules();
-    void MoveInList(int list, size_t rows, std::optional<size_t> from,
-                    const std::function<void(size_t)>& arrived);
+    void MoveInList(int list, size_t rows, std::optional<size_t> from, const std::function<void(size_t)>& arrived);
 
     // Commands on profiles (WalkProfiles.cpp).
     void OpenSelectedProfile();

@@ -17,14 +17,11 @@ const Texts existingFolders{L"C:\\In", L"C:\\Out", L"C:\\Error", L"C:\\Second"};
 // The controls behind the values that an operation asks for by itself.
 int ControlOf(const std::wstring& value) {
     static const std::map<std::wstring, int> controls{
-        {L"Path Out 2", ruleid::ActionField}, {L"ExecName", ruleid::ActionField},
-        {L"DelExt", ruleid::TextA},           {L"AddExt", ruleid::TextB},
-        {L"Folders", ruleid::TextC},          {L"Copyfolders", ruleid::TextD},
-        {L"ArchName", ruleid::TextD},         {L"ArchCount", ruleid::NumberA},
-        {L"ArchSize", ruleid::NumberB},       {L"ArchTimeout", ruleid::NumberC},
-        {L"ExecTimeout", ruleid::NumberA},    {L"In format det", ruleid::ListA},
-        {L"Out format det", ruleid::ListB},   {L"ZipFile", ruleid::ListB},
-        {L"ResignProfile", ruleid::ListC}};
+        {L"Path Out 2", ruleid::ActionField}, {L"ExecName", ruleid::ActionField}, {L"DelExt", ruleid::TextA},
+        {L"AddExt", ruleid::TextB},           {L"Folders", ruleid::TextC},        {L"Copyfolders", ruleid::TextD},
+        {L"ArchName", ruleid::TextD},         {L"ArchCount", ruleid::NumberA},    {L"ArchSize", ruleid::NumberB},
+        {L"ArchTimeout", ruleid::NumberC},    {L"ExecTimeout", ruleid::NumberA},  {L"In format det", ruleid::ListA},
+        {L"Out format det", ruleid::ListB},   {L"ZipFile", ruleid::ListB},        {L"ResignProfile", ruleid::ListC}};
     return controls.at(value);
 }
 
@@ -81,8 +78,7 @@ void Walk::PutOwnValues(EditorForm& form) {
             continue;
         }
         const bool isFolder = name == L"Path Out 2";
-        value =
-            isFolder ? RandomFolder(dice_) : dice_.Pick(Texts{L"", L"doc", L"%Y", L"C:\\run.exe", L"\x0436"});
+        value = isFolder ? RandomFolder(dice_) : dice_.Pick(Texts{L"", L"doc", L"%Y", L"C:\\run.exe", L"\x0436"});
         user_.Type(ControlOf(name), value);
     }
     for (const std::wstring& name : form.OwnNumbers()) {
@@ -92,8 +88,7 @@ void Walk::PutOwnValues(EditorForm& form) {
         const size_t choices = name == L"ZipFile" && form.OffersNoArchive() ? 3 : 2;
         const auto chosen = static_cast<int32_t>(dice_.Below(isList ? choices : 1000));
         value = startsAtOne ? chosen + 1 : chosen;
-        isList ? user_.Choose(ControlOf(name), chosen)
-               : user_.Paste(ControlOf(name), std::to_wstring(chosen));
+        isList ? user_.Choose(ControlOf(name), chosen) : user_.Paste(ControlOf(name), std::to_wstring(chosen));
     }
 }
 

@@ -25,16 +25,14 @@ void Walk::AnswerSaveQuestion(const std::function<void()>& gesture) {
 
 void Walk::Save() {
     const bool saves = ExpectSaveQuestion();
-    AnswerSaveQuestion(dice_.Chance(30) ? ClickElsewhere(id::SaveIcon)
-                                        : ButtonOrMenu(id::Save, command::Save));
+    AnswerSaveQuestion(dice_.Chance(30) ? ClickElsewhere(id::SaveIcon) : ButtonOrMenu(id::Save, command::Save));
     if (saves) model_.Save();
     CompareRegistry();
 }
 
 void Walk::SaveInVain() {
     world_.Registry().FailWhere(platform::memory::RegistryCall::Open, L"morcelservice", 5);
-    if (ExpectSaveQuestion())
-        user_.ExpectBoxBeginning(L"Create (open) register key ", ui::box::ErrorIcon, ui::IdOk);
+    if (ExpectSaveQuestion()) user_.ExpectBoxBeginning(L"Create (open) register key ", ui::box::ErrorIcon, ui::IdOk);
     ButtonOrMenu(id::Save, command::Save)();
     world_.Registry().NoFaults();
     model_.WindowOpens();
@@ -50,8 +48,7 @@ void Walk::SaveAndExit() {
             user_.Press(Key::Enter);
         };
     };
-    std::vector<std::function<void()>> ways{ClickElsewhere(ui::IdOk),
-                                            pressEnterIn(id::Search, Place::Search)};
+    std::vector<std::function<void()>> ways{ClickElsewhere(ui::IdOk), pressEnterIn(id::Search, Place::Search)};
     if (model_.ShowsProfile()) ways.push_back(pressEnterIn(id::Rules, Place::Rules));
     const bool saves = ExpectSaveQuestion();
     AnswerSaveQuestion(dice_.Pick(ways));

@@ -33,8 +33,7 @@ void Walk::ClickBelowProfiles() {
 
 // from: the row that the list's own focus mark is on; where keys lead without one is the system's business.
 // arrived: hears where the key has led to.
-void Walk::MoveInList(int list, size_t rows, std::optional<size_t> from,
-                      const std::function<void(size_t)>& arrived) {
+void Walk::MoveInList(int list, size_t rows, std::optional<size_t> from, const std::function<void(size_t)>& arrived) {
     user_.Click(list);
     if (!from) return;
     const Key key = dice_.Pick<Key>({Key::Up, Key::Down, Key::Home, Key::End});
@@ -80,8 +79,7 @@ void Walk::ClickBelowRows() {
 
 void Walk::MoveInRules() {
     model_.MoveKeyboard(Place::Rules);
-    MoveInList(id::Rules, model_.Rows().size(), model_.FocusedRow(),
-               [this](size_t row) { model_.ClickRow(row); });
+    MoveInList(id::Rules, model_.Rows().size(), model_.FocusedRow(), [this](size_t row) { model_.ClickRow(row); });
 }
 
 void Walk::ToggleCheck() {
@@ -115,8 +113,7 @@ void Walk::RightClick() {
         std::wstring text = shown.cells[column];
         if (column == masksColumn) {
             text.clear();
-            for (const std::wstring& mask : model_.Opened()->rules.at(shown.rule).masks)
-                text += L"\r\n" + mask;
+            for (const std::wstring& mask : model_.Opened()->rules.at(shown.rule).masks) text += L"\r\n" + mask;
         }
         user_.ExpectBox(text, ui::box::Ok | ui::box::InformationIcon, ui::IdOk, headers[column]);
     }
@@ -126,8 +123,7 @@ void Walk::RightClick() {
 
 void Walk::SearchRules() {
     const std::wstring text =
-        dice_.Chance(50) ? L""
-                         : dice_.Pick(Texts{L"r", L"REPORT", L"mail", L"\x0416", L"\x00C4", L"%", L"zz"});
+        dice_.Chance(50) ? L"" : dice_.Pick(Texts{L"r", L"REPORT", L"mail", L"\x0416", L"\x00C4", L"%", L"zz"});
     model_.MoveKeyboard(Place::Search);
     user_.Type(id::Search, text);
     model_.TypeSearch(text);

@@ -17,12 +17,11 @@ const std::vector<std::pair<std::wstring, int>> settingBoxes{{L"NotUseLDAP", pro
                                                              {L"AutoVerifyTSP", profileid::VerifyTsp},
                                                              {L"NoTSPisError", profileid::NoTspIsError},
                                                              {L"UseAIA", profileid::UseAia}};
-const std::vector<std::pair<std::wstring, int>> optionBoxes{
-    {L"Verify File", profileid::VerifyFile},
-    {L"Verify x file", profileid::VerifyXFile},
-    {L"Verify det file", profileid::VerifyDetFile},
-    {L"Verify resign file", profileid::VerifyResignFile},
-    {L"Rename conf files", profileid::RenameConfFiles}};
+const std::vector<std::pair<std::wstring, int>> optionBoxes{{L"Verify File", profileid::VerifyFile},
+                                                            {L"Verify x file", profileid::VerifyXFile},
+                                                            {L"Verify det file", profileid::VerifyDetFile},
+                                                            {L"Verify resign file", profileid::VerifyResignFile},
+                                                            {L"Rename conf files", profileid::RenameConfFiles}};
 
 // Few enough that some are taken, and some that differ only in their case.
 const Texts goodNames{L"Alpha", L"alpha",  L"beta",   L"Gamma",   L"default",         L" a ",
@@ -157,9 +156,8 @@ void Walk::AttachCsProfile(ProfileForm& form) {
 void Walk::DetachCsProfile(ProfileForm& form) {
     const size_t count = form.CsProfiles().size();
     if (count < 2) {
-        user_.ExpectBox(
-            count == 1 ? L"Last CS profile in list cannot be deleted." : L"Select list item to delete.",
-            boxes::Hint, ui::IdOk, boxes::Title);
+        user_.ExpectBox(count == 1 ? L"Last CS profile in list cannot be deleted." : L"Select list item to delete.",
+                        boxes::Hint, ui::IdOk, boxes::Title);
         return user_.Click(profileid::Delete);
     }
     const int answer = dice_.Chance(75) ? ui::IdYes : ui::IdNo;

@@ -12,8 +12,7 @@ constexpr wchar_t exchangeFile[] = L"C:\\In\\rules.prx";
 }  // namespace
 
 void Walk::AddRule() {
-    if (const auto rule = RunEditor(Rule(), ButtonOrMenu(id::AddRule, command::AddRule)))
-        model_.AddRule(*rule);
+    if (const auto rule = RunEditor(Rule(), ButtonOrMenu(id::AddRule, command::AddRule))) model_.AddRule(*rule);
 }
 
 void Walk::CopyRule() {

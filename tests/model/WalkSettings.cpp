@@ -23,8 +23,7 @@ const std::vector<Field>& Fields() {
         {extid::Encrypted, L"EncExt", L"Please, choose extension for encrypted files."},
         {extid::Base64, L"B64Ext", L"Please, choose extension for b64 files."},
         {extid::Hash, L"HashExt", L"Please, choose extension for hash files."},
-        {extid::Report, L"VerifyFileExt",
-         L"Please, choose extension for files with signature verification report."},
+        {extid::Report, L"VerifyFileExt", L"Please, choose extension for files with signature verification report."},
         {extid::Zip, L"ZIPArchiveExt", L""},
         {extid::Gzip, L"GZIPArchiveExt", L""}};
     return fields;
@@ -57,8 +56,7 @@ void Walk::EditLogSettings() {
 void Walk::LeaveLogSettings(const std::wstring& path, int32_t size) {
     if (dice_.Chance(25)) return user_.Press(Key::Escape);
     const bool accepted = path == L"C:\\Logs" || path == L"C:\\In";
-    if (!accepted)
-        user_.ExpectBoxBeginning(L"Opening file " + path + L".\r\nError 0x", ui::box::ErrorIcon, ui::IdOk);
+    if (!accepted) user_.ExpectBoxBeginning(L"Opening file " + path + L".\r\nError 0x", ui::box::ErrorIcon, ui::IdOk);
     user_.Click(ui::IdOk);
     if (!accepted) return user_.Click(ui::IdCancel);
     model_.Settings()[L"LogPath"] = path;
@@ -81,13 +79,11 @@ struct Walk::ExtensionForm {
 
 void Walk::EditExtensions() {
     ExtensionForm form;
-    for (const Field& field : Fields())
-        form.texts.push_back(std::get<std::wstring>(model_.Settings()[field.name]));
+    for (const Field& field : Fields()) form.texts.push_back(std::get<std::wstring>(model_.Settings()[field.name]));
     form.additional = form.applied = std::get<Texts>(model_.Settings()[L"ExtExt"]);
     form.Sort();
     user_.Expect<settings::CConfigPage>([&](settings::CConfigPage&) {
-        for (size_t i = 0; i < Fields().size(); ++i)
-            EXPECT_EQ(user_.Text(Fields()[i].control), form.texts[i]);
+        for (size_t i = 0; i < Fields().size(); ++i) EXPECT_EQ(user_.Text(Fields()[i].control), form.texts[i]);
         for (size_t changes = dice_.Below(5); changes > 0; --changes) {
             ChangeExtensions(form);
             EXPECT_EQ(user_.Get<ui::ListBox>(extid::Additional).Items(), form.additional);

@@ -30,8 +30,7 @@ TEST(MemoryMachineTest, TheMachineConsistsOfItsParts) {
     machine.Clock.Set(5);
     EXPECT_EQ(machine.Machine.Clock.SecondsSince1970(), 5);
     platform::KeyHandle key = platform::KeyHandle::None;
-    EXPECT_EQ(machine.Machine.Registry.Create(platform::RootKey::LocalMachine, L"A", key),
-              platform::code::Success);
+    EXPECT_EQ(machine.Machine.Registry.Create(platform::RootKey::LocalMachine, L"A", key), platform::code::Success);
     EXPECT_EQ(machine.Registry.Calls().size(), 1U);
     EXPECT_EQ(machine.StoredRegistry.OpenKeys(), 1U);
     EXPECT_EQ(&machine.Machine.Files, &machine.Files);

@@ -28,16 +28,14 @@ class RegistryTest : public testing::Test {
         for (const platform::KeyHandle key : opened_) static_cast<void>(registry_->Close(key));
     }
 
-    platform::KeyHandle Create(const std::wstring& path,
-                               platform::RootKey root = platform::RootKey::LocalMachine) {
+    platform::KeyHandle Create(const std::wstring& path, platform::RootKey root = platform::RootKey::LocalMachine) {
         platform::KeyHandle key = platform::KeyHandle::None;
         EXPECT_EQ(registry_->Create(root, path, key), platform::code::Success);
         opened_.push_back(key);
         return key;
     }
 
-    platform::Win32Code TryOpen(const std::wstring& path,
-                                platform::RootKey root = platform::RootKey::LocalMachine) {
+    platform::Win32Code TryOpen(const std::wstring& path, platform::RootKey root = platform::RootKey::LocalMachine) {
         platform::KeyHandle key = platform::KeyHandle::None;
         const platform::Win32Code answer = registry_->Open(root, path, key);
         EXPECT_EQ(answer == platform::code::Success, key != platform::KeyHandle::None);
@@ -49,8 +47,7 @@ class RegistryTest : public testing::Test {
         std::vector<std::wstring> names;
         std::wstring name;
         platform::Win32Code answer = platform::code::Success;
-        for (uint32_t i = 0;
-             (answer = registry_->EnumerateSubkey(key, i, 256, name)) == platform::code::Success; ++i) {
+        for (uint32_t i = 0; (answer = registry_->EnumerateSubkey(key, i, 256, name)) == platform::code::Success; ++i) {
             names.push_back(name);
         }
         EXPECT_EQ(answer, platform::code::NoMoreItems);
@@ -61,8 +58,7 @@ class RegistryTest : public testing::Test {
         std::vector<std::wstring> names;
         std::wstring name;
         platform::Win32Code answer = platform::code::Success;
-        for (uint32_t i = 0; (answer = registry_->EnumerateValue(key, i, name)) == platform::code::Success;
-             ++i) {
+        for (uint32_t i = 0; (answer = registry_->EnumerateValue(key, i, name)) == platform::code::Success; ++i) {
             names.push_back(name);
         }
         EXPECT_EQ(answer, platform::code::NoMoreItems);
@@ -95,8 +91,7 @@ class RegistryTest : public testing::Test {
         EXPECT_EQ(registry_->EnumerateSubkey(key, 0, 256, name), expected);
         EXPECT_EQ(registry_->DeleteSubkey(key, L"Below"), expected);
         EXPECT_EQ(registry_->Query(key, L"Value", type, {}, size), expected);
-        EXPECT_EQ(registry_->Set(key, L"Value", platform::ValueType::Integer, MakeBytes({1, 0, 0, 0})),
-                  expected);
+        EXPECT_EQ(registry_->Set(key, L"Value", platform::ValueType::Integer, MakeBytes({1, 0, 0, 0})), expected);
         EXPECT_EQ(registry_->EnumerateValue(key, 0, name), expected);
         EXPECT_EQ(name, L"unchanged");
     }

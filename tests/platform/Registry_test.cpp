@@ -97,8 +97,7 @@ TEST_F(RegistryTest, SubkeysAreEnumeratedInAlphabeticalOrderWithoutRegardToCase)
     for (const wchar_t* name : {L"Rule 2", L"beta", L"Rule 10", L"Alpha", L"rule 1", L"GAMMA", L"delta"}) {
         Create(root_ + L"\\" + name);
     }
-    const std::vector<std::wstring> expected{L"Alpha",  L"beta",    L"delta", L"GAMMA",
-                                             L"rule 1", L"Rule 10", L"Rule 2"};
+    const std::vector<std::wstring> expected{L"Alpha", L"beta", L"delta", L"GAMMA", L"rule 1", L"Rule 10", L"Rule 2"};
     EXPECT_EQ(Subkeys(Create(root_)), expected);
 }
 

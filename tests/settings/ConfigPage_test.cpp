@@ -78,8 +78,8 @@ TEST_F(ConfigPageTest, OpensWithWhatItWasGiven) {
         EXPECT_EQ(basic, (Texts{L"p7s", L"p7d", L"p7e", L"b64", L"hsh", L"vrf", L"zip", L"gz"}));
         EXPECT_EQ(user_.Get<ui::IconButton>(extid::Add).Icon(), ui::Icon::ItemAdd);
         EXPECT_EQ(user_.Get<ui::IconButton>(extid::Delete).Icon(), ui::Icon::ItemDelete);
-        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{250, 253, 255, 259, 268, 1079, 1080, 1134, 275, 261,
-                                                      263, ui::IdOk, ui::IdCancel, 1000}));
+        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{250, 253, 255, 259, 268, 1079, 1080, 1134, 275, 261, 263,
+                                                      ui::IdOk, ui::IdCancel, 1000}));
         user_.Press(Key::Escape);
     });
 }
@@ -346,9 +346,8 @@ TEST_F(ConfigPageTest, CanBeUsedWithTheKeyboardAlone) {
 }
 
 TEST_F(ConfigPageTest, EveryOtherWayOutGivesUpWithoutAQuestion) {
-    const std::vector<std::function<void()>> waysOut{[this] { user_.Click(ui::IdCancel); },
-                                                     [this] { user_.Press(Key::Escape); },
-                                                     [this] { user_.PressCloseBox(); }};
+    const std::vector<std::function<void()>> waysOut{
+        [this] { user_.Click(ui::IdCancel); }, [this] { user_.Press(Key::Escape); }, [this] { user_.PressCloseBox(); }};
     for (const auto& leave : waysOut)
         EXPECT_EQ(Run([&](CConfigPage&) {
                       user_.Type(extid::Signed, L"sig");

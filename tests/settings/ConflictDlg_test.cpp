@@ -22,10 +22,9 @@ class ConflictDlgTest : public SettingsTest {
     // The report of a path that is refused with the code.
     void ExpectReport(const std::wstring& path, platform::Win32Code code) {
         const std::wstring text = world_->Machine().SystemMessages.SystemText(code);
-        const std::wstring start =
-            L"Opening file " + path + L".\r\nError 0x" + std::to_wstring(code) + L" - ";
-        const std::wstring described = text.empty() ? L"Error description not found"
-                                                    : text.substr(0, text.find_last_not_of(L".\r\n") + 1);
+        const std::wstring start = L"Opening file " + path + L".\r\nError 0x" + std::to_wstring(code) + L" - ";
+        const std::wstring described =
+            text.empty() ? L"Error description not found" : text.substr(0, text.find_last_not_of(L".\r\n") + 1);
         user_.ExpectBox(start + described + L".Bad Log path.", ui::box::Ok | ui::box::ErrorIcon, ui::IdOk,
                         boxes::Title);
     }
@@ -58,8 +57,7 @@ TEST_F(ConflictDlgTest, OpensWithWhatItWasGiven) {
     Run([&](CConflictDlg&) {
         EXPECT_EQ(user_.Text(logid::Path), L"C:\\Logs");
         EXPECT_EQ(user_.Text(logid::Size), L"4000");
-        EXPECT_EQ(user_.TabOrder(),
-                  (std::vector<int>{logid::Path, logid::Size, ui::IdOk, ui::IdCancel, logid::Pick}));
+        EXPECT_EQ(user_.TabOrder(), (std::vector<int>{logid::Path, logid::Size, ui::IdOk, ui::IdCancel, logid::Pick}));
         user_.Press(Key::Escape);
     });
 }
@@ -263,9 +261,8 @@ TEST_F(ConflictDlgTest, CanBeUsedWithTheKeyboardAlone) {
 }
 
 TEST_F(ConflictDlgTest, EveryOtherWayOutGivesUp) {
-    const std::vector<std::function<void()>> waysOut{[this] { user_.Click(ui::IdCancel); },
-                                                     [this] { user_.Press(Key::Escape); },
-                                                     [this] { user_.PressCloseBox(); }};
+    const std::vector<std::function<void()>> waysOut{
+        [this] { user_.Click(ui::IdCancel); }, [this] { user_.Press(Key::Escape); }, [this] { user_.PressCloseBox(); }};
     for (const auto& leave : waysOut) {
         EXPECT_EQ(Run([&](CConflictDlg&) {
                       user_.Type(logid::Path, L"C:\\");

@@ -40,8 +40,8 @@ class WorldTest : public ::testing::Test {
     void ExpectLeaveQuestion(int answer) { ExpectQuestion(boxes::LeaveText, answer); }
     // The report of a failed call; the description comes from the system.
     void ExpectReport(const std::wstring& operation, platform::Win32Code code) {
-        user_.ExpectBoxBeginning(operation + L".\r\nError 0x" + text::Hexadecimal(code) + L" - ",
-                                 boxes::Report, ui::IdOk);
+        user_.ExpectBoxBeginning(operation + L".\r\nError 0x" + text::Hexadecimal(code) + L" - ", boxes::Report,
+                                 ui::IdOk);
     }
     // The user leaves the main window.
     void LeaveUnchanged() { user_.PressCloseBox(); }

@@ -63,8 +63,7 @@ class RecordingScreen final : public ui::Screen {
         std::vector<std::wstring> reports;
         for (const auto& [text, caption, flags] : boxes) {
             const size_t description = text.find(L" - ", text.find(L".\r\n"));
-            reports.push_back(
-                text.substr(0, description == std::wstring::npos ? description : description + 3));
+            reports.push_back(text.substr(0, description == std::wstring::npos ? description : description + 3));
         }
         return reports;
     }
@@ -91,8 +90,7 @@ class RecordingScreen final : public ui::Screen {
         return real_.ShowMessageBox(owner, text, caption, flags);
     }
     std::optional<std::wstring> PickFolder(const ui::Dialog* owner, const std::wstring& folder) override {
-        const Waiting waiting(*this, owner,
-                              {.kind = SystemDialogRequest::Kind::FolderPicker, .text = folder});
+        const Waiting waiting(*this, owner, {.kind = SystemDialogRequest::Kind::FolderPicker, .text = folder});
         return real_.PickFolder(owner, folder);
     }
     std::optional<std::wstring> PickFile(const ui::Dialog* owner, const ui::FilePicker& picker) override {
@@ -102,8 +100,7 @@ class RecordingScreen final : public ui::Screen {
             Enter("picker");
             return choice;
         }
-        const Waiting waiting(*this, owner,
-                              {.kind = SystemDialogRequest::Kind::FilePicker, .picker = picker});
+        const Waiting waiting(*this, owner, {.kind = SystemDialogRequest::Kind::FilePicker, .picker = picker});
         return real_.PickFile(owner, picker);
     }
     void ShowWaitCursor(bool shown) override {

@@ -27,8 +27,8 @@ std::string Narrow(std::wstring_view text) {
 std::string Readable(const char* typeName) {
 #if __has_include(<cxxabi.h>)
     int status = 0;
-    const std::unique_ptr<char, decltype(&std::free)> name(
-        abi::__cxa_demangle(typeName, nullptr, nullptr, &status), &std::free);
+    const std::unique_ptr<char, decltype(&std::free)> name(abi::__cxa_demangle(typeName, nullptr, nullptr, &status),
+                                                           &std::free);
     if (name != nullptr) return name.get();
 #endif
     return typeName;
@@ -170,8 +170,7 @@ std::vector<std::wstring> Robot::Row(int id, size_t row) const {
         return {};
     }
     std::vector<std::wstring> cells;
-    for (size_t column = 0; column < list.Columns().size(); ++column)
-        cells.push_back(list.CellText(row, column));
+    for (size_t column = 0; column < list.Columns().size(); ++column) cells.push_back(list.CellText(row, column));
     return cells;
 }
 
@@ -188,8 +187,7 @@ std::vector<std::wstring> Robot::Column(int id, size_t column) const {
 std::vector<int> Robot::TabOrder() {
     constexpr size_t MoreThanAnyFormHas = 100;
     std::vector<int> order{Top().Focus()->Id()};
-    for (Press(Key::Tab); Top().Focus()->Id() != order.front() && order.size() < MoreThanAnyFormHas;
-         Press(Key::Tab))
+    for (Press(Key::Tab); Top().Focus()->Id() != order.front() && order.size() < MoreThanAnyFormHas; Press(Key::Tab))
         order.push_back(Top().Focus()->Id());
     return order;
 }
@@ -216,8 +214,7 @@ void Robot::DialogOpened(ui::Dialog& dialog, const std::function<void()>& closeB
     closeByForce();
 }
 
-int Robot::BoxOpened(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
-                     uint32_t flags) {
+int Robot::BoxOpened(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption, uint32_t flags) {
     const std::string opened = BoxNamed(text, flags, caption);
     CheckOwner(owner, opened);
     const std::optional<Expectation> expected = Next(opened);
@@ -241,8 +238,7 @@ std::optional<std::wstring> Robot::FolderPickerOpened(const ui::Dialog* owner, c
     CheckOwner(owner, "a folder picker");
     const std::optional<Expectation> expected = Next("a folder picker");
     if (!expected) return std::nullopt;
-    if (!expected->isFolderPicker)
-        ADD_FAILURE() << "expected " << expected->what << ", but a folder picker opened";
+    if (!expected->isFolderPicker) ADD_FAILURE() << "expected " << expected->what << ", but a folder picker opened";
     return expected->pickerAnswer;
 }
 

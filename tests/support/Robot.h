@@ -15,26 +15,7 @@
 
 namespace tests {
 
-enum class Key {
-    Tab,
-    Enter,
-    Escape,
-    Space,
-    Delete,
-    Up,
-    Down,
-    Home,
-    End,
-    Insert,
-    Menu,
-    F1,
-    F2,
-    F10,
-    A,
-    D,
-    F,
-    S
-};
+enum class Key { Tab, Enter, Escape, Space, Delete, Up, Down, Home, End, Insert, Menu, F1, F2, F10, A, D, F, S };
 enum class Held { Nothing, Shift, Control, Alt, AltGr };
 // The key's code, as the system has it.
 int CodeOf(Key key);
@@ -121,8 +102,7 @@ class Robot {
     // which it stays, which has to be the one that the user is working with, or one that is being opened from
     // there.
     void DialogOpened(ui::Dialog& dialog, const std::function<void()>& closeByForce);
-    int BoxOpened(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption,
-                  uint32_t flags);
+    int BoxOpened(const ui::Dialog* owner, const std::wstring& text, const std::wstring& caption, uint32_t flags);
     std::optional<std::wstring> FolderPickerOpened(const ui::Dialog* owner, const std::wstring& folder);
     std::optional<std::wstring> FilePickerOpened(const ui::Dialog* owner, const ui::FilePicker& picker);
     // As the program asked for it last.

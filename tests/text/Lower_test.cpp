@@ -47,9 +47,8 @@ TEST(Lower, Scripts) {
 }
 
 TEST(Lower, LeavesEverythingElseAlone) {
-    for (const std::wstring_view text :
-         {L"", L"0123 @[`{~", L"\x00D7\x00F7\x00DF" /* times, divide, sharp s */, L"\x4E00\x05D0\xFFFF",
-          L"\xD801\xDC00" /* halves of one capital */})
+    for (const std::wstring_view text : {L"", L"0123 @[`{~", L"\x00D7\x00F7\x00DF" /* times, divide, sharp s */,
+                                         L"\x4E00\x05D0\xFFFF", L"\xD801\xDC00" /* halves of one capital */})
         EXPECT_EQ(Lower(text), text) << testing::PrintToString(text);
 }
 
@@ -80,8 +79,7 @@ TEST(Lower, IsKnownForEveryUnit) {
 
 #ifndef _WIN32
 TEST(Lower, LeavesWhatIsNoUnitAlone) {
-    for (const uint32_t character :
-         {0x10000U, 0x10041U, 0x10061U, 0x10400U, 0x10428U, 0x10FFFFU, 0xFFFFFFFFU})
+    for (const uint32_t character : {0x10000U, 0x10041U, 0x10061U, 0x10400U, 0x10428U, 0x10FFFFU, 0xFFFFFFFFU})
         EXPECT_EQ(static_cast<uint32_t>(LowerOf(character)), character) << std::hex << character;
 }
 
@@ -89,8 +87,7 @@ TEST(Lower, AgreesWithTheSystemOnTheWholeBasicPlane) {
     const std::string former = std::setlocale(LC_CTYPE, nullptr);
     ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
     for (uint32_t unit = 0; unit <= 0xFFFF; ++unit)
-        EXPECT_EQ(static_cast<wint_t>(LowerOf(unit)), std::towlower(static_cast<wint_t>(unit)))
-            << std::hex << unit;
+        EXPECT_EQ(static_cast<wint_t>(LowerOf(unit)), std::towlower(static_cast<wint_t>(unit))) << std::hex << unit;
     std::setlocale(LC_CTYPE, former.c_str());
 }
 #endif

@@ -27,8 +27,7 @@ TEST(Trim, TrimRightCutsOnlyTheGivenCharactersAtTheEnd) {
         {L"a.\n.\r", L"a"},
         {L"a. ", L"a. "},
     };
-    for (const Case& c : cases)
-        EXPECT_EQ(TrimRight(c.text, L".\r\n"), c.trimmed) << testing::PrintToString(c.text);
+    for (const Case& c : cases) EXPECT_EQ(TrimRight(c.text, L".\r\n"), c.trimmed) << testing::PrintToString(c.text);
     EXPECT_EQ(TrimRight(L"abc", L""), L"abc");
 }
 

@@ -40,9 +40,8 @@ TEST(Upper, Scripts) {
 }
 
 TEST(Upper, LeavesEverythingElseAlone) {
-    for (const std::wstring_view text :
-         {L"", L"0123 @[`{~", L"\x00D7\x00F7\x00DF" /* times, divide, sharp s */, L"\x4E00\x05D0\xFFFF",
-          L"\xD83D\xDE00" /* two halves of one character */})
+    for (const std::wstring_view text : {L"", L"0123 @[`{~", L"\x00D7\x00F7\x00DF" /* times, divide, sharp s */,
+                                         L"\x4E00\x05D0\xFFFF", L"\xD83D\xDE00" /* two halves of one character */})
         EXPECT_EQ(Upper(text), text) << testing::PrintToString(text);
 }
 
@@ -73,10 +72,8 @@ TEST(Upper, IsKnownForEveryUnit) {
 
 #ifndef _WIN32
 TEST(Upper, LeavesWhatIsNoUnitAlone) {
-    for (const uint32_t character :
-         {0x10000U, 0x10041U, 0x10061U, 0x10400U, 0x10428U, 0x10FFFFU, 0xFFFFFFFFU})
-        EXPECT_EQ(static_cast<uint32_t>(Upper(static_cast<wchar_t>(character))), character)
-            << std::hex << character;
+    for (const uint32_t character : {0x10000U, 0x10041U, 0x10061U, 0x10400U, 0x10428U, 0x10FFFFU, 0xFFFFFFFFU})
+        EXPECT_EQ(static_cast<uint32_t>(Upper(static_cast<wchar_t>(character))), character) << std::hex << character;
 }
 
 // Greek vowels with a small iota below: in capitals the iota is a letter of its own, so that there are two.

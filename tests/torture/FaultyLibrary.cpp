@@ -38,8 +38,7 @@ Code Ctrl(Context context, uint32_t controlCode, void* controlBlock) {
     const Code answer = Real().Ctrl(context, controlCode, controlBlock);
     if (fault != 0) *static_cast<kseal::CrlControlBlock*>(controlBlock)->Buffer = '\0';
     if (fault == LibraryFailedWithText)
-        std::ranges::copy(std::string_view(Diagnostic),
-                          static_cast<kseal::CrlControlBlock*>(controlBlock)->Buffer);
+        std::ranges::copy(std::string_view(Diagnostic), static_cast<kseal::CrlControlBlock*>(controlBlock)->Buffer);
     return theFaults->Answered(fault != 0 ? fault : answer);
 }
 
@@ -48,8 +47,7 @@ Code FindCert(Context context, const kseal::CertFindRequest* request, kseal::Cer
     const Harness harness;
     std::wstring target = std::to_wstring(request->FieldsWanted) + L" ";
     if (request->Query != nullptr)
-        target +=
-            std::wstring(request->Query, request->Query + std::char_traits<char>::length(request->Query));
+        target += std::wstring(request->Query, request->Query + std::char_traits<char>::length(request->Query));
     const Code fault = theFaults->Ask(Op::FindCert, target);
     return theFaults->Answered(fault != 0 ? fault : Real().FindCert(context, request, result));
 }
@@ -70,8 +68,7 @@ Code GetErrorText(Code code, char* buffer, uint32_t size) {
 Code GetErrorLineEx(Context context, char** errorText, char** sourceFile, int32_t* line, char** data) {
     const Harness harness;
     const Code fault = theFaults->Ask(Op::ErrorLine, {});
-    return theFaults->Answered(
-        fault != 0 ? fault : Real().GetErrorLineEx(context, errorText, sourceFile, line, data));
+    return theFaults->Answered(fault != 0 ? fault : Real().GetErrorLineEx(context, errorText, sourceFile, line, data));
 }
 
 void FreeMem(void* block) {

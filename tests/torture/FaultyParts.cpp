@@ -64,8 +64,7 @@ Win32Code FaultyKeys::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t ca
 
 Win32Code FaultyKeys::DeleteSubkey(KeyHandle parent, const std::wstring& name) {
     const Harness harness;
-    const Win32Code fault =
-        faults_.Ask(Op::DeleteSubkey, paths_[parent] + L"\\" + name, deleting_.contains(parent));
+    const Win32Code fault = faults_.Ask(Op::DeleteSubkey, paths_[parent] + L"\\" + name, deleting_.contains(parent));
     return faults_.Answered(fault != 0 ? fault : real_.DeleteSubkey(parent, name));
 }
 

@@ -14,12 +14,10 @@ class FaultyKeys final : public platform::RegistryBackend {
   public:
     FaultyKeys(platform::RegistryBackend& real, Faults& faults) : real_(real), faults_(faults) {}
 
-    platform::Win32Code Open(platform::RootKey root, const std::wstring& path,
-                             platform::KeyHandle& key) override;
+    platform::Win32Code Open(platform::RootKey root, const std::wstring& path, platform::KeyHandle& key) override;
     platform::Win32Code OpenSubkey(platform::KeyHandle parent, const std::wstring& name,
                                    platform::KeyHandle& key) override;
-    platform::Win32Code Create(platform::RootKey root, const std::wstring& path,
-                               platform::KeyHandle& key) override;
+    platform::Win32Code Create(platform::RootKey root, const std::wstring& path, platform::KeyHandle& key) override;
     platform::Win32Code Close(platform::KeyHandle key) override;
     platform::Win32Code Flush(platform::KeyHandle key) override;
     platform::Win32Code EnumerateSubkey(platform::KeyHandle key, uint32_t index, uint32_t capacity,
@@ -32,8 +30,8 @@ class FaultyKeys final : public platform::RegistryBackend {
     platform::Win32Code EnumerateValue(platform::KeyHandle key, uint32_t index, std::wstring& name) override;
 
   private:
-    platform::Win32Code NoteOpened(platform::Win32Code answer, platform::KeyHandle key,
-                                   const std::wstring& path, bool toDelete);
+    platform::Win32Code NoteOpened(platform::Win32Code answer, platform::KeyHandle key, const std::wstring& path,
+                                   bool toDelete);
 
     platform::RegistryBackend& real_;
     Faults& faults_;
@@ -48,8 +46,7 @@ class FaultyFiles final : public platform::Files {
     platform::Win32Code Open(const std::wstring& path, platform::FileHandle& file) override;
     platform::Win32Code Create(const std::wstring& path, platform::FileHandle& file) override;
     platform::Win32Code Size(platform::FileHandle file, uint64_t& bytes) override;
-    platform::Win32Code Read(platform::FileHandle file, std::span<std::byte> buffer,
-                             uint32_t& bytesRead) override;
+    platform::Win32Code Read(platform::FileHandle file, std::span<std::byte> buffer, uint32_t& bytesRead) override;
     platform::Win32Code Write(platform::FileHandle file, std::span<const std::byte> data,
                               uint32_t& bytesWritten) override;
     platform::Win32Code Close(platform::FileHandle file) override;

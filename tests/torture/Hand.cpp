@@ -112,8 +112,7 @@ std::vector<std::wstring> Hand::Cells(int id) const {
     const auto& list = dynamic_cast<const ui::ListView&>(open_.back()->Find(id));
     std::vector<std::wstring> cells;
     for (size_t row = 0; row < list.RowCount(); ++row)
-        for (size_t column = 0; column < list.Columns().size(); ++column)
-            cells.push_back(list.CellText(row, column));
+        for (size_t column = 0; column < list.Columns().size(); ++column) cells.push_back(list.CellText(row, column));
     return cells;
 }
 

@@ -34,11 +34,11 @@ class Hand final : public ui::memory::User {
     void In(std::function<void()> script) {
         scripts_[typeid(D)] = std::move(script);
     }
-    bool goesOn = true;                // when asked whether to go on without something
-    std::optional<std::wstring> file;  // what is picked
-    std::vector<Report> reports;       // told so far, questions that belong to commands left out
-    size_t memoryBoxes = 0;            // how often memory was said to be short
-    bool askedToLeave = false;         // the question whether to leave without saving; the answer is no
+    bool goesOn = true;                        // when asked whether to go on without something
+    std::optional<std::wstring> file;          // what is picked
+    std::vector<Report> reports;               // told so far, questions that belong to commands left out
+    size_t memoryBoxes = 0;                    // how often memory was said to be short
+    bool askedToLeave = false;                 // the question whether to leave without saving; the answer is no
     std::map<std::type_index, size_t> opened;  // how many dialogs of each class
 
     // Gestures. What cannot be used is left alone; a dialog that has ended, too.

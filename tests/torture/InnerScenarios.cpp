@@ -20,11 +20,9 @@ void TryRule(World& world, Notes& /*notes*/) {
     });
     hand.In<errors::ErrBox>([&hand] { hand.Click(ui::IdOk); });
     hand.In<editors::CAddRule>([&hand] {
-        for (int operation = 0; operation < operations; ++operation)
-            hand.Choose(ruleid::Operation, operation);
+        for (int operation = 0; operation < operations; ++operation) hand.Choose(ruleid::Operation, operation);
         hand.Choose(ruleid::Operation, 1);  // one that asks for no certificates
-        for (const int folder : {ruleid::PathIn, ruleid::PathOut, ruleid::PathError})
-            hand.Paste(folder, L"C:\\In");
+        for (const int folder : {ruleid::PathIn, ruleid::PathOut, ruleid::PathError}) hand.Paste(folder, L"C:\\In");
         hand.Click(ruleid::AddMask);
         hand.Select(ruleid::Masks, 0);
         hand.Click(ruleid::DeleteMask);

@@ -84,8 +84,7 @@ class Oracle {
 std::wstring DescriptionOf(uint32_t code, const platform::SystemMessages& messages) {
     if ((code & libraryBit) != 0) return LibraryText(code);
     std::wstring text = messages.SystemText(code);
-    while (!text.empty() && (text.back() == L'.' || text.back() == L'\r' || text.back() == L'\n'))
-        text.pop_back();
+    while (!text.empty() && (text.back() == L'.' || text.back() == L'\r' || text.back() == L'\n')) text.pop_back();
     return text.empty() ? L"Error description not found" : text;
 }
 
@@ -130,8 +129,7 @@ Prescribed Oracle::Run() {
 
 // The record of the save itself. No scenario starts with one: whoever cannot make it goes on without.
 void Oracle::OfRecord(const Call& call) {
-    const bool isRemoval =
-        call.op == Op::OpenSubkey || call.op == Op::DeleteSubkey || call.target == editorParent;
+    const bool isRemoval = call.op == Op::OpenSubkey || call.op == Op::DeleteSubkey || call.target == editorParent;
     if (call.answer == 0 || call.op == Op::CloseKey) return;
     if (call.answer == 2) {
         told_.quietDifference |= isRemoval;  // taken for gone already
@@ -173,9 +171,8 @@ void Oracle::OfKeys(const Call& call) {
             OfReading(call);
             break;
         default:
-            Tell(
-                L"Writing " + ValueKind(call.target) + L" value '" + NameOf(call.target) + L"' into register",
-                call.answer);
+            Tell(L"Writing " + ValueKind(call.target) + L" value '" + NameOf(call.target) + L"' into register",
+                 call.answer);
     }
 }
 
@@ -209,9 +206,8 @@ void Oracle::OfClosing(const Call& call) {
 }
 
 void Oracle::OfFiles(const Call& call) {
-    static constexpr const wchar_t* attempts[] = {L"Opening file ",         L"Creating file ",
-                                                  L"Getting size of file ", L"Reading file ",
-                                                  L"Writing file ",         L"Closing file "};
+    static constexpr const wchar_t* attempts[] = {L"Opening file ", L"Creating file ", L"Getting size of file ",
+                                                  L"Reading file ", L"Writing file ",  L"Closing file "};
     if (call.op == Op::OpenFile || call.op == Op::CreateFile) fileFailed_ = false;
     if (call.op == Op::ReadFile && call.injected == HalfOfIt) told_.quietDifference = true;
     const bool cutShort = call.op == Op::WriteFile && call.injected == HalfOfIt;
@@ -262,8 +258,8 @@ void Oracle::OfLibrary(const Call& call) {
 // The attempt is recorded before the user hears of it.
 void Oracle::TellOfLists() {
     if (untold_ == nullptr) return;
-    TellAndAsk(L"Connetion to CRL distribution point", std::exchange(untold_, nullptr)->answer,
-               WideDiagnostic, L"Continue without loading CRL?");
+    TellAndAsk(L"Connetion to CRL distribution point", std::exchange(untold_, nullptr)->answer, WideDiagnostic,
+               L"Continue without loading CRL?");
 }
 
 void Oracle::OfSearch(const Call& call) {
@@ -272,8 +268,8 @@ void Oracle::OfSearch(const Call& call) {
     const std::wstring query = call.target.substr(call.target.find(L' ') + 1);
     if (query == L"CN=QQQ,C=RU") {
         if (call.answer == nothingFound) return;
-        TellAndAsk(L"Conneting to network store (LDAP)", call.answer,
-                   call.injected == 0 ? silentStack : std::wstring(), L"Continue without LDAP?");
+        TellAndAsk(L"Conneting to network store (LDAP)", call.answer, call.injected == 0 ? silentStack : std::wstring(),
+                   L"Continue without LDAP?");
         told_.quietDifference = true;
         return;
     }
@@ -282,8 +278,8 @@ void Oracle::OfSearch(const Call& call) {
     if (query.empty()) {
         Tell(L"Searching of all certificate in local store", call.answer);
     } else if (!byName && call.answer == nothingFound) {
-        told_.reports.push_back({.text = L"No certificates found for your request",
-                                 .flags = ui::box::Ok | ui::box::ExclamationIcon});
+        told_.reports.push_back(
+            {.text = L"No certificates found for your request", .flags = ui::box::Ok | ui::box::ExclamationIcon});
     } else {
         Tell(L"Searching for certificate " + query, call.answer);
     }

@@ -14,10 +14,7 @@ constexpr size_t noRow = static_cast<size_t>(-1);
 
 class Player {
   public:
-    Player(const Scenario& scenario, const Torment& run)
-        : scenario_(scenario),
-          run_(run),
-          world_(scenario.trees) {}
+    Player(const Scenario& scenario, const Torment& run) : scenario_(scenario), run_(run), world_(scenario.trees) {}
 
     Outcome Play();
 
@@ -107,9 +104,8 @@ void Player::Leave() {
 
 void Player::CheckGivenBack() {
     const auto& calls = world_.faults.Calls();
-    const auto leftOpen = std::count_if(calls.begin(), calls.end(), [](const Call& call) {
-        return call.op == Op::CloseKey && call.injected != 0;
-    });
+    const auto leftOpen = std::count_if(calls.begin(), calls.end(),
+                                        [](const Call& call) { return call.op == Op::CloseKey && call.injected != 0; });
     EXPECT_EQ(world_.parts.StoredRegistry.OpenKeys(), static_cast<size_t>(leftOpen)) << "a key stayed open";
     EXPECT_EQ(world_.parts.Files.OpenFiles(), 0U) << "a file stayed open";
     EXPECT_EQ(world_.standIn.OpenContexts(), 0U) << "a context stayed open";

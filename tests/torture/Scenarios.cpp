@@ -19,9 +19,9 @@ constexpr char encrypting[] = "Operation = \"ENCR\"\n";
 const std::string twoProfiles =
     GoldenLibrary + BelowService("Doomed\\rules\\Rule 0\\List") + "Signer Num = 0\n" +
     BelowService("Doomed\\rules\\Rule 1") + BelowService("Exchange") + "ZCSProfile = { \"Bank keys\" }\n" +
-    BelowService("Exchange\\rules\\Rule 0\\Former\\deep") + "x = 1\n" +
-    BelowService("Exchange\\rules\\Rule 1") + "Operation = \"ENCR\"\nExt num = 1\nC0 = \"CN=A\"\n" +
-    BelowService("Exchange\\rules\\Rule 5") + "Operation = \"DELE\"\n";
+    BelowService("Exchange\\rules\\Rule 0\\Former\\deep") + "x = 1\n" + BelowService("Exchange\\rules\\Rule 1") +
+    "Operation = \"ENCR\"\nExt num = 1\nC0 = \"CN=A\"\n" + BelowService("Exchange\\rules\\Rule 5") +
+    "Operation = \"DELE\"\n";
 
 // One profile with one rule, which names Anna and Boris, and times of revocation lists that are long past.
 std::string Office(const std::string& operation) {
@@ -73,24 +73,23 @@ void AcceptPicker(World& world, Notes& /*notes*/) {
 }
 
 void SilentNetwork(World& world, Notes& notes) {
-    world.standIn.Serve({.Certificates = {{.OwnerName = "CN=Anna Keller,O=Kontor,C=DE"},
-                                          {.OwnerName = "CN=Boris Petrov,O=Bank,C=RU"}},
-                         .NetworkAnswers = false});
+    world.standIn.Serve(
+        {.Certificates = {{.OwnerName = "CN=Anna Keller,O=Kontor,C=DE"}, {.OwnerName = "CN=Boris Petrov,O=Bank,C=RU"}},
+         .NetworkAnswers = false});
     AcceptPicker(world, notes);
 }
 
 void FailingLists(World& world, Notes& notes) {
-    world.standIn.Serve({.Certificates = {{.OwnerName = "CN=Anna Keller,O=Kontor,C=DE"},
-                                          {.OwnerName = "CN=Boris Petrov,O=Bank,C=RU"}},
-                         .CrlDiagnostic = Diagnostic});
+    world.standIn.Serve(
+        {.Certificates = {{.OwnerName = "CN=Anna Keller,O=Kontor,C=DE"}, {.OwnerName = "CN=Boris Petrov,O=Bank,C=RU"}},
+         .CrlDiagnostic = Diagnostic});
     AcceptPicker(world, notes);
 }
 
 // Only what happens between the two is tortured.
 void ReadGroup(World& world, Notes& notes) {
     world.hand.file = std::wstring(file) + L"grx";
-    world.parts.Files.AddFile(*world.hand.file,
-                              "CN=Guest,O=Elsewhere\r\nno name\r\nCN=Anna Keller,O=Kontor,C=DE\r\n");
+    world.parts.Files.AddFile(*world.hand.file, "CN=Guest,O=Elsewhere\r\nno name\r\nCN=Anna Keller,O=Kontor,C=DE\r\n");
     world.faults.Pause();
     InPicker(world, [&world, &notes] {
         world.faults.Resume();

@@ -51,8 +51,7 @@ class ShortOfMemory : public testing::TestWithParam<size_t> {
     const Outcome untouched_ = Play(scenario_, {.works = false});
     // What the next save writes, with the command carried out and without it.
     const std::string done_ = WithoutStamps(Play(scenario_, {.ending = Ending::SaveAgain}).trees);
-    const std::string undone_ =
-        WithoutStamps(Play(scenario_, {.ending = Ending::SaveAgain, .works = false}).trees);
+    const std::string undone_ = WithoutStamps(Play(scenario_, {.ending = Ending::SaveAgain, .works = false}).trees);
     size_t runs_ = 0;
 };
 
@@ -65,8 +64,7 @@ void ShortOfMemory::Check(const Outcome& outcome) const {
     }
     if (scenario_.kind == Kind::Load) {
         if (outcome.started) return;
-        EXPECT_EQ(outcome.reports,
-                  (std::vector<Report>{{.text = programEnds, .flags = 0x10, .owned = false}}));
+        EXPECT_EQ(outcome.reports, (std::vector<Report>{{.text = programEnds, .flags = 0x10, .owned = false}}));
         return;
     }
     EXPECT_TRUE(outcome.started);
@@ -98,22 +96,19 @@ TEST_P(ShortOfMemory, ACommandEndsAsAWhole) {
             Check(left);
             ++runs_;
             if (scenario_.kind != Kind::Command) continue;
-            CheckModel(Play(scenario_, {.ending = Ending::SaveAgain, .firstRefused = n, .lastRefused = last}),
-                       left);
+            CheckModel(Play(scenario_, {.ending = Ending::SaveAgain, .firstRefused = n, .lastRefused = last}), left);
             ++runs_;
         }
     }
     totalRuns += runs_;
     RecordProperty("runs", static_cast<int>(runs_));
-    std::cout << scenario_.name << ": " << allocations_ << " allocations, refused in " << runs_
-              << " runs; so far " << totalRuns << "\n";
+    std::cout << scenario_.name << ": " << allocations_ << " allocations, refused in " << runs_ << " runs; so far "
+              << totalRuns << "\n";
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, ShortOfMemory,
                          testing::Range(size_t{0}, Scenarios().size() + InnerScenarios().size()),
-                         [](const auto& scenario) {
-                             return NameInTests(ScenarioNumber(scenario.param).name);
-                         });
+                         [](const auto& scenario) { return NameInTests(ScenarioNumber(scenario.param).name); });
 
 }  // namespace
 }  // namespace tests::torture

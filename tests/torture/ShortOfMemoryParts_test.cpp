@@ -21,8 +21,7 @@ using Names = std::vector<std::wstring>;
 
 // Does it again and again, each time refusing one allocation further behind, until none is refused. attempt:
 // makes everything anew, then gives the part to do.
-void RefuseEach(
-    const std::function<void(const std::function<void(const std::function<void()>&)>&)>& attempt) {
+void RefuseEach(const std::function<void(const std::function<void(const std::function<void()>&)>&)>& attempt) {
     bool refused = true;
     for (size_t n = 0; refused; ++n) {
         SCOPED_TRACE(n);
@@ -57,9 +56,8 @@ TEST(ShortOfMemoryParts, AContextThatDoesNotCloseEndsNothing) {
     platform::kseal::Exports library{};
     library.Uninitialize = [](platform::kseal::Context) { return uint32_t{0x20000010}; };
     int context = 0;
-    RefuseEach([&](const auto& shortOfMemory) {
-        shortOfMemory([&] { crypto::CryptoContext(library, &context, reporter); });
-    });
+    RefuseEach(
+        [&](const auto& shortOfMemory) { shortOfMemory([&] { crypto::CryptoContext(library, &context, reporter); }); });
 }
 
 TEST(ShortOfMemoryParts, ChosenNamesStayCounted) {

@@ -137,10 +137,8 @@ TEST_P(Torture, EveryCallFails) {
     }
     for (size_t n = 0; n < calls.size() && !HasFailure(); ++n) {
         if (!IsTried()) continue;
-        SCOPED_TRACE("all calls fail from " + std::to_string(n) + " on, " +
-                     testing::PrintToString(calls[n].target));
-        PlayWith({.plan = [n](size_t number,
-                              const Call& call) { return number >= n ? CodesFor(call.op).back() : 0; },
+        SCOPED_TRACE("all calls fail from " + std::to_string(n) + " on, " + testing::PrintToString(calls[n].target));
+        PlayWith({.plan = [n](size_t number, const Call& call) { return number >= n ? CodesFor(call.op).back() : 0; },
                   .goesOn = n % 2 == 0});
     }
     totalFaults += faults_;
@@ -152,9 +150,7 @@ TEST_P(Torture, EveryCallFails) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, Torture, testing::Range(size_t{0}, Scenarios().size()),
-                         [](const auto& scenario) {
-                             return NameInTests(Scenarios().at(scenario.param).name);
-                         });
+                         [](const auto& scenario) { return NameInTests(Scenarios().at(scenario.param).name); });
 
 }  // namespace
 }  // namespace tests::torture

@@ -30,8 +30,8 @@ struct World {
     FaultyFiles files{parts.Files, faults};
     FaultyMemory memory{faults};
     FaultyLibrary library{faults};
-    const platform::Machine machine = MachineWith(
-        parts.Machine, {.Registry = &keys, .Files = &files, .Memory = &memory, .CryptoLibrary = &library});
+    const platform::Machine machine =
+        MachineWith(parts.Machine, {.Registry = &keys, .Files = &files, .Memory = &memory, .CryptoLibrary = &library});
     ui::memory::MemoryScreen screen{parts.ScreenMetrics};
     Hand hand{screen, faults};
 };

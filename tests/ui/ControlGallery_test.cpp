@@ -235,9 +235,8 @@ TEST_F(ControlGalleryTest, TabVisitsWhatCanBeUsedInTheOrderDeclared) {
             user_.Press(Key::Tab);
             visited.push_back(gallery_.Focus() == nullptr ? 0 : gallery_.Focus()->Id());
         }
-        EXPECT_EQ(
-            (std::vector{Notes, Kinds, Mask, Names, Save, Rows, Apply, ui::IdOk, ui::IdCancel, Name, Notes}),
-            visited);
+        EXPECT_EQ((std::vector{Notes, Kinds, Mask, Names, Save, Rows, Apply, ui::IdOk, ui::IdCancel, Name, Notes}),
+                  visited);
         user_.Press(Key::Tab, Held::Shift);
         EXPECT_TRUE(gallery_.name.HasFocus());
     });
@@ -290,8 +289,7 @@ TEST_F(ControlGalleryTest, NamesThatDifferOnlyInCaseStayInTheOrderOfTheirComing)
         EXPECT_EQ(1, gallery_.names.Add(L"ABC"));
         EXPECT_EQ(2, gallery_.names.Add(L"abc"));
         user_.Click(Apply);  // lets the windows be looked at
-        EXPECT_EQ((std::vector<std::wstring>{L"Abc", L"ABC", L"abc", L"xml", L"zip"}),
-                  gallery_.names.Items());
+        EXPECT_EQ((std::vector<std::wstring>{L"Abc", L"ABC", L"abc", L"xml", L"zip"}), gallery_.names.Items());
     });
 }
 

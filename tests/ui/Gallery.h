@@ -53,22 +53,18 @@ class Gallery : public ui::Dialog {
     ui::Size smallest;
 
     ui::Label hint{*this, gallery::Hint, {7, 7, 60, 8}, L"Name & more:"};
-    ui::Edit name{*this, gallery::Name, {70, 5, 90, 14}, {.takesPaths = true}, [this] {
-                      Hear(L"name " + name.Text());
-                  }};
-    ui::Edit digits{*this, gallery::Digits, {165, 5, 40, 14}, {.digitsOnly = true}, [this] {
-                        Hear(L"digits " + digits.Text());
-                    }};
+    ui::Edit name{
+        *this, gallery::Name, {70, 5, 90, 14}, {.takesPaths = true}, [this] { Hear(L"name " + name.Text()); }};
+    ui::Edit digits{
+        *this, gallery::Digits, {165, 5, 40, 14}, {.digitsOnly = true}, [this] { Hear(L"digits " + digits.Text()); }};
     ui::UpDown arrows{*this, gallery::Arrows, digits, 0, 99};
     ui::CheckBox tick{*this, gallery::Tick, {212, 7, 80, 10}, L"Tick & tock", [this] {
                           Hear(tick.IsChecked() ? L"ticked" : L"unticked");
                       }};
     ui::GroupBox frame{*this, gallery::Frame, {7, 24, 150, 66}, L"R&D"};
-    ui::Edit notes{*this, gallery::Notes, {13, 36, 138, 46}, {.multiLine = true}, [this] {
-                       Hear(L"notes " + notes.Text());
-                   }};
-    ui::ComboBox kinds{
-        *this, gallery::Kinds, {165, 26, 60, 14}, [this] { Hear(L"kind " + kinds.SelectedItem()); }};
+    ui::Edit notes{
+        *this, gallery::Notes, {13, 36, 138, 46}, {.multiLine = true}, [this] { Hear(L"notes " + notes.Text()); }};
+    ui::ComboBox kinds{*this, gallery::Kinds, {165, 26, 60, 14}, [this] { Hear(L"kind " + kinds.SelectedItem()); }};
     ui::EditableCombo mask{*this, gallery::Mask, {232, 26, 60, 14}, [this] { Hear(L"mask " + mask.Text()); }};
     ui::ListBox names{
         *this, gallery::Names, {165, 44, 60, 46, {0, 0, 50, 0}}, ui::ListBox::Order::Alphabetical, [this] {
@@ -80,8 +76,7 @@ class Gallery : public ui::Dialog {
     ui::ListView rows{
         *this, gallery::Rows, {7, 96, 285, 104, ui::GrowBoth}, {.checkBoxes = true, .sortableHeaders = true}};
     ui::Edit fixed{*this, gallery::Fixed, {7, 207, 80, 14, {0, 100, 0, 0}}, {.readOnly = true}};
-    ui::Button apply{
-        *this, gallery::Apply, {110, 206, 50, 16, ui::MoveBoth}, L"Apply", [this] { Hear(L"apply"); }};
+    ui::Button apply{*this, gallery::Apply, {110, 206, 50, 16, ui::MoveBoth}, L"Apply", [this] { Hear(L"apply"); }};
     ui::Button ok{*this, ui::IdOk, {176, 206, 50, 16, ui::MoveBoth}, L"OK"};
     ui::Button cancel{*this, ui::IdCancel, {242, 206, 50, 16, ui::MoveBoth}, L"Exit"};
 

@@ -36,8 +36,7 @@ class KeyDialog : public ui::Dialog {
     ui::Edit fixedLines{*this, 13, {0, 30, 10, 10}, {.readOnly = true, .multiLine = true}};
     ui::CheckBox check{*this, 14, {0, 40, 10, 10}, L"Check"};
     ui::Button push{*this, 15, {0, 50, 10, 10}, L"Push", [this] { heard.push_back(L"push"); }};
-    ui::IconButton icon{*this,          16,      {0, 60, 10, 10},
-                        ui::Icon::Save, L"Save", [this] { heard.push_back(L"icon"); }};
+    ui::IconButton icon{*this, 16, {0, 60, 10, 10}, ui::Icon::Save, L"Save", [this] { heard.push_back(L"icon"); }};
     ui::ListView list{*this, 17, {0, 70, 10, 10}, {.checkBoxes = true}};
     ui::ListView plainList{*this, 18, {0, 75, 10, 10}, {.singleSelection = true}};
     ui::ComboBox combo{*this, 19, {0, 80, 10, 10}, [this] { heard.push_back(combo.SelectedItem()); }};
@@ -110,10 +109,9 @@ TEST_F(Keyboard, AFocusMovedByTheLosingControlStaysWhereItWasPut) {
 }
 
 TEST_F(Keyboard, EnterPressesTheFocusedButtonElseOk) {
-    for (ui::Control* focus :
-         {static_cast<ui::Control*>(&dialog.line), static_cast<ui::Control*>(&dialog.push),
-          static_cast<ui::Control*>(&dialog.icon), static_cast<ui::Control*>(&dialog.check),
-          static_cast<ui::Control*>(&dialog.list), static_cast<ui::Control*>(&dialog.cancel)}) {
+    for (ui::Control* focus : {static_cast<ui::Control*>(&dialog.line), static_cast<ui::Control*>(&dialog.push),
+                               static_cast<ui::Control*>(&dialog.icon), static_cast<ui::Control*>(&dialog.check),
+                               static_cast<ui::Control*>(&dialog.list), static_cast<ui::Control*>(&dialog.cancel)}) {
         focus->SetFocus();
         Press(VirtualKey::Enter);
     }
@@ -205,8 +203,7 @@ TEST_F(Keyboard, ShiftSelectsOneRowWhereOnlyOneCanBe) {
 TEST_F(Keyboard, KeysInAnEmptyListAreOnlyHeard) {
     dialog.list.SetRows(0);
     dialog.list.SetFocus();
-    for (const VirtualKey key : {VirtualKey::Down, VirtualKey::End, VirtualKey::Space, VirtualKey::Delete})
-        Press(key);
+    for (const VirtualKey key : {VirtualKey::Down, VirtualKey::End, VirtualKey::Space, VirtualKey::Delete}) Press(key);
     EXPECT_EQ((std::vector<int>{40, 35, 32, 46}), dialog.listKeys);
     EXPECT_FALSE(dialog.list.FocusedRow());
 }

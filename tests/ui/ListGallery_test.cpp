@@ -118,8 +118,7 @@ TEST_F(ListGalleryTest, ManyRowsAreSelectedAndFoundAgain) {
         rows_.EnsureVisible(99'000);
         user_.Click(Rows);
         EXPECT_EQ(Indexes{99'000}, rows_.SelectedRows());
-        EXPECT_EQ((std::vector<std::wstring>{L"row 99000", L"first 99000", L"second 99000"}),
-                  user_.Row(Rows, 99'000));
+        EXPECT_EQ((std::vector<std::wstring>{L"row 99000", L"first 99000", L"second 99000"}), user_.Row(Rows, 99'000));
         rows_.SelectOnly(5);
         user_.Click(Rows);
         EXPECT_EQ(Indexes{5}, rows_.SelectedRows());

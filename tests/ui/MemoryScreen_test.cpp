@@ -214,8 +214,7 @@ TEST_F(MemoryScreenTest, WindowsInFrontTakeTheFocusAndGiveItBack) {
         EXPECT_EQ(ui::IdYes, screen.ShowMessageBox(&dialog, L"text", L"caption", ui::box::YesNo));
         EXPECT_EQ(&dialog.second, dialog.Focus());
         EXPECT_EQ(L"C:\\In", screen.PickFolder(&dialog, L""));
-        EXPECT_EQ(std::nullopt,
-                  screen.PickFile(&dialog, {ui::FilePickerKind::Save, L"All", L"*.*", L"prx", L"a.prx"}));
+        EXPECT_EQ(std::nullopt, screen.PickFile(&dialog, {ui::FilePickerKind::Save, L"All", L"*.*", L"prx", L"a.prx"}));
         EXPECT_EQ(L"a.prx", screen.LastFilePicker().initialPath);
         SampleDialog upper(screen, &dialog);
         user.onDialog = [&](ui::Dialog& opened) {

@@ -20,8 +20,7 @@ class ShownStateTest : public testing::Test {
         shown_.ShowAll(gallery_);
     }
 
-    void ExpectStale(const std::string& words, const std::function<void()>& change,
-                     const std::function<void()>& show) {
+    void ExpectStale(const std::string& words, const std::function<void()>& change, const std::function<void()>& show) {
         SCOPED_TRACE(words);
         EXPECT_EQ(Words{}, shown_.Stale(gallery_));
         change();
@@ -51,13 +50,11 @@ TEST_F(ShownStateTest, NoticesWhatEveryControlHas) {
     ExpectStale("enabled", gallery_.tick, ui::Aspect::Enabled, [this] { gallery_.tick.Enable(false); });
     ExpectStale("enabled", gallery_.tick, ui::Aspect::Enabled, [this] { gallery_.tick.Enable(true); });
     ExpectStale("visible", gallery_.frame, ui::Aspect::Visible, [this] { gallery_.frame.Show(false); });
-    ExpectStale("tooltip", gallery_.apply, ui::Aspect::Tooltip,
-                [this] { gallery_.apply.SetTooltip(L"Applies"); });
+    ExpectStale("tooltip", gallery_.apply, ui::Aspect::Tooltip, [this] { gallery_.apply.SetTooltip(L"Applies"); });
 }
 
 TEST_F(ShownStateTest, NoticesWhatSomeControlsHave) {
-    ExpectStale("icon", gallery_.save, ui::Aspect::Icon,
-                [this] { gallery_.save.SetIcon(ui::Icon::RuleAdd); });
+    ExpectStale("icon", gallery_.save, ui::Aspect::Icon, [this] { gallery_.save.SetIcon(ui::Icon::RuleAdd); });
     ExpectStale("icon", gallery_.sign, ui::Aspect::Icon, [this] { gallery_.sign.SetIcon(ui::Icon::Error); });
     ExpectStale("readonly", gallery_.name, ui::Aspect::ReadOnly, [this] { gallery_.name.SetReadOnly(true); });
     ExpectStale("cue", gallery_.name, ui::Aspect::Cue, [this] { gallery_.name.SetCue(L"Whom?"); });

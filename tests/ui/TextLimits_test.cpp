@@ -26,8 +26,7 @@ class LimitedForm : public ui::Dialog {
     }
     std::vector<std::wstring> heard;
 
-    ui::Edit shortText{
-        *this, Short, {7, 7, 90, 14}, {.takesPaths = true, .longest = 5}, [this] { Hear(shortText); }};
+    ui::Edit shortText{*this, Short, {7, 7, 90, 14}, {.takesPaths = true, .longest = 5}, [this] { Hear(shortText); }};
     ui::Edit key{*this, KeyName, {7, 25, 90, 14}, {.refused = L"\\/"}, [this] { Hear(key); }};
     ui::EditableCombo mask{*this, Mask, {7, 43, 90, 14}, [this] { Hear(mask); }, 5};
     ui::Edit lines{*this, Lines, {7, 61, 90, 30}, {.multiLine = true, .longest = 6}};

@@ -98,9 +98,9 @@ TEST_F(WindowGalleryTest, MenusAreHeard) {
 TEST_F(WindowGalleryTest, BoxesAreAnswered) {
     gallery_.onHear = [this](const std::wstring& what) {
         if (what != L"apply") return;
-        const int answer = world_->Screen().ShowMessageBox(
-            &gallery_, L"Go on?\r\nReally?", L"Question",
-            ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault);
+        const int answer =
+            world_->Screen().ShowMessageBox(&gallery_, L"Go on?\r\nReally?", L"Question",
+                                            ui::box::YesNo | ui::box::QuestionIcon | ui::box::SecondIsDefault);
         gallery_.name.SetText(std::to_wstring(answer));
     };
     Run([this] {
@@ -116,8 +116,7 @@ TEST_F(WindowGalleryTest, BoxesAreAnswered) {
 
 TEST_F(WindowGalleryTest, ABoxTakesTheFocusAndGivesItBack) {
     gallery_.onHear = [this](const std::wstring& what) {
-        if (what == L"key 46")
-            world_->Screen().ShowMessageBox(&gallery_, L"Stop", L"Stop", ui::box::ExclamationIcon);
+        if (what == L"key 46") world_->Screen().ShowMessageBox(&gallery_, L"Stop", L"Stop", ui::box::ExclamationIcon);
     };
     Run([this] {
         user_.ClickRow(Rows, 1);
@@ -144,13 +143,11 @@ TEST_F(WindowGalleryTest, PickersAreAnswered) {
         user_.ExpectFolderPicker(std::nullopt);
         EXPECT_EQ(std::nullopt, screen.PickFolder(&gallery_, L""));
         user_.ExpectFilePicker(ui::FilePickerKind::Open, L"C:\\windows\\notepad.exe");
-        EXPECT_EQ(
-            L"C:\\windows\\notepad.exe",
-            screen.PickFile(&gallery_, {ui::FilePickerKind::Open, L"All files (*.*)", L"*.*", L"*.*", L""}));
+        EXPECT_EQ(L"C:\\windows\\notepad.exe",
+                  screen.PickFile(&gallery_, {ui::FilePickerKind::Open, L"All files (*.*)", L"*.*", L"*.*", L""}));
         user_.ExpectFilePicker(ui::FilePickerKind::Save, L"C:\\windows\\gallery-test.prx");
-        EXPECT_EQ(
-            L"C:\\windows\\gallery-test.prx",
-            screen.PickFile(&gallery_, {ui::FilePickerKind::Save, L"Rules", L"*.prx", L"prx", L"old.prx"}));
+        EXPECT_EQ(L"C:\\windows\\gallery-test.prx",
+                  screen.PickFile(&gallery_, {ui::FilePickerKind::Save, L"Rules", L"*.prx", L"prx", L"old.prx"}));
         user_.ExpectFilePicker(ui::FilePickerKind::Save, std::nullopt);
         EXPECT_EQ(std::nullopt,
                   screen.PickFile(&gallery_, {ui::FilePickerKind::Save, L"Rules", L"*.prx", L"prx", L""}));
@@ -180,13 +177,11 @@ class WithoutMemory : public WindowGalleryTest {
     void SetUp() override {
         ui::Screen& screen = world_->Screen();
         screen.SetFailureHandler([&screen](const ui::Dialog& dialog, const ui::ScreenError* failure) {
-            screen.ShowMessageBox(&dialog, failure == nullptr ? L"No memory" : failure->Operation(),
-                                  L"Gallery", ui::box::Ok | ui::box::ErrorIcon);
+            screen.ShowMessageBox(&dialog, failure == nullptr ? L"No memory" : failure->Operation(), L"Gallery",
+                                  ui::box::Ok | ui::box::ErrorIcon);
         });
     }
-    void ExpectTold() {
-        user_.ExpectBox(L"No memory", ui::box::Ok | ui::box::ErrorIcon, ui::IdOk, L"Gallery");
-    }
+    void ExpectTold() { user_.ExpectBox(L"No memory", ui::box::Ok | ui::box::ErrorIcon, ui::IdOk, L"Gallery"); }
 };
 
 TEST_F(WithoutMemory, ACommandEndsAndItsDialogGoesOn) {
@@ -239,8 +234,7 @@ TEST_F(WithoutMemory, OtherFailuresEndTheDialogAllTheSame) {
 }
 
 TEST_F(WithoutMemory, WhoCannotEvenBeToldIsSentBack) {
-    world_->Screen().SetFailureHandler(
-        [](const ui::Dialog&, const ui::ScreenError*) { throw std::bad_alloc(); });
+    world_->Screen().SetFailureHandler([](const ui::Dialog&, const ui::ScreenError*) { throw std::bad_alloc(); });
     gallery_.onHear = [](const std::wstring& what) {
         if (what == L"apply") throw std::bad_alloc();
     };

@@ -18,8 +18,8 @@ constexpr DWORD pause = 20;             // milliseconds between two looks
 
 std::wstring ToWide(const std::string& utf8) {
     std::wstring text(utf8.size(), L'\0');
-    text.resize(static_cast<size_t>(MultiByteToWideChar(
-        CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), text.data(), static_cast<int>(text.size()))));
+    text.resize(static_cast<size_t>(MultiByteToWideChar(CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()),
+                                                        text.data(), static_cast<int>(text.size()))));
     return text;
 }
 
@@ -173,8 +173,7 @@ class Hands {
         RECT place{};
         GetWindowRect(window_, &place);
         std::ostringstream text;
-        text << place.right - place.left << 'x' << place.bottom - place.top << '+' << place.left << '+'
-             << place.top;
+        text << place.right - place.left << 'x' << place.bottom - place.top << '+' << place.left << '+' << place.top;
         return text.str();
     }
 
@@ -201,8 +200,7 @@ class Hands {
         const auto height = [&ask](WPARAM rows) { return HIWORD(ask(LVM_APPROXIMATEVIEWRECT, rows, 0)); };
         const LPARAM rowHeight = height(2) - height(1);
         LPARAM x = ask(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0) / 2;
-        for (int before = 0; before < column; ++before)
-            x += ask(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(before), 0);
+        for (int before = 0; before < column; ++before) x += ask(LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(before), 0);
         const LPARAM y = header.bottom + (row - ask(LVM_GETTOPINDEX, 0, 0)) * rowHeight + rowHeight / 2;
         return MAKELPARAM(x, y);
     }

@@ -91,8 +91,7 @@ void RowSelection::Toggle(ListView& list, size_t row) {
 // The program may have filled the list anew or selected another row since the mark was set.
 size_t RowSelection::MarkOf(const ListView& list, size_t row) const {
     const auto mark = marks_.find(&list);
-    if (mark != marks_.end() && mark->second < list.RowCount() && list.IsSelected(mark->second))
-        return mark->second;
+    if (mark != marks_.end() && mark->second < list.RowCount() && list.IsSelected(mark->second)) return mark->second;
     return list.FocusedRow().value_or(row);
 }
 

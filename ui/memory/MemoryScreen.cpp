@@ -31,9 +31,7 @@ class MemoryScreen::OpenWindow {
 // While one lives, the user is asked something and finds the usual cursor.
 class MemoryScreen::Asking {
   public:
-    explicit Asking(MemoryScreen& screen)
-        : screen_(screen),
-          interrupted_(std::exchange(screen.waitCursors_, 0)) {
+    explicit Asking(MemoryScreen& screen) : screen_(screen), interrupted_(std::exchange(screen.waitCursors_, 0)) {
         if (interrupted_ > 0) screen_.ahead_.clear();
     }
     ~Asking() { screen_.waitCursors_ = interrupted_; }
@@ -87,8 +85,7 @@ int MemoryScreen::RunModal(Dialog& dialog) {
 }
 
 void MemoryScreen::OpenModeless(Dialog& dialog) {
-    auto window =
-        std::make_unique<MemoryWindow>(dialog, metrics_, dpi_, [this, &dialog] { CloseModeless(dialog); });
+    auto window = std::make_unique<MemoryWindow>(dialog, metrics_, dpi_, [this, &dialog] { CloseModeless(dialog); });
     MemoryWindow& opened = *window;
     if (rememberShown_) opened.RememberShown();
     modeless_.push_back(std::move(window));
@@ -126,9 +123,8 @@ void MemoryScreen::ShowWaitCursor(bool shown) {
 }
 
 MemoryWindow* MemoryScreen::WindowOf(const Dialog& dialog) const {
-    const auto found = std::find_if(windows_.begin(), windows_.end(), [&dialog](const MemoryWindow* window) {
-        return &window->Owner() == &dialog;
-    });
+    const auto found = std::find_if(windows_.begin(), windows_.end(),
+                                    [&dialog](const MemoryWindow* window) { return &window->Owner() == &dialog; });
     return found == windows_.end() ? nullptr : *found;
 }
 

@@ -44,9 +44,7 @@ class MemoryWindow final : public Window {
     // Before it is opened: the window is to remember what it was told to show.
     void RememberShown() { shown_.emplace(); }
     // What a window that remembers was not told of and therefore shows as it was before, in words.
-    std::vector<std::string> Stale() const {
-        return shown_ ? shown_->Stale(dialog_) : std::vector<std::string>();
-    }
+    std::vector<std::string> Stale() const { return shown_ ? shown_->Stale(dialog_) : std::vector<std::string>(); }
 
     // What the user does with the window. Minimizing and restoring move the focus, too.
     void UserDraggedCorner(Size growth);

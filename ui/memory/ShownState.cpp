@@ -11,16 +11,15 @@
 namespace ui::memory {
 namespace {
 
-constexpr std::array ofControls{
-    std::pair{Aspect::Text, "text"},         std::pair{Aspect::Name, "name"},
-    std::pair{Aspect::Enabled, "enabled"},   std::pair{Aspect::Visible, "visible"},
-    std::pair{Aspect::Tooltip, "tooltip"},   std::pair{Aspect::Icon, "icon"},
-    std::pair{Aspect::ReadOnly, "readonly"}, std::pair{Aspect::Cue, "cue"},
-    std::pair{Aspect::Items, "items"},       std::pair{Aspect::Columns, "columns"},
-    std::pair{Aspect::RowChecks, "checks"}};
-constexpr std::array ofDialogs{
-    std::pair{DialogAspect::Caption, "caption"}, std::pair{DialogAspect::Icon, "icon"},
-    std::pair{DialogAspect::MenuBar, "menu bar"}, std::pair{DialogAspect::SystemMenu, "system menu"}};
+constexpr std::array ofControls{std::pair{Aspect::Text, "text"},         std::pair{Aspect::Name, "name"},
+                                std::pair{Aspect::Enabled, "enabled"},   std::pair{Aspect::Visible, "visible"},
+                                std::pair{Aspect::Tooltip, "tooltip"},   std::pair{Aspect::Icon, "icon"},
+                                std::pair{Aspect::ReadOnly, "readonly"}, std::pair{Aspect::Cue, "cue"},
+                                std::pair{Aspect::Items, "items"},       std::pair{Aspect::Columns, "columns"},
+                                std::pair{Aspect::RowChecks, "checks"}};
+constexpr std::array ofDialogs{std::pair{DialogAspect::Caption, "caption"}, std::pair{DialogAspect::Icon, "icon"},
+                               std::pair{DialogAspect::MenuBar, "menu bar"},
+                               std::pair{DialogAspect::SystemMenu, "system menu"}};
 
 std::wstring InWords(bool yes) {
     return yes ? L"yes" : L"no";
@@ -52,8 +51,8 @@ std::wstring ChecksIn(const ListView& list) {
 }
 
 std::optional<std::wstring> TextIn(const Control& control) {
-    const bool isTheUsers = dynamic_cast<const Edit*>(&control) != nullptr ||
-                            dynamic_cast<const ChoiceControl*>(&control) != nullptr;
+    const bool isTheUsers =
+        dynamic_cast<const Edit*>(&control) != nullptr || dynamic_cast<const ChoiceControl*>(&control) != nullptr;
     return isTheUsers ? std::nullopt : std::optional(control.Text());
 }
 

@@ -94,8 +94,7 @@ void ComboMirror::Show(Aspect aspect) {
 
 void ComboMirror::ShowItems() const {
     Send(CB_RESETCONTENT);
-    for (const std::wstring& item : combo_.Items())
-        Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    for (const std::wstring& item : combo_.Items()) Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
     ShowSelection();
 }
 
@@ -157,8 +156,7 @@ void ListBoxMirror::ShowItems() const {
     const LRESULT top = Send(LB_GETTOPINDEX);
     if (redraw) Send(WM_SETREDRAW, FALSE);
     Send(LB_RESETCONTENT);
-    for (const std::wstring& item : list_.Items())
-        Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
+    for (const std::wstring& item : list_.Items()) Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
     Send(LB_SETTOPINDEX, static_cast<WPARAM>(top));
     Send(LB_SETCURSEL, SystemIndex(list_.Selected()));
     if (redraw) Send(WM_SETREDRAW, TRUE);

@@ -176,8 +176,7 @@ void DialogWindow::AcceptDrops() const {
 
 void DialogWindow::OnDrop(HDROP drop) {
     const DroppedFiles dropped(drop);
-    const HWND target =
-        ChildWindowFromPointEx(window_, dropped.Place(), CWP_SKIPINVISIBLE | CWP_SKIPDISABLED);
+    const HWND target = ChildWindowFromPointEx(window_, dropped.Place(), CWP_SKIPINVISIBLE | CWP_SKIPDISABLED);
     if (ControlMirror* const mirror = MirrorOf(target)) mirror->OnDrop(dropped.FirstPath());
 }
 

@@ -22,8 +22,7 @@ Rect OpeningRect(Control& control, Size letter) {
 }  // namespace
 
 void DialogWindow::ReportOpeningBounds() {
-    for (const auto& mirror : mirrors_)
-        mirror->Mirrored().SetOpeningBounds(BoundsIn(window_, mirror->Window()));
+    for (const auto& mirror : mirrors_) mirror->Mirrored().SetOpeningBounds(BoundsIn(window_, mirror->Window()));
 }
 
 void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
@@ -107,8 +106,7 @@ Size DialogWindow::Client() const {
 // neither the font nor the frame grows evenly.
 INT_PTR DialogWindow::OnScaledSize(uint32_t dpi, SIZE& size) const {
     if (stage_ == Stage::Making || dpi == 0 || IsIconic(window_) != FALSE) return FALSE;
-    const Size outer =
-        OuterSizeFor(window_, dialog_.ClientSizeAt(dpi, OpeningSize(rescaling_.LetterAt(dpi))), dpi);
+    const Size outer = OuterSizeFor(window_, dialog_.ClientSizeAt(dpi, OpeningSize(rescaling_.LetterAt(dpi))), dpi);
     size = {outer.width, outer.height};
     return Reply(TRUE);
 }

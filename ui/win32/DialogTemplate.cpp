@@ -67,8 +67,7 @@ void DialogTemplate::AddControl(Control& control) {
     AddItem(KindOf(control), state, control.Placement(), control.Id(), {});
 }
 
-void DialogTemplate::AddItem(const WindowKind& kind, DWORD state, const Place& place, int id,
-                             std::wstring_view text) {
+void DialogTemplate::AddItem(const WindowKind& kind, DWORD state, const Place& place, int id, std::wstring_view text) {
     AlignToLong();
     AddLong(0);  // help id
     AddLong(kind.extendedStyle);

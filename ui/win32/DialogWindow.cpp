@@ -53,9 +53,7 @@ void TaskModality::Enable() {
         if (IsWindow(window) != FALSE) EnableWindow(window, TRUE);
 }
 
-DialogWindow::DialogWindow(Dialog& dialog, ExceptionTaker taker)
-    : dialog_(dialog),
-      taker_(std::move(taker)) {}
+DialogWindow::DialogWindow(Dialog& dialog, ExceptionTaker taker) : dialog_(dialog), taker_(std::move(taker)) {}
 
 DialogWindow::~DialogWindow() {
     if (window_ != nullptr) DestroyWindow(window_);
@@ -133,8 +131,7 @@ void DialogWindow::ShowAll() {
     ShowIcon();
     ShowMenuBar();
     for (const MenuItem& entry : dialog_.SystemMenuEntries()) AppendToSystemMenu(window_, entry);
-    if (std::any_of(mirrors_.begin(), mirrors_.end(),
-                    [](const auto& mirror) { return mirror->TakesPaths(); }))
+    if (std::any_of(mirrors_.begin(), mirrors_.end(), [](const auto& mirror) { return mirror->TakesPaths(); }))
         AcceptDrops();
     for (const auto& mirror : mirrors_) {
         mirror->ShowAll();

@@ -25,8 +25,7 @@ class Fading {
         const uint32_t ground = light * MostGround / 0xFF;
         uint32_t faded = pixel & 0xFF000000;
         for (const int shift : {0, 8, 16})
-            faded |= (Part(ground_ >> shift) * ground + Part(ink_ >> shift) * (Whole - ground)) / Whole
-                     << shift;
+            faded |= (Part(ground_ >> shift) * ground + Part(ink_ >> shift) * (Whole - ground)) / Whole << shift;
         return faded;
     }
 

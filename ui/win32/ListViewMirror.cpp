@@ -132,8 +132,7 @@ void ListViewMirror::ShowSelection() const {
         SetState(AllRows, LVIS_SELECTED, LVIS_SELECTED);
     } else {
         SelectNone();
-        for (const size_t row : list_.SelectedRows())
-            SetState(static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
+        for (const size_t row : list_.SelectedRows()) SetState(static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
     }
     const std::optional<size_t> focused = list_.FocusedRow();
     if (!focused) return;

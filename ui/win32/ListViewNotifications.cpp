@@ -40,8 +40,7 @@ void ListViewMirror::FillCell(LVITEMW& item) const {
     }
     if ((item.mask & LVIF_STATE) != 0 && column == 0 && list_.Style().checkBoxes) {
         item.stateMask |= LVIS_STATEIMAGEMASK;
-        item.state =
-            (item.state & ~UINT{LVIS_STATEIMAGEMASK}) | (list_.IsChecked(row) ? ChosenState : UnchosenState);
+        item.state = (item.state & ~UINT{LVIS_STATEIMAGEMASK}) | (list_.IsChecked(row) ? ChosenState : UnchosenState);
     }
 }
 
@@ -148,8 +147,7 @@ void ListViewMirror::Pressed(const NMITEMACTIVATE& place, Press press) {
     }
     // The system leaves it to the owner of the data to turn a check mark over; the second click of a quick
     // pair on a check box is one more turn, not a double click.
-    const bool onBox =
-        hit.row && list_.Style().checkBoxes && (test.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
+    const bool onBox = hit.row && list_.Style().checkBoxes && (test.flags & LVHT_ONITEM) == LVHT_ONITEMSTATEICON;
     if (onBox && press != Press::RightClick) {
         SetFocus(Window());
         ToggleCheck(*hit.row);
@@ -182,8 +180,7 @@ void ListViewMirror::ToggleCheck(size_t row) {
 
 void ListViewMirror::ColumnResized(const NMHEADERW& change) {
     const auto column = static_cast<size_t>(change.iItem);
-    if (change.pitem == nullptr || (change.pitem->mask & HDI_WIDTH) == 0 || column >= list_.Columns().size())
-        return;
+    if (change.pitem == nullptr || (change.pitem->mask & HDI_WIDTH) == 0 || column >= list_.Columns().size()) return;
     list_.UserResizedColumn(column, change.pitem->cxy);
 }
 

@@ -30,8 +30,7 @@ HMENU MakeBar(const std::vector<Menu>& menus) {
 bool SameButForState(const Menu& a, const Menu& b) {
     return a.title == b.title && std::equal(a.items.begin(), a.items.end(), b.items.begin(), b.items.end(),
                                             [](const MenuItem& left, const MenuItem& right) {
-                                                return left.command == right.command &&
-                                                       left.text == right.text;
+                                                return left.command == right.command && left.text == right.text;
                                             });
 }
 
@@ -104,9 +103,8 @@ LPARAM Parameter(TTTOOLINFOW& tool) {
 void Tooltips::Attach(HWND dialog) {
     dialog_ = dialog;
     constexpr DWORD Style = WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX;
-    window_ =
-        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, Style, CW_USEDEFAULT, CW_USEDEFAULT,
-                        CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, GetModuleHandleW(nullptr), nullptr);
+    window_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, Style, CW_USEDEFAULT, CW_USEDEFAULT,
+                              CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, GetModuleHandleW(nullptr), nullptr);
     SendMessageW(window_, TTM_ACTIVATE, TRUE, 0);
 }
 

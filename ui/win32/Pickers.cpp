@@ -35,9 +35,7 @@ Component<IFileDialog> MakeFileDialog() {
 
 void StartIn(IFileDialog& dialog, const std::wstring& folder) {
     void* found = nullptr;
-    if (folder.empty() ||
-        FAILED(SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_IShellItem, &found)))
-        return;
+    if (folder.empty() || FAILED(SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_IShellItem, &found))) return;
     const Component<IShellItem> item(static_cast<IShellItem*>(found));
     dialog.SetFolder(item.get());
 }
@@ -51,16 +49,14 @@ std::wstring PathOf(IShellItem& item) {
 
 // A pattern is no extension that the system could append.
 const wchar_t* Extension(const std::wstring& extension) {
-    return extension.empty() || extension.find_first_of(L"*?.") != std::wstring::npos ? nullptr
-                                                                                      : extension.c_str();
+    return extension.empty() || extension.find_first_of(L"*?.") != std::wstring::npos ? nullptr : extension.c_str();
 }
 
 // Name and pattern of each filter, each ended by a zero; one more zero ends it all as a C text.
 std::wstring FilterOf(const FilePicker& picker) {
     if (picker.filterName.empty()) return {};
     std::wstring filters = picker.filterName + L'\0' + picker.filterPattern + L'\0';
-    for (const FileFilter& filter : picker.furtherFilters)
-        filters += filter.name + L'\0' + filter.pattern + L'\0';
+    for (const FileFilter& filter : picker.furtherFilters) filters += filter.name + L'\0' + filter.pattern + L'\0';
     return filters;
 }
 

@@ -38,8 +38,7 @@ void MoveOverOwner(HWND window) {
     GetMonitorInfoW(MonitorFromWindow(owner != nullptr ? owner : window, MONITOR_DEFAULTTOPRIMARY), &monitor);
     const RECT& screen = monitor.rcWork;
     RECT around = screen;
-    if (owner != nullptr && IsWindowVisible(owner) != FALSE && IsIconic(owner) == FALSE)
-        GetWindowRect(owner, &around);
+    if (owner != nullptr && IsWindowVisible(owner) != FALSE && IsIconic(owner) == FALSE) GetWindowRect(owner, &around);
     const auto [width, height] = SizeOf(window);
     const int x = Within(Middle(around.left, around.right, width), screen.left, screen.right, width);
     const int y = Within(Middle(around.top, around.bottom, height), screen.top, screen.bottom, height);
@@ -61,8 +60,7 @@ void ResizeClient(HWND window, Size client) {
     GetWindowRect(window, &outer);
     GetClientRect(window, &inner);
     SetWindowPos(window, nullptr, 0, 0, outer.right - outer.left + client.width - inner.right,
-                 outer.bottom - outer.top + client.height - inner.bottom,
-                 SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+                 outer.bottom - outer.top + client.height - inner.bottom, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 Rect BoundsIn(HWND parent, HWND control) {
@@ -131,8 +129,8 @@ Size Rescaling::LetterAt(uint32_t dpi) const {
 }
 
 Rect ToPixels(const Place& units, Size letter) {
-    return {Scaled(units.x, letter.width, 4), Scaled(units.y, letter.height, 8),
-            Scaled(units.width, letter.width, 4), Scaled(units.height, letter.height, 8)};
+    return {Scaled(units.x, letter.width, 4), Scaled(units.y, letter.height, 8), Scaled(units.width, letter.width, 4),
+            Scaled(units.height, letter.height, 8)};
 }
 
 Size OuterSizeFor(HWND window, Size client, uint32_t dpi) {

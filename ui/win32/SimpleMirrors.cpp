@@ -35,8 +35,7 @@ void EditMirror::ShowAll() {
 }
 
 void EditMirror::Show(Aspect aspect) {
-    const bool refilled =
-        aspect == Aspect::Text && GetFocus() == Window() && GetWindowTextLengthW(Window()) == 0;
+    const bool refilled = aspect == Aspect::Text && GetFocus() == Window() && GetWindowTextLengthW(Window()) == 0;
     ControlMirror::Show(aspect);
     // What the program puts where the user has just deleted everything gives way to the next key.
     if (refilled) Send(EM_SETSEL, 0, -1);
@@ -95,8 +94,8 @@ void IconButtonMirror::Complete() {
 }
 
 void IconButtonMirror::ShowPicture() {
-    IconHandle icon = LoadPicture(
-        button_.Icon(), ButtonPictureSizeFor(ClientSizeOf(Window()), platform::win32::DpiOf(Window())));
+    IconHandle icon =
+        LoadPicture(button_.Icon(), ButtonPictureSizeFor(ClientSizeOf(Window()), platform::win32::DpiOf(Window())));
     fadedIcon_ = button_.IsEnabled() ? IconHandle() : FadedPicture(icon.get());
     if (fadedIcon_ != nullptr) icon = EmptyPicture();
     Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));

@@ -60,9 +60,8 @@ struct Messages {
     UINT first;
     UINT last;
 };
-constexpr std::array UserInput{Messages{WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK},
-                               Messages{WM_KEYFIRST, WM_KEYLAST}, Messages{WM_MOUSEFIRST, WM_MOUSELAST},
-                               Messages{WM_TOUCH, WM_POINTERHWHEEL}};
+constexpr std::array UserInput{Messages{WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK}, Messages{WM_KEYFIRST, WM_KEYLAST},
+                               Messages{WM_MOUSEFIRST, WM_MOUSELAST}, Messages{WM_TOUCH, WM_POINTERHWHEEL}};
 
 void DropPendingInput() {
     std::optional<WPARAM> quit;  // comes whatever is asked for
@@ -146,8 +145,8 @@ int Win32Screen::RunModal(Dialog& dialog) {
 void Win32Screen::OpenModeless(Dialog& dialog) {
     RethrowDeferred();
     SweepClosed();
-    auto window = std::make_unique<DialogWindow>(
-        dialog, [this](std::exception_ptr e) { DeferException(std::move(e)); });
+    auto window =
+        std::make_unique<DialogWindow>(dialog, [this](std::exception_ptr e) { DeferException(std::move(e)); });
     DialogWindow& opened = *window;
     modeless_.push_back(std::move(window));
     opened.OpenModeless(HandleOf(WindowOf(dialog.Parent())));
@@ -182,8 +181,7 @@ int Win32Screen::ShowMessageBox(const Dialog* owner, const std::wstring& text, c
                                 uint32_t flags) {
     const Asking asking(*waiting_);
     const HWND window = HandleOf(WindowOf(owner));
-    return MessageBoxW(window, text.c_str(), caption.c_str(),
-                       window == nullptr ? flags | MB_TASKMODAL : flags);
+    return MessageBoxW(window, text.c_str(), caption.c_str(), window == nullptr ? flags | MB_TASKMODAL : flags);
 }
 
 std::optional<std::wstring> Win32Screen::PickFolder(const Dialog* owner, const std::wstring& folder) {

@@ -33,9 +33,7 @@ DWORD StyleOf(const ListStyle& list) {
 class KindFinder : public ControlVisitor {
   public:
     void Visit(Label& control) override { Take<CaptionMirror>(control, {WC_STATICW, SS_LEFT}); }
-    void Visit(Picture& control) override {
-        Take<PictureMirror>(control, {WC_STATICW, SS_ICON | SS_CENTERIMAGE});
-    }
+    void Visit(Picture& control) override { Take<PictureMirror>(control, {WC_STATICW, SS_ICON | SS_CENTERIMAGE}); }
     // Transparent, so that the dialog paints the inside, which a group box leaves alone.
     void Visit(GroupBox& control) override {
         Take<CaptionMirror>(control, {WC_BUTTONW, BS_GROUPBOX, WS_EX_TRANSPARENT});
@@ -48,9 +46,7 @@ class KindFinder : public ControlVisitor {
     void Visit(IconButton& control) override {
         Take<IconButtonMirror>(control, {WC_BUTTONW, BS_PUSHBUTTON | BS_ICON | BS_NOTIFY});
     }
-    void Visit(CheckBox& control) override {
-        Take<CheckBoxMirror>(control, {WC_BUTTONW, BS_CHECKBOX | BS_NOTIFY});
-    }
+    void Visit(CheckBox& control) override { Take<CheckBoxMirror>(control, {WC_BUTTONW, BS_CHECKBOX | BS_NOTIFY}); }
     void Visit(ComboBox& control) override {
         constexpr DWORD Style = CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL;
         Take<ComboMirror>(control, {WC_COMBOBOXW, Style, 0, DropHeight});
@@ -66,9 +62,7 @@ class KindFinder : public ControlVisitor {
     void Visit(UpDown& control) override {
         Take<UpDownMirror>(control, {UPDOWN_CLASSW, UDS_ARROWKEYS | UDS_ALIGNRIGHT | UDS_NOTHOUSANDS});
     }
-    void Visit(ListView& control) override {
-        Take<ListViewMirror>(control, {WC_LISTVIEWW, StyleOf(control.Style())});
-    }
+    void Visit(ListView& control) override { Take<ListViewMirror>(control, {WC_LISTVIEWW, StyleOf(control.Style())}); }
 
     WindowKind Kind() const { return kind_; }
 

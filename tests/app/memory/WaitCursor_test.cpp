@@ -37,18 +37,13 @@ class WaitCursorTest : public CertificateJourney {
         });
     }
     void CheckShown(const std::string& call) { EXPECT_GT(Screen().WaitCursors(), 0) << call; }
-    ui::memory::MemoryScreen& Screen() {
-        return dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen().Real());
-    }
+    ui::memory::MemoryScreen& Screen() { return dynamic_cast<ui::memory::MemoryScreen&>(world_->Screen().Real()); }
     // Enter, during each call of the library.
     void PressEnterAhead() {
-        library_.OnCall([this](const std::string&) {
-            Screen().UserActsAhead([](ui::Dialog& dialog) { dialog.UserPressedOk(); });
-        });
+        library_.OnCall(
+            [this](const std::string&) { Screen().UserActsAhead([](ui::Dialog& dialog) { dialog.UserPressedOk(); }); });
     }
-    platform::memory::MemoryFiles& Files() {
-        return dynamic_cast<platform::memory::MemoryFiles&>(files_->Files());
-    }
+    platform::memory::MemoryFiles& Files() { return dynamic_cast<platform::memory::MemoryFiles&>(files_->Files()); }
 
     size_t registryCalls_ = 0;
     size_t fileCalls_ = 0;

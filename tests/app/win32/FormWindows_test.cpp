@@ -156,16 +156,14 @@ TEST_F(FormsOnAnotherMonitor, SayBeforehandHowLargeTheyWillBe) {
     const Ruler ruler(12);
     Tour([&](const ui::Dialog& form, const std::wstring&) {
         const HWND window = WindowOf(form);
-        const ui::Rect client =
-            Mapped(ruler.Window(), {0, 0, form.Style().size.width, form.Style().size.height});
+        const ui::Rect client = Mapped(ruler.Window(), {0, 0, form.Style().size.width, form.Style().size.height});
         RECT outer{0, 0, client.width, client.height};
         AdjustWindowRectExForDpi(&outer, static_cast<DWORD>(GetWindowLongPtrW(window, GWL_STYLE)),
                                  form.MenuBar().empty() ? FALSE : TRUE,
                                  static_cast<DWORD>(GetWindowLongPtrW(window, GWL_EXSTYLE)), dpi);
         const std::optional<SIZE> said = WindowsHabits::SizeAt(window, dpi);
         ASSERT_TRUE(said.has_value());
-        EXPECT_EQ((ui::Size{said->cx, said->cy}),
-                  (ui::Size{outer.right - outer.left, outer.bottom - outer.top}));
+        EXPECT_EQ((ui::Size{said->cx, said->cy}), (ui::Size{outer.right - outer.left, outer.bottom - outer.top}));
         EXPECT_NE(form.Dpi(), dpi);
     });
 }

@@ -21,8 +21,7 @@ class IconButtonsOfTheMainWindow : public MainWindowTest {
             SCOPED_TRACE(button->Id());
             ++seen;
             const HWND shown = GetDlgItem(window, button->Id());
-            const bool needsProfile =
-                std::ranges::find(id::NeedProfile, button->Id()) != id::NeedProfile.end();
+            const bool needsProfile = std::ranges::find(id::NeedProfile, button->Id()) != id::NeedProfile.end();
             EXPECT_EQ(IsWindowEnabled(shown) != FALSE, profileIsOpen || !needsProfile);
             EXPECT_EQ(tooltips.TextOver(shown), button->Tooltip());
             EXPECT_EQ(tooltips.TextAtPlaceOf(shown), button->Tooltip());

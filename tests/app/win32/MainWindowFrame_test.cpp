@@ -135,8 +135,7 @@ Pixels PixelsOf(HICON icon) {
 }
 
 Pixels Resource(const wchar_t* name, int size) {
-    const HANDLE loaded =
-        LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_ICON, size, size, LR_DEFAULTCOLOR);
+    const HANDLE loaded = LoadImageW(GetModuleHandleW(nullptr), name, IMAGE_ICON, size, size, LR_DEFAULTCOLOR);
     const Pixels pixels = PixelsOf(static_cast<HICON>(loaded));
     if (loaded != nullptr) DestroyIcon(static_cast<HICON>(loaded));
     return pixels;
@@ -163,9 +162,7 @@ class SizeEvents : public MainWindowFrame {
     static void Tell(HWND window, WPARAM kind, ui::Size client) {
         SendMessageW(window, WM_SIZE, kind, MAKELPARAM(client.width, client.height));
     }
-    static ui::Rect Place(HWND window, int control) {
-        return ui::win32::BoundsIn(window, GetDlgItem(window, control));
-    }
+    static ui::Rect Place(HWND window, int control) { return ui::win32::BoundsIn(window, GetDlgItem(window, control)); }
 };
 
 TEST_F(SizeEvents, OfTheMaximisedKindChangeNothingNotEvenTheSizeFromWhichGrowthIsReckoned) {
@@ -178,8 +175,7 @@ TEST_F(SizeEvents, OfTheMaximisedKindChangeNothingNotEvenTheSizeFromWhichGrowthI
         EXPECT_EQ(Place(window, ui::IdCancel), exit);
         EXPECT_EQ(dialog.ClientSize(), size);
         Tell(window, SIZE_RESTORED, {size.width + 40, size.height + 30});
-        EXPECT_EQ(Place(window, id::Rules),
-                  (ui::Rect{rules.x, rules.y, rules.width + 40, rules.height + 30}));
+        EXPECT_EQ(Place(window, id::Rules), (ui::Rect{rules.x, rules.y, rules.width + 40, rules.height + 30}));
         EXPECT_EQ(Place(window, ui::IdCancel), (ui::Rect{exit.x + 40, exit.y + 30, exit.width, exit.height}));
         EXPECT_EQ(dialog.ClientSize(), (ui::Size{size.width + 40, size.height + 30}));
     });

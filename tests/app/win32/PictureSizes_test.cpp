@@ -20,9 +20,7 @@ class Sights : public ui::ControlVisitor {
     void Visit(ui::GroupBox&) override {}
     void Visit(ui::Edit&) override {}
     void Visit(ui::Button&) override {}
-    void Visit(ui::IconButton& control) override {
-        Note(control.Icon(), Ground::Button, control.Placement());
-    }
+    void Visit(ui::IconButton& control) override { Note(control.Icon(), Ground::Button, control.Placement()); }
     void Visit(ui::CheckBox&) override {}
     void Visit(ui::ComboBox&) override {}
     void Visit(ui::EditableCombo&) override {}

@@ -60,8 +60,7 @@ TEST_F(RowsInView, ACopiedRuleIsSeen) {
 }
 
 TEST_F(RowsInView, TheLastOfTheImportedRulesIsSeen) {
-    const std::wstring path =
-        Put(L"one.prx", Record({{field::Operation, "HASH"}, {field::Descryption, "new"}}));
+    const std::wstring path = Put(L"one.prx", Record({{field::Operation, "HASH"}, {field::Descryption, "new"}}));
     Run([this, &path] {
         user_.ExpectFilePicker(ui::FilePickerKind::Open, path);
         Check(3, id::ImportRules, {Count});

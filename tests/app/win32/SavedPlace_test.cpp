@@ -20,9 +20,8 @@ class SavedPlace : public MainWindowTest {
         Save(saved);
     }
     void Save(const ui::Rect& rect) {
-        Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nWindow_left = " +
-             std::to_string(rect.x) + "\nWindow_top = " + std::to_string(rect.y) +
-             "\nWindow_right = " + std::to_string(rect.x + rect.width) +
+        Seed("[HKEY_LOCAL_MACHINE\\SOFTWARE\\TALVERON\\morcelservice]\nWindow_left = " + std::to_string(rect.x) +
+             "\nWindow_top = " + std::to_string(rect.y) + "\nWindow_right = " + std::to_string(rect.x + rect.width) +
              "\nWindow_bottom = " + std::to_string(rect.y + rect.height) + "\n");
     }
     ui::Rect Stored() {

@@ -35,9 +35,7 @@ class SessionMessages : public MainWindowTest {
     void Work(const std::function<void(HWND window)>& script) {
         Run([&](app::CBrisgateDlg& dialog) { script(WindowOf(dialog)); });
     }
-    static LRESULT MayEnd(HWND window, LPARAM how = 0) {
-        return SendMessageW(window, WM_QUERYENDSESSION, 0, how);
-    }
+    static LRESULT MayEnd(HWND window, LPARAM how = 0) { return SendMessageW(window, WM_QUERYENDSESSION, 0, how); }
 
     static constexpr wchar_t reason[] = L"Some changes has not been saved.";
     const ImportHook create_{"ShutdownBlockReasonCreate", NoteReason};
@@ -46,8 +44,7 @@ class SessionMessages : public MainWindowTest {
 
 TEST_F(SessionMessages, WithoutChangesTheSessionMayEnd) {
     Work([this](HWND window) {
-        for (const LPARAM how :
-             {LPARAM{0}, static_cast<LPARAM>(ENDSESSION_LOGOFF), LPARAM{ENDSESSION_CLOSEAPP}})
+        for (const LPARAM how : {LPARAM{0}, static_cast<LPARAM>(ENDSESSION_LOGOFF), LPARAM{ENDSESSION_CLOSEAPP}})
             EXPECT_EQ(MayEnd(window, how), TRUE) << how;
         user_.PressCloseBox();
     });
@@ -57,8 +54,7 @@ TEST_F(SessionMessages, WithoutChangesTheSessionMayEnd) {
 TEST_F(SessionMessages, ChangesHoldItUpUntilTheyAreSaved) {
     Work([this](HWND window) {
         user_.ClickCheckBox(id::Rules, 0);
-        for (const LPARAM how :
-             {LPARAM{0}, static_cast<LPARAM>(ENDSESSION_LOGOFF), LPARAM{ENDSESSION_CLOSEAPP}}) {
+        for (const LPARAM how : {LPARAM{0}, static_cast<LPARAM>(ENDSESSION_LOGOFF), LPARAM{ENDSESSION_CLOSEAPP}}) {
             told.clear();
             EXPECT_EQ(MayEnd(window, how), FALSE) << how;
             EXPECT_EQ(told, (Told{{window, reason}}));

@@ -75,8 +75,8 @@ TEST_F(SortPictures, AreArrowsInASizeForTheResolutionOfTheMonitor) {
         user_.ClickHeader(pickid::Candidates, 0);
         CheckPictures(pickid::Candidates, 16);
         CheckPictures(pickid::Chosen, 16);
-        for (const auto& [dpi, size] : {std::pair{120, 20}, std::pair{144, 24}, std::pair{168, 24},
-                                        std::pair{192, 32}, std::pair{96, 16}}) {
+        for (const auto& [dpi, size] :
+             {std::pair{120, 20}, std::pair{144, 24}, std::pair{168, 24}, std::pair{192, 32}, std::pair{96, 16}}) {
             SCOPED_TRACE(dpi);
             RECT place{};
             GetWindowRect(window, &place);

@@ -140,8 +140,7 @@ class KilledSave : public tests::FaultTest {
         return kills;
     }
     void Tell(const char* what, size_t kills) const {
-        std::printf("%s: ended at %zu writes, %zu of the completed starts refused\n", what, kills,
-                    refusedStarts_);
+        std::printf("%s: ended at %zu writes, %zu of the completed starts refused\n", what, kills, refusedStarts_);
     }
 
     static constexpr size_t putOffStep_ = 5;
@@ -167,8 +166,7 @@ TEST_F(KilledSave, TheDemoConfiguration) {
     ASSERT_TRUE(before);
     // Every write of so many is much: all of them only where it is asked for.
     const char* step = std::getenv("BRISGATE_KILL_STEP");
-    const size_t kills =
-        KillOnTheWay(*before, tests::AfterADaysWork(*before), step == nullptr ? 19 : std::stoul(step));
+    const size_t kills = KillOnTheWay(*before, tests::AfterADaysWork(*before), step == nullptr ? 19 : std::stoul(step));
     EXPECT_GT(kills, 40U);
     Tell("demo configuration", kills);
 }

@@ -18,8 +18,7 @@ using LoadAndSaveKeys = ConfigTest;
 void ExpectUsualRights(const std::vector<KeyCall>& calls) {
     for (const KeyCall& call : calls) {
         EXPECT_EQ(call.options, DWORD{REG_OPTION_NON_VOLATILE}) << testing::PrintToString(call.path);
-        EXPECT_EQ(call.access, call.kind == Kind::Delete ? 0U : 0x2001FU)
-            << testing::PrintToString(call.path);
+        EXPECT_EQ(call.access, call.kind == Kind::Delete ? 0U : 0x2001FU) << testing::PrintToString(call.path);
         EXPECT_TRUE(call.isPlain) << testing::PrintToString(call.path);
     }
 }
@@ -59,8 +58,7 @@ TEST_F(LoadAndSaveKeys, NoneIsMadeWithoutTheKeyOfTheLibrary) {
     ExpectReport(std::wstring(L"Create (open) register key HKEY_CURRENT_USER\\") + libraryProfiles, 2);
     const RegistryCalls calls;
     EXPECT_EQ(Load(), std::nullopt);
-    EXPECT_EQ(calls.Calls(),
-              (std::vector<KeyCall>{{Kind::Open, HKEY_CURRENT_USER, libraryProfiles, 0, 0x2001F}}));
+    EXPECT_EQ(calls.Calls(), (std::vector<KeyCall>{{Kind::Open, HKEY_CURRENT_USER, libraryProfiles, 0, 0x2001F}}));
 }
 
 }  // namespace

@@ -81,9 +81,7 @@ TEST_F(WaitingForLibrary, TheBoxAboutRevocationListsLetsNothingElseTakeInput) {
             EXPECT_TRUE(IsWindowEnabled(WindowOf(opener_)));
             EXPECT_EQ(GetActiveWindow(), WindowOf(opener_));
         },
-        [this] {
-            ExpectModalFailure(L"Connetion to CRL distribution point", L"Continue without loading CRL?");
-        });
+        [this] { ExpectModalFailure(L"Connetion to CRL distribution point", L"Continue without loading CRL?"); });
 }
 
 HWND WaitWindow() {

@@ -30,8 +30,7 @@ TEST_F(PeriodOnWindows, CountFromWhatTheEditSaysWithinAYear) {
         const HWND arrows = GetDlgItem(WindowOf(dialog), PeriodArrows);
         int lowest = -1;
         int highest = -1;
-        SendMessageW(arrows, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&lowest),
-                     reinterpret_cast<LPARAM>(&highest));
+        SendMessageW(arrows, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&lowest), reinterpret_cast<LPARAM>(&highest));
         EXPECT_EQ(lowest, 0);
         EXPECT_EQ(highest, 8760);
         EXPECT_EQ(Position(arrows), 24);

@@ -45,8 +45,7 @@ class Win32CryptoLibraryTest : public testing::Test {
     // Whether a library beside it would be loaded by its bare name.
     bool LoadsCompanions() const {
         const std::wstring companion = Folder() + L"\\companion.dll";
-        EXPECT_TRUE(CopyFileW((platform::win32::SystemFolder() + L"\\version.dll").c_str(), companion.c_str(),
-                              FALSE));
+        EXPECT_TRUE(CopyFileW((platform::win32::SystemFolder() + L"\\version.dll").c_str(), companion.c_str(), FALSE));
         const HMODULE loaded = LoadLibraryExW(L"companion.dll", nullptr, LOAD_LIBRARY_SEARCH_USER_DIRS);
         if (loaded != nullptr) FreeLibrary(loaded);
         DeleteFileW(companion.c_str());
@@ -148,8 +147,7 @@ TEST_F(Win32CryptoLibraryTest, TheStandInIsFoundAndServesItsOwners) {
     Win32Code error = 0;
     const kseal::Exports& exports = *library.Exports(error);
     EXPECT_EQ(library.Exports(error), &exports);
-    EXPECT_EQ(errors::LibraryErrorText(library, kseal::NothingFound),
-              "The stand-in library has found nothing");
+    EXPECT_EQ(errors::LibraryErrorText(library, kseal::NothingFound), "The stand-in library has found nothing");
 
     kseal::Context context = nullptr;
     ASSERT_EQ(exports.Initialize("Office keys", 0x80000040, &context), 0U);

@@ -43,8 +43,7 @@ TEST(Win32CodePageTest, PlainTextSurvivesTheWayThereAndBack) {
 
 TEST(Win32CodePageTest, EveryByteOfASimplePageSurvives) {
     CPINFO page{};
-    if (GetCPInfo(CP_ACP, &page) == FALSE || page.MaxCharSize != 1)
-        GTEST_SKIP() << "several bytes a character";
+    if (GetCPInfo(CP_ACP, &page) == FALSE || page.MaxCharSize != 1) GTEST_SKIP() << "several bytes a character";
     const platform::win32::Win32CodePage codePage;
     std::string bytes;
     for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
@@ -57,8 +56,7 @@ TEST(Win32CodePageTest, EveryByteOfASimplePageSurvives) {
 // A name with them must not become another one that somebody has.
 TEST(Win32CodePageTest, LookAlikesAreNotTaken) {
     CPINFO page{};
-    if (GetCPInfo(CP_ACP, &page) == FALSE || page.MaxCharSize != 1)
-        GTEST_SKIP() << "several bytes a character";
+    if (GetCPInfo(CP_ACP, &page) == FALSE || page.MaxCharSize != 1) GTEST_SKIP() << "several bytes a character";
     const platform::win32::Win32CodePage codePage;
     EXPECT_EQ(codePage.ToAnsi(L"\xFF21"), "?");    // a wide A
     EXPECT_EQ(codePage.ToAnsi(L"\x0100n"), "?n");  // an A with a stroke
@@ -138,8 +136,8 @@ TEST(Win32FilesTest, ALongPathThatIsMissingIsMissing) {
 std::wstring startedProgram;
 std::wstring startedWith;
 
-HINSTANCE WINAPI NoteStart(HWND, const wchar_t*, const wchar_t* program, const wchar_t* arguments,
-                           const wchar_t*, INT) {
+HINSTANCE WINAPI NoteStart(HWND, const wchar_t*, const wchar_t* program, const wchar_t* arguments, const wchar_t*,
+                           INT) {
     startedProgram = program;
     startedWith = arguments;
     return reinterpret_cast<HINSTANCE>(INT_PTR{33});
@@ -251,12 +249,12 @@ TEST(Win32InstanceLockTest, TheLockOfAllSessionsIsOpenToAdministrators) {
     ASSERT_NE(shared, nullptr);
     PSECURITY_DESCRIPTOR found = nullptr;
     PACL list = nullptr;
-    EXPECT_EQ(GetSecurityInfo(shared, SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list,
-                              nullptr, &found),
-              DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(
+        GetSecurityInfo(shared, SE_KERNEL_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &list, nullptr, &found),
+        DWORD{ERROR_SUCCESS});
     wchar_t* text = nullptr;
-    ConvertSecurityDescriptorToStringSecurityDescriptorW(found, SDDL_REVISION_1, DACL_SECURITY_INFORMATION,
-                                                         &text, nullptr);
+    ConvertSecurityDescriptorToStringSecurityDescriptorW(found, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text,
+                                                         nullptr);
     EXPECT_NE(std::wstring(text).find(L";;;BA)"), std::wstring::npos) << testing::PrintToString(text);
     LocalFree(text);
     LocalFree(found);

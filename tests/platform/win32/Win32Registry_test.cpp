@@ -20,8 +20,8 @@ HKEY SystemKey(KeyHandle key) {
 // Only below a key that is gone after the next start of the machine, none can be made that stays.
 LSTATUS MakeChildThatStays(HKEY parent) {
     HKEY child = nullptr;
-    const LSTATUS result = RegCreateKeyExW(parent, L"Child", 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                           readAndWrite, nullptr, &child, nullptr);
+    const LSTATUS result =
+        RegCreateKeyExW(parent, L"Child", 0, nullptr, REG_OPTION_NON_VOLATILE, readAndWrite, nullptr, &child, nullptr);
     if (child != nullptr) RegCloseKey(child);
     return result;
 }
@@ -40,19 +40,18 @@ TEST_F(Win32RegistryTest, KeysAreOpenedForReadingAndWritingAndNothingElse) {
     EXPECT_EQ(registry_->DeleteSubkey(service, L"Alpha"), 0U);
     using Kind = KeyCall::Kind;
     EXPECT_EQ(calls.Calls(),
-              (std::vector<KeyCall>{
-                  {Kind::Create, HKEY_LOCAL_MACHINE, root_, REG_OPTION_NON_VOLATILE, readAndWrite},
-                  {Kind::Open, HKEY_LOCAL_MACHINE, root_, 0, readAndWrite},
-                  {Kind::Open, HKEY_CURRENT_USER, L"Software\\Missing", 0, readAndWrite},
-                  {Kind::Open, SystemKey(service), L"Alpha", 0, readAndWrite},
-                  {Kind::Delete, SystemKey(service), L"Alpha", 0, 0}}));
+              (std::vector<KeyCall>{{Kind::Create, HKEY_LOCAL_MACHINE, root_, REG_OPTION_NON_VOLATILE, readAndWrite},
+                                    {Kind::Open, HKEY_LOCAL_MACHINE, root_, 0, readAndWrite},
+                                    {Kind::Open, HKEY_CURRENT_USER, L"Software\\Missing", 0, readAndWrite},
+                                    {Kind::Open, SystemKey(service), L"Alpha", 0, readAndWrite},
+                                    {Kind::Delete, SystemKey(service), L"Alpha", 0, 0}}));
 }
 
 TEST_F(Win32RegistryTest, KeysOutliveTheRunOfTheMachine) {
     const KeyHandle parent = Create(L"SOFTWARE");
     HKEY gone = nullptr;
-    ASSERT_EQ(RegCreateKeyExW(SystemKey(parent), L"Gone", 0, nullptr, REG_OPTION_VOLATILE, readAndWrite,
-                              nullptr, &gone, nullptr),
+    ASSERT_EQ(RegCreateKeyExW(SystemKey(parent), L"Gone", 0, nullptr, REG_OPTION_VOLATILE, readAndWrite, nullptr, &gone,
+                              nullptr),
               ERROR_SUCCESS);
     EXPECT_EQ(MakeChildThatStays(gone), ERROR_CHILD_MUST_BE_VOLATILE);  // so it shows
     RegCloseKey(gone);

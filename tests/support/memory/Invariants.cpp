@@ -15,15 +15,12 @@ void CheckList(const ui::ListView& list) {
     EXPECT_EQ(rows, list.Checks().size()) << "list " << list.Id();
     EXPECT_TRUE(!list.FocusedRow() || *list.FocusedRow() < rows) << "list " << list.Id();
     EXPECT_TRUE(!list.Style().singleSelection || list.SelectedRows().size() <= 1) << "list " << list.Id();
-    const bool anyChecked =
-        std::find(list.Checks().begin(), list.Checks().end(), true) != list.Checks().end();
-    EXPECT_TRUE(list.Style().checkBoxes || !anyChecked)
-        << "list " << list.Id() << " has checks and no check boxes";
+    const bool anyChecked = std::find(list.Checks().begin(), list.Checks().end(), true) != list.Checks().end();
+    EXPECT_TRUE(list.Style().checkBoxes || !anyChecked) << "list " << list.Id() << " has checks and no check boxes";
 }
 
 void CheckChoice(const ui::ChoiceControl& choice) {
-    EXPECT_TRUE(!choice.Selected() || *choice.Selected() < choice.Items().size())
-        << "control " << choice.Id();
+    EXPECT_TRUE(!choice.Selected() || *choice.Selected() < choice.Items().size()) << "control " << choice.Id();
 }
 
 void CheckControl(const ui::Control& control) {

@@ -24,17 +24,14 @@ class Field {
         : control_(control),
           edit_(dynamic_cast<ui::Edit*>(&control)),
           combo_(dynamic_cast<ui::EditableCombo*>(&control)) {
-        if (edit_ == nullptr && combo_ == nullptr)
-            ADD_FAILURE() << "control " << control.Id() << " takes no text";
+        if (edit_ == nullptr && combo_ == nullptr) ADD_FAILURE() << "control " << control.Id() << " takes no text";
     }
 
     bool TakesText() const { return combo_ != nullptr || (edit_ != nullptr && !edit_->IsReadOnly()); }
     bool TakesLines() const { return edit_ != nullptr && edit_->Style().multiLine; }
     bool Takes(wchar_t c) const { return edit_ == nullptr || !edit_->Style().digitsOnly || IsDigit(c); }
     size_t Longest() const {
-        const size_t longest = edit_ != nullptr    ? edit_->Style().longest
-                               : combo_ != nullptr ? combo_->Longest()
-                                                   : 0;
+        const size_t longest = edit_ != nullptr ? edit_->Style().longest : combo_ != nullptr ? combo_->Longest() : 0;
         return longest == 0 ? std::wstring::npos : longest;
     }
     // What is left of a text where some characters are refused.

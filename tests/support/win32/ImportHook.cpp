@@ -29,8 +29,7 @@ ImportHook::AnyFunction* ImportHook::SlotOf(const char* name) {
     for (const auto* library = FirstImport(); library->Name != 0; ++library) {
         const auto* import = At<IMAGE_THUNK_DATA>(library->OriginalFirstThunk);
         for (DWORD64 i = 0; import[i].u1.AddressOfData != 0; ++i)
-            if (IsNamed(import[i], name))
-                return At<AnyFunction>(library->FirstThunk + i * sizeof(AnyFunction));
+            if (IsNamed(import[i], name)) return At<AnyFunction>(library->FirstThunk + i * sizeof(AnyFunction));
     }
     throw std::runtime_error(std::string("the program does not import ") + name);
 }

@@ -42,8 +42,7 @@ LPARAM Packed(POINT at) {
 
 LPARAM KeyStroke(WPARAM key, bool up) {
     constexpr LPARAM UpBits = static_cast<LPARAM>(0xC0000000);
-    const LPARAM scanCode = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC))
-                            << 16;
+    const LPARAM scanCode = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_VSC)) << 16;
     constexpr LPARAM AltBit = 0x20000000;
     const bool alt = GetKeyState(VK_MENU) < 0 && GetKeyState(VK_CONTROL) >= 0;
     return 1 | scanCode | (up ? UpBits : 0) | (alt ? AltBit : 0);

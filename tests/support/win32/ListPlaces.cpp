@@ -54,8 +54,7 @@ std::optional<POINT> PlaceOfCheckBox(HWND list, size_t row) {
 std::optional<POINT> PlaceBesideRows(HWND list) {
     RECT client{};
     GetClientRect(list, &client);
-    for (const POINT at :
-         {POINT{client.right / 2, client.bottom - 2}, POINT{client.right - 2, client.bottom / 2}})
+    for (const POINT at : {POINT{client.right / 2, client.bottom - 2}, POINT{client.right - 2, client.bottom / 2}})
         if (HitTest(list, at).iItem < 0) return at;
     return std::nullopt;
 }

@@ -18,8 +18,8 @@ OpenedWindows::OpenedWindows(std::function<void(HWND)> onOpened) : onOpened_(std
     receiver.hInstance = GetModuleHandleW(nullptr);
     receiver.lpszClassName = ReceiverClass;
     RegisterClassW(&receiver);  // fails when an earlier test has done so
-    receiver_ = CreateWindowExW(0, ReceiverClass, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                                receiver.hInstance, nullptr);
+    receiver_ =
+        CreateWindowExW(0, ReceiverClass, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, receiver.hInstance, nullptr);
     current_ = this;
     hook_ = SetWindowsHookExW(WH_CALLWNDPROCRET, Hook, nullptr, GetCurrentThreadId());
 }
@@ -31,8 +31,7 @@ OpenedWindows::~OpenedWindows() {
 }
 
 LRESULT CALLBACK OpenedWindows::Hook(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HC_ACTION && current_ != nullptr)
-        current_->Sent(*reinterpret_cast<const CWPRETSTRUCT*>(lParam));
+    if (code == HC_ACTION && current_ != nullptr) current_->Sent(*reinterpret_cast<const CWPRETSTRUCT*>(lParam));
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
@@ -44,16 +43,14 @@ void OpenedWindows::Sent(const CWPRETSTRUCT& message) {
     } else if (message.message == WM_INITDIALOG) {
         const bool isPart = (GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD) != 0;  // of another dialog
         if (!isPart) hidden_.push_back(window);
-    } else if (message.message == WM_SHOWWINDOW && message.wParam != FALSE &&
-               std::erase(hidden_, window) != 0) {
+    } else if (message.message == WM_SHOWWINDOW && message.wParam != FALSE && std::erase(hidden_, window) != 0) {
         untold_.push_back(window);
         PostMessageW(receiver_, DialogHasOpened, 0, reinterpret_cast<LPARAM>(window));
     }
 }
 
 LRESULT CALLBACK OpenedWindows::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message != DialogHasOpened || current_ == nullptr)
-        return DefWindowProcW(window, message, wParam, lParam);
+    if (message != DialogHasOpened || current_ == nullptr) return DefWindowProcW(window, message, wParam, lParam);
     current_->Tell(reinterpret_cast<HWND>(lParam));
     return 0;
 }

@@ -90,8 +90,7 @@ Points PaintingOf(HWND window) {
     RECT area{};
     GetClientRect(window, &area);
     const Canvas canvas({area.right, area.bottom});
-    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Device()),
-                 PRF_CLIENT | PRF_ERASEBKGND);
+    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(canvas.Device()), PRF_CLIENT | PRF_ERASEBKGND);
     return canvas.Look();
 }
 
@@ -154,8 +153,7 @@ bool PaintsDrawing(HWND window, ui::IconButton& button, Icon icon) {
 const std::vector<Icon>& AllPictures() {
     static const std::vector<Icon> all = [] {
         std::vector<Icon> icons;
-        for (size_t number = 1; number < ui::IconNames.size(); ++number)
-            icons.push_back(static_cast<Icon>(number));
+        for (size_t number = 1; number < ui::IconNames.size(); ++number) icons.push_back(static_cast<Icon>(number));
         return icons;
     }();
     return all;

@@ -17,8 +17,8 @@ Function* SystemFunction(const char* name) {
 
 void PrintTo(const KeyCall& call, std::ostream* out) {
     constexpr const char* kinds[] = {"open ", "create ", "delete "};
-    *out << kinds[static_cast<size_t>(call.kind)] << call.parent << ' ' << testing::PrintToString(call.path)
-         << std::hex << " options 0x" << call.options << " access 0x" << call.access << std::dec
+    *out << kinds[static_cast<size_t>(call.kind)] << call.parent << ' ' << testing::PrintToString(call.path) << std::hex
+         << " options 0x" << call.options << " access 0x" << call.access << std::dec
          << (call.isPlain ? "" : ", with a class or security");
 }
 
@@ -35,13 +35,12 @@ LSTATUS WINAPI RegistryCalls::Open(HKEY parent, LPCWSTR path, DWORD options, REG
     return SystemFunction<decltype(Open)>("RegOpenKeyExW")(parent, path, options, access, key);
 }
 
-LSTATUS WINAPI RegistryCalls::Create(HKEY parent, LPCWSTR path, DWORD reserved, LPWSTR className,
-                                     DWORD options, REGSAM access, LPSECURITY_ATTRIBUTES security, PHKEY key,
-                                     LPDWORD disposition) {
+LSTATUS WINAPI RegistryCalls::Create(HKEY parent, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options,
+                                     REGSAM access, LPSECURITY_ATTRIBUTES security, PHKEY key, LPDWORD disposition) {
     current_->calls_.push_back(
         {KeyCall::Kind::Create, parent, path, options, access, className == nullptr && security == nullptr});
-    return SystemFunction<decltype(Create)>("RegCreateKeyExW")(parent, path, reserved, className, options,
-                                                               access, security, key, disposition);
+    return SystemFunction<decltype(Create)>("RegCreateKeyExW")(parent, path, reserved, className, options, access,
+                                                               security, key, disposition);
 }
 
 LSTATUS WINAPI RegistryCalls::Delete(HKEY parent, LPCWSTR name, REGSAM view, DWORD reserved) {

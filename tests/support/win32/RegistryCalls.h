@@ -38,8 +38,7 @@ class RegistryCalls {
   private:
     static LSTATUS WINAPI Open(HKEY parent, LPCWSTR path, DWORD options, REGSAM access, PHKEY key);
     static LSTATUS WINAPI Create(HKEY parent, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options,
-                                 REGSAM access, LPSECURITY_ATTRIBUTES security, PHKEY key,
-                                 LPDWORD disposition);
+                                 REGSAM access, LPSECURITY_ATTRIBUTES security, PHKEY key, LPDWORD disposition);
     static LSTATUS WINAPI Delete(HKEY parent, LPCWSTR name, REGSAM view, DWORD reserved);
 
     static inline RegistryCalls* current_ = nullptr;

@@ -135,8 +135,7 @@ void ChooseFilter(HWND picker, int filter) {
 void AnswerPicker(HWND picker, const std::optional<std::wstring>& answer) {
     const HWND edit = PathEdit(picker);
     if (answer && edit == nullptr) ADD_FAILURE() << "the picker takes no path";
-    if (answer && edit != nullptr)
-        SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(answer->c_str()));
+    if (answer && edit != nullptr) SendMessageW(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(answer->c_str()));
     PressButton(picker, answer && edit != nullptr ? IDOK : IDCANCEL);
 }
 

@@ -26,8 +26,7 @@ ui::Size ClientOf(HWND window) {
 ui::Size TextSizeOf(HWND window, int width, UINT format) {
     std::wstring text = ui::win32::TextOf(window);
     const HDC canvas = GetDC(window);
-    const HGDIOBJ before =
-        SelectObject(canvas, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
+    const HGDIOBJ before = SelectObject(canvas, reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0)));
     RECT area{0, 0, width, 0};
     DrawTextW(canvas, text.data(), static_cast<int>(text.size()), &area, DT_CALCRECT | format);
     SelectObject(canvas, before);
@@ -39,9 +38,7 @@ class FitChecker : public ui::ControlVisitor {
   public:
     FitChecker(HWND window, uint32_t dpi) : window_(window), dpi_(dpi), room_(ClientOf(window)) {}
 
-    void Visit(ui::Label&) override {
-        Expect(TextSizeOf(window_, room_.width, DT_WORDBREAK | DT_EXPANDTABS));
-    }
+    void Visit(ui::Label&) override { Expect(TextSizeOf(window_, room_.width, DT_WORDBREAK | DT_EXPANDTABS)); }
     void Visit(ui::GroupBox&) override { ExpectLine(aroundFrameText); }
     void Visit(ui::Button&) override { ExpectLine(aroundButtonText); }
     void Visit(ui::CheckBox&) override { ExpectLine(beforeCheckBoxText); }
@@ -75,8 +72,8 @@ class FitChecker : public ui::ControlVisitor {
 void CheckTextsFit(HWND dialog, const ui::Dialog& mirrored) {
     for (ui::Control* control : mirrored.Controls()) {
         if (!control->IsVisible()) continue;
-        SCOPED_TRACE(testing::PrintToString(mirrored.Caption()) + ", control " +
-                     std::to_string(control->Id()) + ": " + testing::PrintToString(control->Text()));
+        SCOPED_TRACE(testing::PrintToString(mirrored.Caption()) + ", control " + std::to_string(control->Id()) + ": " +
+                     testing::PrintToString(control->Text()));
         FitChecker checker(GetDlgItem(dialog, control->Id()), mirrored.Dpi());
         control->Accept(checker);
     }

@@ -33,8 +33,7 @@ BOOL CALLBACK FindTooltips(HWND window, LPARAM parameter) {
     auto& search = *reinterpret_cast<TooltipSearch*>(parameter);
     std::array<wchar_t, 64> name{};
     GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-    if (std::wstring_view(name.data()) != TOOLTIPS_CLASSW || GetWindow(window, GW_OWNER) != search.dialog)
-        return TRUE;
+    if (std::wstring_view(name.data()) != TOOLTIPS_CLASSW || GetWindow(window, GW_OWNER) != search.dialog) return TRUE;
     TTTOOLINFOW first = Tool(nullptr, 0);
     const LRESULT any = SendMessageW(window, TTM_ENUMTOOLSW, 0, reinterpret_cast<LPARAM>(&first));
     if (any == FALSE || first.hwnd != search.dialog) return TRUE;
@@ -60,8 +59,7 @@ std::wstring TooltipWindow::TextAtPlaceOf(HWND control) const {
 
 std::optional<RECT> TooltipWindow::PlaceOf(HWND control) const {
     TTTOOLINFOW tool = Tool(dialog_, static_cast<UINT_PTR>(GetDlgCtrlID(control)));
-    if (SendMessageW(window_, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)) == FALSE)
-        return std::nullopt;
+    if (SendMessageW(window_, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)) == FALSE) return std::nullopt;
     return tool.rect;
 }
 

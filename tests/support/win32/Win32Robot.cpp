@@ -43,9 +43,7 @@ HWND WindowOf(const ui::Dialog& dialog) {
     return search.found;
 }
 
-Win32Robot::Win32Robot(RecordingScreen& screen)
-    : screen_(screen),
-      opened_([this](HWND window) { Opened(window); }) {}
+Win32Robot::Win32Robot(RecordingScreen& screen) : screen_(screen), opened_([this](HWND window) { Opened(window); }) {}
 
 void Win32Robot::Opened(HWND window) {
     const DialogWindow* const ours = DialogWindow::Of(window);

@@ -29,8 +29,7 @@ bool IsPressedByClick(const ui::Control& control) {
 void ChooseInCombo(HWND combo, int index) {
     const auto notify = [combo](int notification) {
         const auto id = static_cast<WPARAM>(GetDlgCtrlID(combo));
-        SendMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(id, notification),
-                     reinterpret_cast<LPARAM>(combo));
+        SendMessageW(GetParent(combo), WM_COMMAND, MAKEWPARAM(id, notification), reinterpret_cast<LPARAM>(combo));
     };
     SendMessageW(combo, CB_SETCURSEL, static_cast<WPARAM>(index), 0);
     SendMessageW(combo, CB_SHOWDROPDOWN, FALSE, 0);
@@ -141,15 +140,13 @@ void Win32Robot::UseRow(int id, size_t row, const std::function<void(ui::ListVie
 }
 
 void Win32Robot::ClickRow(int id, size_t row, Held held) {
-    UseRow(id, row, [row, held](const ui::ListView&, HWND window) {
-        input::Click(window, PlaceOfCell(window, row, 0), held);
-    });
+    UseRow(id, row,
+           [row, held](const ui::ListView&, HWND window) { input::Click(window, PlaceOfCell(window, row, 0), held); });
 }
 
 void Win32Robot::DoubleClickRow(int id, size_t row) {
-    UseRow(id, row, [row](const ui::ListView&, HWND window) {
-        input::DoubleClick(window, PlaceOfCell(window, row, 0));
-    });
+    UseRow(id, row,
+           [row](const ui::ListView&, HWND window) { input::DoubleClick(window, PlaceOfCell(window, row, 0)); });
 }
 
 void Win32Robot::RightClickCell(int id, size_t row, size_t column) {

@@ -101,8 +101,7 @@ class Checker : public ui::ControlVisitor {
     void Visit(ui::UpDown& control) override {
         int lowest = 0;
         int highest = 0;
-        SendMessageW(window_, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&lowest),
-                     reinterpret_cast<LPARAM>(&highest));
+        SendMessageW(window_, UDM_GETRANGE32, reinterpret_cast<WPARAM>(&lowest), reinterpret_cast<LPARAM>(&highest));
         EXPECT_EQ(control.Lowest(), lowest);
         EXPECT_EQ(control.Highest(), highest);
         // Where the arrows go on from is what the edit says, or the limit that is nearest to it.
@@ -114,8 +113,7 @@ class Checker : public ui::ControlVisitor {
     std::wstring Text() const { return ui::win32::TextOf(window_); }
     std::wstring Cue() const {
         std::array<wchar_t, 100> cue{};
-        SendMessageW(window_, EM_GETCUEBANNER, reinterpret_cast<WPARAM>(cue.data()),
-                     static_cast<LPARAM>(cue.size()));
+        SendMessageW(window_, EM_GETCUEBANNER, reinterpret_cast<WPARAM>(cue.data()), static_cast<LPARAM>(cue.size()));
         return cue.data();
     }
     LRESULT Send(UINT message) const { return SendMessageW(window_, message, 0, 0); }
@@ -131,13 +129,11 @@ class Checker : public ui::ControlVisitor {
         }
     }
 
-    void CheckItems(const ui::ChoiceControl& control, UINT countMessage, UINT lengthMessage,
-                    UINT textMessage) const {
+    void CheckItems(const ui::ChoiceControl& control, UINT countMessage, UINT lengthMessage, UINT textMessage) const {
         const int count = static_cast<int>(control.Items().size());
         ASSERT_EQ(count, Send(countMessage));
         for (int i = 0; i < count; ++i)
-            EXPECT_EQ(control.Items()[static_cast<size_t>(i)],
-                      ItemText(window_, lengthMessage, textMessage, i));
+            EXPECT_EQ(control.Items()[static_cast<size_t>(i)], ItemText(window_, lengthMessage, textMessage, i));
     }
 
     const HWND window_;
@@ -176,8 +172,8 @@ void CheckNamePlate(HWND dialog, HWND window, const ui::Control& control) {
 
 // Some screen readers call a list what its window carries.
 void CheckListName(HWND window, const ui::Dialog& mirrored, const ui::Control& control) {
-    const bool isList = dynamic_cast<const ui::ListView*>(&control) != nullptr ||
-                        dynamic_cast<const ui::ListBox*>(&control) != nullptr;
+    const bool isList =
+        dynamic_cast<const ui::ListView*>(&control) != nullptr || dynamic_cast<const ui::ListBox*>(&control) != nullptr;
     if (isList) {
         EXPECT_EQ(ui::AccessibleName(mirrored, control), ui::win32::TextOf(window));
     }
@@ -196,8 +192,7 @@ void CheckTooltip(const TooltipWindow& tooltips, HWND dialog, HWND window, const
         << "place of the tooltip";
 }
 
-void CheckControl(HWND dialog, const ui::Dialog& mirrored, const TooltipWindow& tooltips,
-                  ui::Control& control) {
+void CheckControl(HWND dialog, const ui::Dialog& mirrored, const TooltipWindow& tooltips, ui::Control& control) {
     SCOPED_TRACE("control " + std::to_string(control.Id()));
     const HWND window = GetDlgItem(dialog, control.Id());
     ASSERT_NE(nullptr, window);
@@ -223,8 +218,7 @@ std::wstring MenuText(HMENU menu, UINT item, UINT by) {
 void CheckItem(HMENU menu, const ui::MenuItem& item) {
     const auto id = static_cast<UINT>(item.command);
     EXPECT_EQ(item.text, MenuText(menu, id, MF_BYCOMMAND));
-    EXPECT_EQ(item.enabled, (GetMenuState(menu, id, MF_BYCOMMAND) & (MF_GRAYED | MF_DISABLED)) == 0)
-        << item.command;
+    EXPECT_EQ(item.enabled, (GetMenuState(menu, id, MF_BYCOMMAND) & (MF_GRAYED | MF_DISABLED)) == 0) << item.command;
 }
 
 void CheckMenus(HWND window, const ui::Dialog& dialog) {

@@ -45,8 +45,7 @@ WindowsHabits::~WindowsHabits() {
 }
 
 LRESULT CALLBACK WindowsHabits::Hook(int code, WPARAM wParam, LPARAM lParam) {
-    if (code == HC_ACTION && current_ != nullptr)
-        current_->Sent(*reinterpret_cast<const CWPRETSTRUCT*>(lParam));
+    if (code == HC_ACTION && current_ != nullptr) current_->Sent(*reinterpret_cast<const CWPRETSTRUCT*>(lParam));
     return CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
@@ -67,8 +66,7 @@ void WindowsHabits::Sent(const CWPRETSTRUCT& message) {
             if (IsEditableCombo(window)) CompleteText(window);
             break;
         case WM_COMMAND:
-            if (HIWORD(message.wParam) == CBN_DROPDOWN &&
-                IsEditableCombo(reinterpret_cast<HWND>(message.lParam)))
+            if (HIWORD(message.wParam) == CBN_DROPDOWN && IsEditableCombo(reinterpret_cast<HWND>(message.lParam)))
                 CompleteText(reinterpret_cast<HWND>(message.lParam));
             break;
         case WM_SETFOCUS:
@@ -102,9 +100,7 @@ void WindowsHabits::TellOfMonitor(HWND dialog) {
     shown->second = now;
     RECT outer{};
     GetWindowRect(dialog, &outer);
-    const auto scaled = [&](LONG pixels) {
-        return MulDiv(pixels, static_cast<int>(now), static_cast<int>(before));
-    };
+    const auto scaled = [&](LONG pixels) { return MulDiv(pixels, static_cast<int>(now), static_cast<int>(before)); };
     const SIZE even{scaled(outer.right - outer.left), scaled(outer.bottom - outer.top)};
     const SIZE size = SizeAt(dialog, now).value_or(even);
     const RECT suggested{outer.left, outer.top, outer.left + size.cx, outer.top + size.cy};

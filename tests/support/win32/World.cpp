@@ -30,8 +30,7 @@ class RealWorld final : public World {
     const std::unique_ptr<platform::RegistryBackend> storedRegistry_ = MakeTestRegistry();
     platform::memory::MemoryCryptoLibrary library_;
     platform::memory::FaultyRegistry registry_{*storedRegistry_};
-    platform::Machine machine_ =
-        MachineWith(parts_.Machine, {.Registry = &registry_, .CryptoLibrary = &library_});
+    platform::Machine machine_ = MachineWith(parts_.Machine, {.Registry = &registry_, .CryptoLibrary = &library_});
     ui::win32::Win32Screen realScreen_{parts_.ScreenMetrics};
     RecordingScreen screen_{realScreen_};
     Win32Robot robot_{screen_};

@@ -69,8 +69,7 @@ TEST(Colors, DisabledPicturesAreStillToldApart) {
 
 TEST(Colors, DisabledPicturesAreDrawnInTheInkWhereTheyAreDark) {
     const ColorScheme scheme({RGB(0, 0, 0), RGB(255, 0, 0)});
-    const Points pale =
-        PointsOf(ui::win32::FadedPicture(LoadDrawing(ui::Icon::ItemDelete, 32).get()).get(), 0);
+    const Points pale = PointsOf(ui::win32::FadedPicture(LoadDrawing(ui::Icon::ItemDelete, 32).get()).get(), 0);
     uint32_t strongest = 0;
     for (const uint32_t color : pale.colors) {
         EXPECT_EQ(color & 0xFFFF, 0U);  // no green and no blue

@@ -84,8 +84,7 @@ TEST_F(ComboTexts, StayAsTypedWhenTheProgramResizesTheField) {
     Run([this] {
         user_.Type(gallery::Mask, L"*.t");
         habits_.SetDpi(144);
-        SetWindowPos(WindowOf(gallery_), nullptr, WindowsHabits::SecondMonitor, 0, 0, 0,
-                     SWP_NOSIZE | SWP_NOZORDER);
+        SetWindowPos(WindowOf(gallery_), nullptr, WindowsHabits::SecondMonitor, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
         input::Settle();
         EXPECT_EQ(gallery_.Dpi(), 144U);
         EXPECT_EQ(Shown(), L"*.t");

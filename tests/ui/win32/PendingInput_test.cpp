@@ -79,8 +79,7 @@ TEST_F(PendingInput, IsWhatComesFromMouseKeyboardAndTouchAndNothingElse) {
                                      WM_MOUSEHWHEEL,     WM_XBUTTONDBLCLK, WM_NCMOUSEMOVE, WM_NCLBUTTONUP,
                                      WM_NCXBUTTONDBLCLK, WM_TOUCH,         WM_POINTERDOWN, WM_POINTERUP};
     const std::vector<UINT> others{WM_COMMAND, WM_SYSCOMMAND, WM_CLOSE, WM_TIMER, WM_DROPFILES, WM_APP};
-    const HWND window =
-        CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    const HWND window = CreateWindowExW(0, L"STATIC", nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     {
         const ui::WaitCursor wait(world_->Screen());
         for (const UINT message : usersOwn) PostMessageW(window, message, 0, 0);

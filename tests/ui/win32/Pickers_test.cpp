@@ -149,8 +149,7 @@ TEST(Pickers, ThatDoNotComeUpSayWhy) {
         }
     }
     const ImportHook open("GetOpenFileNameW", NoteAndGiveUp);
-    EXPECT_EQ(ui::win32::PickFile(nullptr, {ui::FilePickerKind::Open, L"All", L"*.*", L"", L""}),
-              std::nullopt);
+    EXPECT_EQ(ui::win32::PickFile(nullptr, {ui::FilePickerKind::Open, L"All", L"*.*", L"", L""}), std::nullopt);
     const ImportHook error("CommDlgExtendedError", TooSmallABuffer);
     try {
         ui::win32::PickFile(nullptr, {ui::FilePickerKind::Open, L"All", L"*.*", L"", L""});
@@ -191,8 +190,7 @@ TEST_F(FilePickerTest, TheFiltersAreOfferedInTheirOrderAndHoldBackTheOtherFiles)
     std::ofstream(std::filesystem::path(files_->Folder() + L"\\picture.png")) << "picture";
     folder_ = files_->Folder();
     using Texts = std::vector<std::wstring>;
-    const std::vector<Texts> shown{
-        {L"existing.prx"}, {L"existing.prx", L"notes.txt", L"picture.png"}, {L"notes.txt"}};
+    const std::vector<Texts> shown{{L"existing.prx"}, {L"existing.prx", L"notes.txt", L"picture.png"}, {L"notes.txt"}};
     for (const ui::FilePickerKind kind : {ui::FilePickerKind::Open, ui::FilePickerKind::Save}) {
         const SeenPicker seen = Look(kind);
         EXPECT_EQ(seen.filters, (Texts{L"Rules", L"Every file", L"Notes"}));

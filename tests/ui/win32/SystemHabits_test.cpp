@@ -58,8 +58,7 @@ TEST_F(SystemHabits, APlaceInAListMaySayMoreThanThePlace) {
         const Subclass list(Window(gallery::Rows),
                             [this](UINT message, WPARAM wParam, LPARAM lParam) -> std::optional<LRESULT> {
                                 if (message != LVM_SUBITEMHITTEST) return std::nullopt;
-                                const LRESULT row =
-                                    DefSubclassProc(Window(gallery::Rows), message, wParam, lParam);
+                                const LRESULT row = DefSubclassProc(Window(gallery::Rows), message, wParam, lParam);
                                 constexpr UINT InAnItem = 0x80000000;  // LVHT_EX_ONCONTENTS
                                 reinterpret_cast<LVHITTESTINFO*>(lParam)->flags |= InAnItem;
                                 return row;
@@ -78,10 +77,9 @@ TEST_F(SystemHabits, SpaceAndDeleteActOnWhatTheListShows) {
             gallery_.rows.SelectOnly(1);
             gallery_.rows.SetFocus();
             {
-                const Subclass deaf(
-                    WindowOf(gallery_), [](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
-                        return message == WM_NOTIFY ? std::optional<LRESULT>(0) : std::nullopt;
-                    });
+                const Subclass deaf(WindowOf(gallery_), [](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+                    return message == WM_NOTIFY ? std::optional<LRESULT>(0) : std::nullopt;
+                });
                 const HWND list = Window(gallery::Rows);
                 SetState(list, 6, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
                 SetState(list, 8, LVIS_SELECTED, LVIS_SELECTED);

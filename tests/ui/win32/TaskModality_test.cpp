@@ -136,8 +136,7 @@ TEST_F(TaskModalityTest, MessageBoxesWithoutAnOwnerAreModalToTheWholeProgram) {
         for (const ui::Dialog* owner : std::initializer_list<const ui::Dialog*>{nullptr, &closed, &gallery_})
             screen.ShowMessageBox(owner, L"Text", L"Caption", ui::box::Ok | ui::box::ErrorIcon);
     });
-    EXPECT_EQ(boxFlags,
-              (std::vector<UINT>{MB_TASKMODAL | MB_ICONERROR, MB_TASKMODAL | MB_ICONERROR, MB_ICONERROR}));
+    EXPECT_EQ(boxFlags, (std::vector<UINT>{MB_TASKMODAL | MB_ICONERROR, MB_TASKMODAL | MB_ICONERROR, MB_ICONERROR}));
 }
 
 }  // namespace
