@@ -62,7 +62,7 @@ void Check(Texts stamps, const std::wstring& name, int32_t period, int64_t now) 
 
 }  // namespace
 
-// Four bytes of period, eight of time, then lines: the store profile and the stamps.
+// Four bytes of period, eight of time, then lines: the CS profile and the stamps.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     fuzz::Input input({data, size});
     const auto period = static_cast<int32_t>(input.Word());

@@ -206,7 +206,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     try {
         Check(program);
     } catch (const std::invalid_argument&) {
-        // The first profile wants a store profile to be made with.
+        // The first profile wants a CS profile to be made with.
         for (const auto& [place, value] : before) Require(!place.starts_with(L"\\"));
     }
     return 0;

@@ -31,8 +31,8 @@ class CertificateJourney : public CryptoTest {
 
     CertificateJourney();
 
-    // One store profile, "Office", and one profile, "Alpha". settings: lines that come before the defaults of
-    // its store profile.
+    // One CS profile, "Office", and one profile, "Alpha". settings: lines that come before the defaults of
+    // its CS profile.
     void SeedProfile(const std::string& settings = {});
     // The same, and a rule that encrypts for Anna and Boris.
     void SeedEncryptingRule(const std::string& settings = {});

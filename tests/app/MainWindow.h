@@ -12,7 +12,7 @@ namespace tests {
 
 inline constexpr wchar_t ServiceRoot[] = L"SOFTWARE\\TALVERON\\morcelservice";
 
-// Two store profiles, and where the log is.
+// Two CS profiles, and where the log is.
 inline constexpr char OfficeAndBank[] = R"([HKEY_CURRENT_USER\SOFTWARE\TALVERON\morcel\Profiles\1]
 ProfileName = "Office"
 BasePath = "C:\Keys"
@@ -27,7 +27,7 @@ LogPath = "C:\Logs"
 
 class MainWindowTest : public WorldTest {
   protected:
-    // Two store profiles and the profiles "Alpha" (two attached, four rules, the last one without an
+    // Two CS profiles and the profiles "Alpha" (two attached, four rules, the last one without an
     // operation) and "Beta" (one attached, one rule).
     void SeedSmallConfiguration();
 

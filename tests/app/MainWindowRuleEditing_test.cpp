@@ -132,7 +132,7 @@ TEST_F(MainWindowRuleEditing, TheEditorOffersTheProfilesMasksAndThoseOfTheExtens
     });
 }
 
-// A new rule is compared with the store profile of the rule that was edited before it.
+// A new rule is compared with the CS profile of the rule that was edited before it.
 TEST_F(MainWindowRuleEditing, TheEditorRemembersTheStoreProfileFromOneOpeningToTheNext) {
     constexpr int bank = 1;
     rules_[2].ZCSProfile = L"Bank";

@@ -13,7 +13,7 @@
 
 namespace tests {
 
-// A main window whose profile "Alpha" has the store profiles "Office" and "Bank" and five rules, described
+// A main window whose profile "Alpha" has the CS profiles "Office" and "Bank" and five rules, described
 // "a" to "e", each of which the editor accepts as it is.
 class MainWindowRulesTest : public MainWindowTest {
   protected:

@@ -1,4 +1,4 @@
-// Of the settings that a profile keeps for each of its store profiles, those of the one that is selected in
+// Of the settings that a profile keeps for each of its CS profiles, those of the one that is selected in
 // the rule editor reach the library and the picker.
 #include "tests/app/CertificateJourney.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 class SelectedStoreProfile : public CertificateJourney {
   protected:
-    // Three store profiles; no list has the same value for the second as for another.
+    // Three CS profiles; no list has the same value for the second as for another.
     static constexpr char onlyTheSecondIsQuiet[] =
         "ServerTSP = { \"first\", \"second\", \"third\" }\nAutoUseTSP = { \"11\", \"12\", \"13\" }\n"
         "NotAddCert = { \"21\", \"22\", \"23\" }\nAutoVerifyTSP = { \"31\", \"32\", \"33\" }\n"

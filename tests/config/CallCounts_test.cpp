@@ -25,7 +25,7 @@ struct Amounts {
     size_t certificates = 0;
     size_t signerLists = 0;
     size_t signers = 0;
-    size_t storePairs = 0;  // locations written: one pair for each rule with a store profile, another for RESG
+    size_t storePairs = 0;  // locations written: one pair for each rule with a CS profile, another for RESG
 };
 
 Amounts AmountsOf(const Configuration& configuration) {

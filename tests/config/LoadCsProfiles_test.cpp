@@ -1,4 +1,4 @@
-// The library's store profiles, as they are read from the user's part of the registry.
+// The library's CS profiles, as they are read from the user's part of the registry.
 #include "config/Load.h"
 
 #include <gtest/gtest.h>

@@ -17,7 +17,7 @@ class RandomModel {
   public:
     explicit RandomModel(uint32_t seed) : random_(seed) {}
 
-    // With the store profiles of GoldenLibrary.
+    // With the CS profiles of GoldenLibrary.
     config::Configuration Next() {
         config::Configuration configuration;
         configuration.Settings = Settings();

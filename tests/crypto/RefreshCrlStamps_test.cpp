@@ -1,4 +1,4 @@
-// Which stamp of a store profile counts, and when it is too old.
+// Which stamp of a CS profile counts, and when it is too old.
 #include "crypto/RefreshCrl.h"
 
 #include <gtest/gtest.h>

@@ -213,7 +213,7 @@ TEST_F(RefreshCrlTest, AFailedOpenKeepsTheKeyThatWasCurrent) {
     EXPECT_TRUE(store_.Close({}, {}));
 }
 
-// A list that could not be read is not overwritten: the stamps of other store profiles would be lost.
+// A list that could not be read is not overwritten: the stamps of other CS profiles would be lost.
 TEST_F(RefreshCrlTest, AFailedReadIsReportedAndLeavesTheStampsAsTheyAre) {
     SeedStamps("{ \"Bank;;5\", \"Office;;1700000000\" }");
     for (const size_t query : {1U, 2U}) {

@@ -1,4 +1,4 @@
-// The store profiles of a service profile: choosing whose settings are shown, and adding.
+// The CS profiles of a service profile: choosing whose settings are shown, and adding.
 #include <gtest/gtest.h>
 
 #include "tests/editors/ProfileEditor.h"

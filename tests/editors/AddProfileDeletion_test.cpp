@@ -1,4 +1,4 @@
-// Taking store profiles out of a service profile.
+// Taking CS profiles out of a service profile.
 #include <gtest/gtest.h>
 
 #include "tests/editors/ProfileEditor.h"

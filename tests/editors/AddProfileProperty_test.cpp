@@ -1,4 +1,4 @@
-// Whatever the user does to the store profiles of a service profile, each keeps its own settings.
+// Whatever the user does to the CS profiles of a service profile, each keeps its own settings.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -12,7 +12,7 @@ namespace {
 using namespace profileid;
 using config::CsProfileSettings;
 
-// A user who knows by heart what each store profile was given.
+// A user who knows by heart what each CS profile was given.
 class AddProfileProperty : public ProfileEditorTest {
   protected:
     struct Known {

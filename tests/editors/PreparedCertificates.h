@@ -31,7 +31,7 @@ class PreparedCertificates final : public ui::Screen, private ui::memory::User {
     std::vector<config::CertificateRef> givenRecipients;
     std::vector<config::SignerListEntry> givenLists;
     const ui::Dialog* lastOwner = nullptr;
-    // The store profiles that contexts were opened for.
+    // The CS profiles that contexts were opened for.
     std::vector<std::string> OpenedFor() const;
 
     int RunModal(ui::Dialog& dialog) override;

@@ -1,4 +1,4 @@
-// Scenarios in the profile editor: a profile with two store profiles whose settings all differ, and the ids
+// Scenarios in the profile editor: a profile with two CS profiles whose settings all differ, and the ids
 // of the controls that a user works with.
 #pragma once
 
@@ -13,7 +13,7 @@
 
 namespace tests {
 
-// How the settings of the sample's store profiles look in the form, and where the chooser lists them.
+// How the settings of the sample's CS profiles look in the form, and where the chooser lists them.
 namespace profilesample {
 inline constexpr int List = profileid::CsProfiles;
 inline constexpr wchar_t officeSettings[] = L"1054 1056 1058 1062 24 h. http://tsp.office";
@@ -26,7 +26,7 @@ class ProfileEditorTest : public WorldTest {
   protected:
     using Texts = std::vector<std::wstring>;
 
-    // "Alpha" with the store profiles "Office" and "Bank".
+    // "Alpha" with the CS profiles "Office" and "Bank".
     static config::ServiceProfile Alpha();
     static config::ServiceProfile With(const Texts& csProfiles);  // the settings of all are those of a new one
 
@@ -38,9 +38,9 @@ class ProfileEditorTest : public WorldTest {
     void Leave() { user_.Click(ui::IdCancel); }
     void ExpectFocus(int id) { EXPECT_EQ(user_.Top().Focus(), &user_.Top().Find(id)); }
 
-    // Adds the store profile that the chooser offers at this place.
+    // Adds the CS profile that the chooser offers at this place.
     void AddFromChooser(int index);
-    // Deletes the selected store profile, which no rule uses.
+    // Deletes the selected CS profile, which no rule uses.
     void DeleteSelected();
 
     bool IsChecked(int id) const { return user_.Get<ui::CheckBox>(id).IsChecked(); }

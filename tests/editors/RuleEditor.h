@@ -1,4 +1,4 @@
-// Scenarios in the rule editor: a profile with three store profiles, folders that exist, certificates to be
+// Scenarios in the rule editor: a profile with three CS profiles, folders that exist, certificates to be
 // had for the asking, and the ids of the controls that a user works with.
 #pragma once
 

@@ -125,7 +125,7 @@ TEST_F(RuleEditorChecks, NothingElseIsAskedOfARule) {
     rule = PlainRule(L"MOVE");
     rule.PathOut2 = L"0";
     EXPECT_TRUE(Edit(rule, [this](ui::Dialog&) { user_.Click(ui::IdOk); }));
-    profile_.ZCSProfile.clear();  // nor a store profile
+    profile_.ZCSProfile.clear();  // nor a CS profile
     EXPECT_TRUE(Edit(PlainRule(L"HASH"), [this](ui::Dialog&) { user_.Click(ui::IdOk); }));
 }
 

@@ -1,4 +1,4 @@
-// Changing the store profile of a rule whose certificates come from another one.
+// Changing the CS profile of a rule whose certificates come from another one.
 #include <gtest/gtest.h>
 
 #include "tests/editors/RuleEditor.h"

@@ -40,7 +40,7 @@ struct Configuration {
     std::vector<Profile> profiles;
 };
 
-// The library's store profiles by name, and the folders of their stores; a name can come twice.
+// The library's CS profiles by name, and the folders of their stores; a name can come twice.
 const std::vector<std::pair<std::wstring, std::wstring>>& StoreProfileFolders();
 
 // What loading makes of the registry, which gets its first profile when it holds none.

@@ -11,7 +11,7 @@ namespace tests::model {
 struct EditorForm {
     std::wstring operation = L"ENCR";
     Texts csProfiles;
-    int store = 0;  // an index of the store profiles
+    int store = 0;  // an index of the CS profiles
     // Everything that goes straight into the rule under its name. What the operation does not use stays
     // behind.
     Rule values;

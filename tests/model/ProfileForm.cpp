@@ -5,7 +5,7 @@
 namespace tests::model {
 namespace {
 
-// The lists beside the names of the store profiles, and what an entry is that is not there.
+// The lists beside the names of the CS profiles, and what an entry is that is not there.
 const std::map<std::wstring, std::wstring> missingSettings{
     {L"ServerTSP", L"0"},     {L"NotUseLDAP", L"1"},     {L"NotCopyToLocal", L"0"}, {L"AutoUseTSP", L"0"},
     {L"AutoVerifyTSP", L"0"}, {L"NoTSPisError", L"0"},   {L"UseAIA", L"0"},         {L"NotAddCert", L"0"},

@@ -14,7 +14,7 @@ struct ProfileForm {
     std::wstring name;
     std::wstring timeout;
     std::map<std::wstring, bool> options;
-    std::optional<size_t> shown;  // the store profile whose settings are the following
+    std::optional<size_t> shown;  // the CS profile whose settings are the following
     std::map<std::wstring, bool> settings;
     std::wstring server;
     std::wstring period;
@@ -37,7 +37,7 @@ struct ProfileForm {
 
     // Why OK would refuse the form. names: of all profiles.
     std::optional<std::wstring> FirstRefusal(const Texts& names) const;
-    // What OK makes of it, the rules of store profiles that were taken out included.
+    // What OK makes of it, the rules of CS profiles that were taken out included.
     Profile Finished() const;
 
   private:

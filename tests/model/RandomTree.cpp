@@ -45,7 +45,7 @@ void PutRule(Dice& dice, const std::wstring& path, Tree& tree) {
             PutNumbered(dice, tree.Key(path + L"\\" + list), L"Signer Num", L"S", RandomList(dice, people, 3));
 }
 
-// Beside the names of the store profiles, mostly as many.
+// Beside the names of the CS profiles, mostly as many.
 void PutStoreProfileSettings(Dice& dice, Values& key) {
     const size_t stores = std::get<Texts>(key.at(L"ZCSProfile")).size();
     for (const wchar_t* list : {L"NotUseLDAP", L"NotCopyToLocal", L"AutoUseTSP", L"AutoVerifyTSP", L"NoTSPisError",
