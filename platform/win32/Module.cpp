@@ -7,13 +7,9 @@ void UnloadModule::operator()(void* module) const {
 }
 
 std::wstring ProgramFolder() {
-    constexpr size_t longestPath = 32768;
-    std::wstring path(MAX_PATH, L'\0');
-    DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    while (length == path.size() && path.size() < longestPath) {
-        path.resize(path.size() * 2);
-        length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-    }
+    constexpr DWORD LongestPath = 0x8000;  // of all that the system has, with its NUL
+    std::wstring path(LongestPath, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), LongestPath));
     const size_t end = path.rfind(L'\\');
     return end == std::wstring::npos ? std::wstring() : path.substr(0, end);
 }

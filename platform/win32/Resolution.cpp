@@ -15,10 +15,9 @@ Function* Newer(const char* name) {
 uint32_t SystemDpi() {
     constexpr uint32_t Unscaled = 96;
     const HDC screen = GetDC(nullptr);
-    if (screen == nullptr) return Unscaled;
     const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
     ReleaseDC(nullptr, screen);
-    return dpi > 0 ? static_cast<uint32_t>(dpi) : Unscaled;
+    return dpi == 0 ? Unscaled : static_cast<uint32_t>(dpi);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ namespace {
 
 constexpr REGSAM readAndWrite = 0x2001F;
 static_assert(readAndWrite == (KEY_READ | KEY_WRITE));
-constexpr DWORD longestValueName = 16383;
+constexpr DWORD longestName = 0x4000;  // of a value, with its NUL
 
 HKEY RootHandle(RootKey root) {
     return root == RootKey::LocalMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
@@ -114,8 +114,8 @@ Win32Code Win32Registry::Set(KeyHandle key, const std::wstring& name, ValueType 
 }
 
 Win32Code Win32Registry::EnumerateValue(KeyHandle key, uint32_t index, std::wstring& name) {
-    std::vector<wchar_t> buffer(longestValueName + 1);
-    DWORD length = longestValueName + 1;
+    std::vector<wchar_t> buffer(longestName);
+    DWORD length = longestName;
     const LSTATUS status =
         RegEnumValueW(SystemHandle(key), index, buffer.data(), &length, nullptr, nullptr, nullptr, nullptr);
     if (status == ERROR_SUCCESS) name.assign(buffer.data(), length);

@@ -111,6 +111,26 @@ TEST_F(SystemHabits, ADialogWithoutASmallestSizeLeavesItToTheSystem) {
     });
 }
 
+// One that is open would vanish under the mouse.
+TEST_F(SystemHabits, AMenuStaysTheSameWhileOnlyTheStatesOfItsItemsChange) {
+    using gallery::Open;
+    gallery_.onInit = [this] { gallery_.SetMenuBar({{L"File", {{Open, L"Open", true}}}}); };
+    Run([this] {
+        const auto shown = [this] { return GetMenu(WindowOf(gallery_)); };
+        const auto isGrayed = [&] { return (GetMenuState(shown(), Open, MF_BYCOMMAND) & MF_GRAYED) != 0; };
+        const HMENU first = shown();
+        for (const bool enabled : {false, true}) {
+            gallery_.SetMenuBar({{L"File", {{Open, L"Open", enabled}}}});
+            EXPECT_EQ(shown(), first);
+            EXPECT_EQ(isGrayed(), !enabled);
+        }
+        gallery_.SetMenuBar({{L"Other", {{Open, L"Open", true}}}});
+        std::wstring title(10, L'\0');
+        title.resize(static_cast<size_t>(GetMenuStringW(shown(), 0, title.data(), 10, MF_BYPOSITION)));
+        EXPECT_EQ(title, L"Other");
+    });
+}
+
 HDWP WINAPI NoRoom(HDWP, HWND, HWND, int, int, int, int, UINT) {
     return nullptr;
 }
