@@ -18,23 +18,25 @@ RuleList::RuleList(ui::ListView& view, ui::Dialog& owner, const config::Services
 }
 
 void RuleList::CreateColumns() {
-    std::vector<ui::Column> columns;
-    for (const std::wstring_view header : RuleColumnHeaders()) columns.push_back({.header = std::wstring(header)});
-    view_.SetColumns(std::move(columns));
     // The list is still empty: leave room for the scroll bar that its rows may bring.
-    SpreadOver(view_.ClientWidth() - services_.Screen.Metrics().VerticalScrollBarWidth(owner_.Dpi()));
+    const std::vector<int> widths =
+        WidthsWithin(view_.ClientWidth() - services_.Screen.Metrics().VerticalScrollBarWidth(owner_.Dpi()));
+    std::vector<ui::Column> columns;
+    for (const std::wstring_view header : RuleColumnHeaders())
+        columns.push_back({.header = std::wstring(header), .width = widths[columns.size()]});
+    view_.SetColumns(std::move(columns));
 }
 
 void RuleList::SpreadWidths() {
-    SpreadOver(view_.ClientWidth());
+    view_.SetColumnWidths(WidthsWithin(view_.ClientWidth()));
 }
 
-void RuleList::SpreadOver(int clientWidth) {
+std::vector<int> RuleList::WidthsWithin(int clientWidth) const {
     const int numberWidth = 3 * services_.Screen.Metrics().VerticalScrollBarWidth(owner_.Dpi());
-    const int others = static_cast<int>(view_.Columns().size()) - 1;
-    std::vector<int> widths(view_.Columns().size(), std::max(0, (clientWidth - numberWidth) / others));
-    widths.front() = numberWidth;
-    view_.SetColumnWidths(widths);
+    const int others = static_cast<int>(RuleColumnHeaders().size()) - 1;
+    std::vector<int> widths{numberWidth};
+    widths.resize(RuleColumnHeaders().size(), std::max(0, (clientWidth - numberWidth) / others));
+    return widths;
 }
 
 void RuleList::Empty() {

@@ -33,7 +33,7 @@ class RuleList {
 
   private:
     void ShowDetails(const ui::ListHit& hit) const;
-    void SpreadOver(int clientWidth);
+    std::vector<int> WidthsWithin(int clientWidth) const;
     std::wstring Cell(size_t row, size_t column) const;
 
     ui::ListView& view_;

@@ -24,7 +24,7 @@ class Window {
     virtual bool HasEnded() const = 0;
 
     // Pixels inside a control's border, without its scroll bar when one is shown.
-    virtual int ClientWidth(const Control& control) const = 0;
+    virtual int ClientWidth(const Control& control) = 0;
 
     // The outer rectangle that the window has when it is neither minimised nor maximised; x, y, width and
     // height in pixels of the screen.

@@ -134,7 +134,7 @@ void MemoryWindow::End(int result) {
     if (onEnd) onEnd();
 }
 
-int MemoryWindow::ClientWidth(const Control& control) const {
+int MemoryWindow::ClientWidth(const Control& control) {
     const auto* list = dynamic_cast<const ListView*>(&control);
     const Rect& bounds = control.Bounds();
     if (list == nullptr) return bounds.width;

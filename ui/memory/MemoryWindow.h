@@ -61,7 +61,7 @@ class MemoryWindow final : public Window {
     void ShowBounds(const Dialog& /*dialog*/) override {}
     void End(int result) override;
     bool HasEnded() const override { return result_.has_value(); }
-    int ClientWidth(const Control& control) const override;
+    int ClientWidth(const Control& control) override;
     Rect NormalRect() const override;
     void SetNormalRect(const Rect& rect) override;
 

@@ -9,11 +9,11 @@ namespace ui::win32 {
 class ComboMirror : public ControlMirror {
   public:
     ComboMirror(ComboBox& combo, HWND window) : ComboMirror(static_cast<ChoiceControl&>(combo), window) {}
-    void ShowAll() override;
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
 
   protected:
+    void ShowAll() override;
     int DropHeight() const override;
     ComboMirror(ChoiceControl& combo, HWND window);
 
@@ -28,11 +28,13 @@ class ComboMirror : public ControlMirror {
 class EditableComboMirror : public ComboMirror {
   public:
     EditableComboMirror(EditableCombo& combo, HWND window) : ComboMirror(combo, window), combo_(combo) {}
-    void ShowAll() override;
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
     void Moved() override { ShowText(); }
     void TakeShown() override;
+
+  protected:
+    void ShowAll() override;
 
   private:
     EditableCombo& combo_;
@@ -41,10 +43,12 @@ class EditableComboMirror : public ComboMirror {
 class ListBoxMirror : public ControlMirror {
   public:
     ListBoxMirror(ListBox& list, HWND window) : ControlMirror(list, window), list_(list) {}
-    void ShowAll() override { Show(Aspect::Items); }
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
     void ShowName(const std::wstring& name) override { SetWindowTextW(Window(), name.c_str()); }
+
+  protected:
+    void ShowAll() override { Show(Aspect::Items); }
 
   private:
     void ShowItems() const;

@@ -14,6 +14,14 @@ void ControlMirror::ShowText() {
     if (const std::wstring text = ShownText(); TextOf(window_) != text) SetWindowTextW(window_, text.c_str());
 }
 
+void ControlMirror::ShowFirst() {
+    const auto style = static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_STYLE));
+    if (control_.IsEnabled() != ((style & WS_DISABLED) == 0)) Show(Aspect::Enabled);
+    if (control_.IsVisible() != ((style & WS_VISIBLE) != 0)) Show(Aspect::Visible);
+    ShowAll();
+    isShown_ = true;
+}
+
 void ControlMirror::Show(Aspect aspect) {
     switch (aspect) {
         case Aspect::Text:

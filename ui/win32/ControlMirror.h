@@ -25,11 +25,11 @@ class ControlMirror {
     Control& Mirrored() const { return control_; }
     HWND Window() const { return window_; }
 
-    // Makes the window match the control's state, once after its creation and whenever a part of it changed.
-    virtual void ShowAll() { Show(Aspect::Text); }
+    // Makes the window match the control's state, once after its creation, and whenever a part of it changed
+    // since then.
+    void ShowFirst();
+    bool IsShown() const { return isShown_; }
     virtual void Show(Aspect aspect);
-    // The dialog has initialised itself: what takes long to show is shown now, as it has come to be.
-    virtual void Complete() {}
     // The monitor's resolution changed, and the font and the bounds with it.
     virtual void ShowRescaled(uint32_t /*dpi*/) {}
     // The system's colours changed, and the window has heard of it.
@@ -38,6 +38,9 @@ class ControlMirror {
     // for itself lets go of it before and takes hold of it again after.
     virtual void LetGo() {}
     virtual void TakeHold() {}
+    // The window has these bounds within the dialog from now on.
+    void NoteBounds(const Rect& bounds) { bounds_ = bounds; }
+    bool HasBoundsOfControl() const { return bounds_ == control_.Bounds(); }
     // The program has given the window other bounds.
     virtual void Moved() {}
     // What a screen reader calls the control, where the window can carry it.
@@ -63,6 +66,8 @@ class ControlMirror {
     Rect BoundsWithDrop() const;
 
   protected:
+    // What the window was not created with.
+    virtual void ShowAll() { Show(Aspect::Text); }
     virtual int DropHeight() const { return 0; }
 
     LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
@@ -78,6 +83,8 @@ class ControlMirror {
 
     Control& control_;
     const HWND window_;
+    Rect bounds_;
+    bool isShown_ = false;
 };
 
 }  // namespace ui::win32

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <bit>
 #include <new>
 #include <utility>
 
@@ -12,8 +13,6 @@
 
 namespace ui::win32 {
 namespace {
-
-constexpr const wchar_t* OwnProperty = L"ui::win32::DialogWindow";
 
 // Files and folders that the user dragged from another program and let go of over a window.
 class DroppedFiles {
@@ -42,18 +41,20 @@ class DroppedFiles {
 
 }  // namespace
 
+// Each message asks for it: a property of the window, which any window can have, would be much slower.
 DialogWindow* DialogWindow::Of(HWND window) {
-    return static_cast<DialogWindow*>(GetPropW(window, OwnProperty));
+    const bool isOurs = GetWindowLongPtrW(window, DWLP_DLGPROC) == std::bit_cast<LONG_PTR>(&Procedure);
+    return isOurs ? reinterpret_cast<DialogWindow*>(GetWindowLongPtrW(window, DWLP_USER)) : nullptr;
 }
 
 void DialogWindow::Attach(HWND window) {
     window_ = window;
-    SetPropW(window, OwnProperty, this);
+    SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(this));
 }
 
 void DialogWindow::Detach() {
     LetSessionEnd();
-    RemovePropW(window_, OwnProperty);
+    SetWindowLongPtrW(window_, DWLP_USER, 0);
     window_ = nullptr;
     dialog_.Closed();
 }
@@ -80,6 +81,7 @@ INT_PTR DialogWindow::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) noexc
 INT_PTR DialogWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCDESTROY) Detach();
     if (stage_ == Stage::Ended) return FALSE;
+    tooltips_.Hear(message, wParam, lParam);
     switch (message) {
         case WM_INITDIALOG:
             return OnInit();

@@ -22,13 +22,19 @@ Rect OpeningRect(Control& control, Size letter) {
 }  // namespace
 
 void DialogWindow::ReportOpeningBounds() {
-    for (const auto& mirror : mirrors_) mirror->Mirrored().SetOpeningBounds(BoundsIn(window_, mirror->Window()));
+    for (const auto& mirror : mirrors_) {
+        const Rect bounds = BoundsIn(window_, mirror->Window());
+        mirror->NoteBounds(bounds);
+        mirror->Mirrored().SetOpeningBounds(bounds);
+    }
 }
 
 void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
     const EchoGuard guard(*this);
     if (!MoveAtOnce()) MoveOneByOne();
     for (const auto& mirror : mirrors_) {
+        if (mirror->HasBoundsOfControl()) continue;
+        mirror->NoteBounds(mirror->Mirrored().Bounds());
         mirror->Moved();
         tooltips_.Follow(mirror->Window());
     }
@@ -40,6 +46,7 @@ bool DialogWindow::MoveAtOnce() const {
     HDWP moves = BeginDeferWindowPos(static_cast<int>(mirrors_.size()));
     for (const auto& mirror : mirrors_) {
         if (moves == nullptr) return false;
+        if (mirror->HasBoundsOfControl()) continue;
         const Rect to = mirror->BoundsWithDrop();
         moves = DeferWindowPos(moves, mirror->Window(), nullptr, to.x, to.y, to.width, to.height, MoveFlags);
     }
@@ -53,10 +60,13 @@ void DialogWindow::MoveOneByOne() const {
     }
 }
 
-int DialogWindow::ClientWidth(const Control& control) const {
-    const ControlMirror* const mirror = MirrorOf(control);
+int DialogWindow::ClientWidth(const Control& control) {
+    ControlMirror* const mirror = MirrorOf(control);
     RECT client{};
-    if (mirror != nullptr) GetClientRect(mirror->Window(), &client);
+    if (mirror != nullptr) {
+        ShowFirst(*mirror);  // its rows may bring a scroll bar
+        GetClientRect(mirror->Window(), &client);
+    }
     return client.right;
 }
 
@@ -139,6 +149,7 @@ void DialogWindow::TakeDpi(uint32_t dpi) {
     }
     dialog_.UserChangedDpi(dpi, OpeningSize(letter));
     const EchoGuard guard(*this);
+    if (stage_ == Stage::Opening) return;
     for (const auto& mirror : mirrors_) mirror->ShowRescaled(dpi);
     ShowIcon();
 }
@@ -151,6 +162,10 @@ void DialogWindow::LayOut(Size letter) {
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
     }
     for (const auto& mirror : mirrors_) mirror->TakeHold();
+    for (const auto& mirror : mirrors_) {
+        mirror->Moved();
+        tooltips_.Follow(mirror->Window());
+    }
 }
 
 Size DialogWindow::OpeningSize(Size letter) const {

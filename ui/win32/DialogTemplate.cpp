@@ -63,8 +63,8 @@ void DialogTemplate::AddControl(Control& control) {
     if (control.IsVisible()) state |= WS_VISIBLE;
     if (!control.IsEnabled()) state |= WS_DISABLED;
     if (control.TakesFocus()) state |= WS_TABSTOP;
-    // The window's text is shown once it exists.
-    AddItem(KindOf(control), state, control.Placement(), control.Id(), {});
+    const WindowKind kind = KindOf(control);
+    AddItem(kind, state, control.Placement(), control.Id(), kind.caption);
 }
 
 void DialogTemplate::AddItem(const WindowKind& kind, DWORD state, const Place& place, int id, std::wstring_view text) {

@@ -17,6 +17,11 @@ bool TakesInput(HWND window) {
     return IsWindowVisible(window) != FALSE && IsWindowEnabled(window) != FALSE;
 }
 
+// A menu bar takes its room at once: the dialog may ask how large its window is while it initialises itself.
+bool IsShownByShowAll(DialogAspect aspect) {
+    return aspect != DialogAspect::MenuBar && aspect != DialogAspect::ReasonToStay;
+}
+
 BOOL CALLBACK CountOne(HWND window, LPARAM count) {
     if (TakesInput(window)) ++*reinterpret_cast<size_t*>(count);
     return TRUE;
@@ -104,51 +109,62 @@ INT_PTR DialogWindow::OnInit() {
     const uint32_t dpi = platform::win32::DpiOf(window_);
     platform::win32::KeepSystemFromRescaling(window_);
     rescaling_.Attach(window_);
-    {
-        const EchoGuard guard(*this);
-        MakeMirrors();
-        ShowAll();
-        ReportOpeningBounds();
-    }
+    MakeMirrors();
+    ReportOpeningBounds();
     stage_ = Stage::Opening;
     dialog_.Opened(*this, Client(), dpi);
     if (HasEnded()) return TRUE;
+    ShowAll();
     stage_ = Stage::InUse;
-    for (const auto& mirror : mirrors_) mirror->Complete();
     if (!place_) CenterOnOwner(window_);
     // The focus that the program chose holds only if the system is told that it need not choose any.
     return dialog_.Focus() == nullptr ? TRUE : FALSE;
 }
 
 void DialogWindow::MakeMirrors() {
-    tooltips_.Attach(window_);
+    const EchoGuard guard(*this);
     for (Control* control : dialog_.Controls())
         mirrors_.push_back(KindOf(*control).makeMirror(GetDlgItem(window_, control->Id())));
+    for (const auto& mirror : mirrors_) mirror->TakeHold();
 }
 
+// The dialog has initialised itself: what it has come to be is shown once.
 void DialogWindow::ShowAll() {
+    const EchoGuard guard(*this);
     SetWindowTextW(window_, dialog_.Caption().c_str());
     ShowIcon();
     ShowMenuBar();
     for (const MenuItem& entry : dialog_.SystemMenuEntries()) AppendToSystemMenu(window_, entry);
     if (std::any_of(mirrors_.begin(), mirrors_.end(), [](const auto& mirror) { return mirror->TakesPaths(); }))
         AcceptDrops();
-    for (const auto& mirror : mirrors_) {
-        mirror->ShowAll();
-        mirror->ShowName(AccessibleName(dialog_, mirror->Mirrored()));
-        tooltips_.SetText(mirror->Window(), mirror->Mirrored().Tooltip());
-    }
+    for (const auto& mirror : mirrors_) ShowFirst(*mirror);
+    ShowFocus();
+}
+
+void DialogWindow::ShowFirst(ControlMirror& mirror) {
+    if (mirror.IsShown()) return;
+    const EchoGuard guard(*this);
+    mirror.ShowFirst();
+    ShowName(mirror);
+    tooltips_.Add(mirror.Window(), mirror.Mirrored().Tooltip());
+}
+
+void DialogWindow::ShowName(ControlMirror& mirror) const {
+    const Control& control = mirror.Mirrored();
+    mirror.ShowName(AccessibleName(dialog_, control));
+    const HWND label = GetDlgItem(window_, AccessibleLabelId(control));
+    if (label != nullptr && TextOf(label) != control.Name()) SetWindowTextW(label, control.Name().c_str());
 }
 
 void DialogWindow::Show(const Control& control, Aspect aspect) {
     ControlMirror* const mirror = MirrorOf(control);
     if (mirror == nullptr) return;
+    const bool isAct = aspect == Aspect::Scroll || aspect == Aspect::DroppedDown;
+    if (isAct) ShowFirst(*mirror);
+    if (!mirror->IsShown()) return;
     const EchoGuard guard(*this);
     mirror->Show(aspect);
-    if (aspect == Aspect::Name) {
-        mirror->ShowName(AccessibleName(dialog_, control));
-        SetDlgItemTextW(window_, AccessibleLabelId(control), control.Name().c_str());
-    }
+    if (aspect == Aspect::Name) ShowName(*mirror);
     if (aspect == Aspect::Tooltip) tooltips_.SetText(mirror->Window(), control.Tooltip());
     if (aspect == Aspect::Enabled || aspect == Aspect::Visible) tooltips_.Follow(mirror->Window());
     if (control.HasFocus() && !(control.IsEnabled() && control.IsVisible())) FollowFocus();
@@ -165,6 +181,7 @@ void DialogWindow::FollowFocus() const {
 }
 
 void DialogWindow::Show(const Dialog& dialog, DialogAspect aspect) {
+    if (stage_ == Stage::Opening && IsShownByShowAll(aspect)) return;
     const EchoGuard guard(*this);
     switch (aspect) {
         case DialogAspect::Caption:

@@ -75,7 +75,7 @@ class DialogWindow : public ui::Window {
     void ShowBounds(const Dialog& dialog) override;
     void End(int result) override;
     bool HasEnded() const override { return stage_ == Stage::Ended; }
-    int ClientWidth(const Control& control) const override;
+    int ClientWidth(const Control& control) override;
     Rect NormalRect() const override;
     void SetNormalRect(const Rect& rect) override;
 
@@ -112,6 +112,8 @@ class DialogWindow : public ui::Window {
     INT_PTR OnInit();
     void MakeMirrors();
     void ShowAll();
+    void ShowFirst(ControlMirror& mirror);
+    void ShowName(ControlMirror& mirror) const;
     void ReportOpeningBounds();
     void OnCommand(int id, int notification, HWND control);
     void HearCommand(int id, int notification, HWND control);

@@ -1,11 +1,13 @@
 #include "ui/win32/ListViewMirror.h"
 
+#include <utility>
+
 #include "platform/win32/Resolution.h"
 
 namespace ui::win32 {
 namespace {
 
-// Keeps a window from drawing every step of a change, and draws it once at the end.
+// Keeps a window from laying itself out and drawing at every step of a change: it does so once, at the end.
 class RedrawPause {
   public:
     // Switching drawing back on would make a hidden window appear.
@@ -16,7 +18,7 @@ class RedrawPause {
     }
     ~RedrawPause() {
         if (paused_) SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-        InvalidateRect(window_, nullptr, TRUE);
+        if (IsWindowVisible(window_) != FALSE) InvalidateRect(window_, nullptr, TRUE);
     }
     RedrawPause(const RedrawPause&) = delete;
     RedrawPause& operator=(const RedrawPause&) = delete;
@@ -38,7 +40,7 @@ void ListViewMirror::ShowAll() {
     ShowHeaderPictures(platform::win32::DpiOf(Window()));
     ShowColumns();
     ShowRows();
-    ShowSelection();
+    if (list_.RowCount() > 0) ShowSelection();
 }
 
 void ListViewMirror::Show(Aspect aspect) {
@@ -90,22 +92,42 @@ void ListViewMirror::ShowHeaderPictures(uint32_t dpi) {
 
 void ListViewMirror::ShowColumns() {
     const RedrawPause pause(Window());
-    const size_t wanted = list_.Columns().size();
-    for (; shownColumns_ > wanted; --shownColumns_) Send(LVM_DELETECOLUMN, shownColumns_ - 1);
-    for (size_t i = 0; i < wanted; ++i) ShowColumn(i, i < shownColumns_);
-    shownColumns_ = wanted;
+    const std::vector<Column>& wanted = list_.Columns();
+    for (; shownColumns_.size() > wanted.size(); shownColumns_.pop_back())
+        Send(LVM_DELETECOLUMN, shownColumns_.size() - 1);
+    for (size_t i = 0; i < shownColumns_.size(); ++i) ShowColumn(i);
+    while (shownColumns_.size() < wanted.size()) AddColumn(shownColumns_.size());
 }
 
-void ListViewMirror::ShowColumn(size_t index, bool exists) const {
+void ListViewMirror::AddColumn(size_t index) {
     const Column& column = list_.Columns()[index];
-    std::wstring header = column.header;
+    shownColumns_.push_back(column);
     LVCOLUMNW shown{};
     shown.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
-    shown.pszText = header.data();
+    shown.pszText = shownColumns_[index].header.data();
     shown.cx = column.width;
     shown.iSubItem = static_cast<int>(index);
-    Send(exists ? LVM_SETCOLUMNW : LVM_INSERTCOLUMNW, index, reinterpret_cast<LPARAM>(&shown));
+    Send(LVM_INSERTCOLUMNW, index, reinterpret_cast<LPARAM>(&shown));
+    // Without being told, a header would draw the first of the pictures as soon as it draws any.
+    if (list_.Style().sortableHeaders) ShowArrow(index);
+}
 
+// Each part that is shown already would be laid out and drawn once more. The width is the window's own: the user
+// changes it, too.
+void ListViewMirror::ShowColumn(size_t index) {
+    const Column& column = list_.Columns()[index];
+    const Column before = std::exchange(shownColumns_[index], column);
+    LVCOLUMNW shown{};
+    if (Send(LVM_GETCOLUMNWIDTH, index) != column.width) shown.mask |= LVCF_WIDTH;
+    if (before.header != column.header) shown.mask |= LVCF_TEXT;
+    shown.pszText = shownColumns_[index].header.data();
+    shown.cx = column.width;
+    if (shown.mask != 0) Send(LVM_SETCOLUMNW, index, reinterpret_cast<LPARAM>(&shown));
+    if (before.arrow != column.arrow) ShowArrow(index);
+}
+
+void ListViewMirror::ShowArrow(size_t index) const {
+    const Column& column = list_.Columns()[index];
     HDITEMW item{};
     item.mask = HDI_FORMAT;
     const auto place = static_cast<WPARAM>(index);
@@ -120,8 +142,10 @@ void ListViewMirror::ShowColumn(size_t index, bool exists) const {
 
 // Taking all rows away first forgets selection, focus and scroll position with them.
 void ListViewMirror::ShowRows() const {
+    const bool wasEmpty = Send(LVM_GETITEMCOUNT) == 0;
+    if (wasEmpty && list_.RowCount() == 0) return;
     const RedrawPause pause(Window());
-    Send(LVM_SETITEMCOUNT, 0);
+    if (!wasEmpty) Send(LVM_SETITEMCOUNT, 0);
     Send(LVM_SETITEMCOUNT, list_.RowCount());
     Send(LVM_SETSELECTIONMARK, 0, -1);
 }

@@ -20,7 +20,6 @@ namespace ui::win32 {
 class ListViewMirror : public ControlMirror {
   public:
     ListViewMirror(ListView& list, HWND window) : ControlMirror(list, window), list_(list) {}
-    void ShowAll() override;
     void Show(Aspect aspect) override;
     void ShowRescaled(uint32_t dpi) override;
     void ShowName(const std::wstring& name) override { SetWindowTextW(Window(), name.c_str()); }
@@ -33,6 +32,9 @@ class ListViewMirror : public ControlMirror {
     // Header windows notify their dialog through the list that they belong to.
     HWND Header() const;
 
+  protected:
+    void ShowAll() override;
+
   private:
     enum class Press { Click, DoubleClick, RightClick };
     static constexpr int AllRows = -1;  // also: before the first
@@ -40,7 +42,9 @@ class ListViewMirror : public ControlMirror {
     void ShowExtendedStyle();
     void ShowHeaderPictures(uint32_t dpi);
     void ShowColumns();
-    void ShowColumn(size_t index, bool exists) const;
+    void AddColumn(size_t index);
+    void ShowColumn(size_t index);
+    void ShowArrow(size_t index) const;
     void ShowRows() const;
     void ShowSelection() const;
     void SelectNone() const;
@@ -64,7 +68,7 @@ class ListViewMirror : public ControlMirror {
 
     ListView& list_;
     ImageListHandle headerPictures_;
-    size_t shownColumns_ = 0;
+    std::vector<Column> shownColumns_;
     // A text handed to the window has to outlive the next two that it asks for.
     mutable std::array<std::wstring, 4> cellTexts_;
     mutable size_t nextCellText_ = 0;

@@ -41,6 +41,7 @@ bool MenuBar::CanKeepItems(const std::vector<Menu>& menus) const {
 }
 
 bool MenuBar::Show(HWND window, const std::vector<Menu>& menus) {
+    if (menus == shown_) return false;
     const bool hadBar = !shown_.empty();
     if (CanKeepItems(menus)) {
         const HMENU bar = GetMenu(window);
@@ -53,7 +54,7 @@ bool MenuBar::Show(HWND window, const std::vector<Menu>& menus) {
         if (old != nullptr) DestroyMenu(old);
     }
     shown_ = menus;
-    if (!menus.empty()) DrawMenuBar(window);
+    if (IsWindowVisible(window) != FALSE) DrawMenuBar(window);
     return hadBar == menus.empty();
 }
 
@@ -70,7 +71,8 @@ namespace {
 constexpr UINT InfoSize = offsetof(TTTOOLINFOW, lpReserved);
 
 // A control is known twice. While it is enabled, its own window hears of the mouse; while it is disabled, the
-// dialog does, and the control's place in the dialog tells what the mouse is over.
+// dialog does, and the control's place in the dialog tells what the mouse is over. The dialog passes on what it
+// hears: a tooltip window that listens by itself would slow down each of its messages.
 TTTOOLINFOW OwnTool(HWND dialog, HWND control) {
     TTTOOLINFOW tool{};
     tool.cbSize = InfoSize;
@@ -83,7 +85,6 @@ TTTOOLINFOW OwnTool(HWND dialog, HWND control) {
 TTTOOLINFOW PlaceTool(HWND dialog, HWND control) {
     TTTOOLINFOW tool{};
     tool.cbSize = InfoSize;
-    tool.uFlags = TTF_SUBCLASS;
     tool.hwnd = dialog;
     tool.uId = static_cast<UINT_PTR>(GetDlgCtrlID(control));
     // Whether the dialog itself is seen yet does not matter.
@@ -100,7 +101,7 @@ LPARAM Parameter(TTTOOLINFOW& tool) {
 
 }  // namespace
 
-void Tooltips::Attach(HWND dialog) {
+void Tooltips::Create(HWND dialog) {
     dialog_ = dialog;
     constexpr DWORD Style = WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX;
     window_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, Style, CW_USEDEFAULT, CW_USEDEFAULT,
@@ -108,16 +109,39 @@ void Tooltips::Attach(HWND dialog) {
     SendMessageW(window_, TTM_ACTIVATE, TRUE, 0);
 }
 
-void Tooltips::SetText(HWND control, const std::wstring& text) const {
+void Tooltips::Add(HWND control, const std::wstring& text) {
+    if (text.empty()) return;
+    if (window_ == nullptr) Create(GetParent(control));
     std::wstring shown = text;
     for (TTTOOLINFOW tool : {OwnTool(dialog_, control), PlaceTool(dialog_, control)}) {
-        SendMessageW(window_, TTM_DELTOOLW, 0, Parameter(tool));
         tool.lpszText = shown.data();
-        if (!shown.empty()) SendMessageW(window_, TTM_ADDTOOLW, 0, Parameter(tool));
+        SendMessageW(window_, TTM_ADDTOOLW, 0, Parameter(tool));
     }
 }
 
+void Tooltips::SetText(HWND control, const std::wstring& text) {
+    if (window_ != nullptr)
+        for (TTTOOLINFOW tool : {OwnTool(dialog_, control), PlaceTool(dialog_, control)})
+            SendMessageW(window_, TTM_DELTOOLW, 0, Parameter(tool));
+    Add(control, text);
+}
+
+void Tooltips::Hear(UINT message, WPARAM wParam, LPARAM lParam) const {
+    if (window_ == nullptr || message < WM_MOUSEFIRST || message > WM_MBUTTONDBLCLK) return;
+    MSG heard{};
+    heard.hwnd = dialog_;
+    heard.message = message;
+    heard.wParam = wParam;
+    heard.lParam = lParam;
+    SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&heard));
+}
+
+void Tooltips::TellOfColors() const {
+    if (window_ != nullptr) SendMessageW(window_, WM_SYSCOLORCHANGE, 0, 0);
+}
+
 void Tooltips::Follow(HWND control) const {
+    if (window_ == nullptr) return;
     TTTOOLINFOW tool = PlaceTool(dialog_, control);
     SendMessageW(window_, TTM_NEWTOOLRECTW, 0, Parameter(tool));
 }

@@ -27,19 +27,20 @@ void AppendToSystemMenu(HWND window, const MenuItem& entry);
 // One window that shows the text of the control under the mouse.
 class Tooltips {
   public:
-    // Creates the window, which goes with the dialog's.
-    void Attach(HWND dialog);
-
-    // An empty text: no tooltip.
-    void SetText(HWND control, const std::wstring& text) const;
+    // Of a control that has no tooltip yet. An empty text: it gets none.
+    void Add(HWND control, const std::wstring& text);
+    void SetText(HWND control, const std::wstring& text);
     // To be called when the control was moved, enabled, disabled, shown or hidden.
     void Follow(HWND control) const;
+    // A message to the dialog itself: the mouse may be over a disabled control, which hears of nothing.
+    void Hear(UINT message, WPARAM wParam, LPARAM lParam) const;
     // To be called when the system's colours changed.
-    void TellOfColors() const { SendMessageW(window_, WM_SYSCOLORCHANGE, 0, 0); }
+    void TellOfColors() const;
 
   private:
+    void Create(HWND dialog);
     HWND dialog_ = nullptr;
-    HWND window_ = nullptr;
+    HWND window_ = nullptr;  // goes with the dialog's
 };
 
 }  // namespace ui::win32

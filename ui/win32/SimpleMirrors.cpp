@@ -31,7 +31,8 @@ void PictureMirror::Show(Aspect aspect) {
 void EditMirror::ShowAll() {
     Send(EM_SETLIMITTEXT, edit_.Style().longest);  // 0: as much as the system can hold
     Show(Aspect::Text);
-    Show(Aspect::Cue);
+    if (!edit_.Cue().empty()) Show(Aspect::Cue);
+    if (edit_.IsReadOnly() != edit_.Style().readOnly) Show(Aspect::ReadOnly);
 }
 
 void EditMirror::Show(Aspect aspect) {
@@ -79,27 +80,33 @@ void ButtonMirror::OnCommand(int notification) {
     if (notification == BN_KILLFOCUS) Left();
 }
 
-std::wstring IconButtonMirror::ShownText() const {
-    return WithDoubledAmpersands(button_.Text().empty() ? button_.Tooltip() : button_.Text());
+std::wstring IconButtonMirror::CaptionOf(const IconButton& button) {
+    return WithDoubledAmpersands(button.Text().empty() ? button.Tooltip() : button.Text());
 }
 
 void IconButtonMirror::Show(Aspect aspect) {
     ControlMirror::Show(aspect == Aspect::Tooltip ? Aspect::Text : aspect);
-    if (isComplete_ && (aspect == Aspect::Icon || aspect == Aspect::Enabled)) ShowPicture();
+    if (aspect == Aspect::Icon) LoadIcon();
+    if (aspect == Aspect::Enabled) ShowIcon();
 }
 
-void IconButtonMirror::Complete() {
-    isComplete_ = true;
-    ShowPicture();
+void IconButtonMirror::ShowAll() {
+    ButtonMirror::ShowAll();
+    LoadIcon();
 }
 
-void IconButtonMirror::ShowPicture() {
-    IconHandle icon =
-        LoadPicture(button_.Icon(), ButtonPictureSizeFor(ClientSizeOf(Window()), platform::win32::DpiOf(Window())));
-    fadedIcon_ = button_.IsEnabled() ? IconHandle() : FadedPicture(icon.get());
-    if (fadedIcon_ != nullptr) icon = EmptyPicture();
-    Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
+void IconButtonMirror::LoadIcon() {
+    const int size = ButtonPictureSizeFor(ClientSizeOf(Window()), platform::win32::DpiOf(Window()));
+    IconHandle icon = LoadPicture(button_.Icon(), size);
     icon_.swap(icon);  // the old one goes once the window has let go of it
+    ShowIcon();
+}
+
+void IconButtonMirror::ShowIcon() {
+    fadedIcon_ = button_.IsEnabled() ? IconHandle() : FadedPicture(icon_.get());
+    if (fadedIcon_ != nullptr && emptyIcon_ == nullptr) emptyIcon_ = EmptyPicture();
+    const IconHandle& icon = fadedIcon_ == nullptr ? icon_ : emptyIcon_;
+    Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
     InvalidateRect(Window(), nullptr, TRUE);
 }
 
@@ -127,11 +134,6 @@ void CheckBoxMirror::ShowAll() {
 void CheckBoxMirror::Show(Aspect aspect) {
     ControlMirror::Show(aspect);
     if (aspect == Aspect::Check) Send(BM_SETCHECK, box_.IsChecked() ? BST_CHECKED : BST_UNCHECKED);
-}
-
-void UpDownMirror::ShowAll() {
-    TakeHold();
-    Show(Aspect::Range);
 }
 
 // The arrows take their room from the right end of the edit.

@@ -16,17 +16,22 @@ class CaptionMirror : public ControlMirror {
   public:
     using ControlMirror::ControlMirror;
 
+    // What its window is made with.
+    static std::wstring CaptionOf(const Control& control) { return WithDoubledAmpersands(control.Text()); }
+
   protected:
-    std::wstring ShownText() const override { return WithDoubledAmpersands(Mirrored().Text()); }
+    std::wstring ShownText() const override { return CaptionOf(Mirrored()); }
     static std::wstring WithDoubledAmpersands(const std::wstring& text);
 };
 
 class PictureMirror : public ControlMirror {
   public:
     PictureMirror(Picture& picture, HWND window) : ControlMirror(picture, window), picture_(picture) {}
-    void ShowAll() override { Show(Aspect::Icon); }
     void Show(Aspect aspect) override;
     void ShowRescaled(uint32_t /*dpi*/) override { Show(Aspect::Icon); }
+
+  protected:
+    void ShowAll() override { Show(Aspect::Icon); }
 
   private:
     Picture& picture_;
@@ -36,11 +41,13 @@ class PictureMirror : public ControlMirror {
 class EditMirror : public ControlMirror {
   public:
     EditMirror(Edit& edit, HWND window) : ControlMirror(edit, window), edit_(edit) {}
-    void ShowAll() override;
     void Show(Aspect aspect) override;
     void OnCommand(int notification) override;
     bool TakesPaths() const override { return edit_.Style().takesPaths; }
     void OnDrop(const std::wstring& path) override;
+
+  protected:
+    void ShowAll() override;
 
   private:
     void ShowCue() const;
@@ -72,29 +79,36 @@ class PushButtonMirror : public ButtonMirror {
 class IconButtonMirror : public ButtonMirror {
   public:
     IconButtonMirror(IconButton& button, HWND window) : ButtonMirror(button, window), button_(button) {}
+
+    static std::wstring CaptionOf(const IconButton& button);
     void Show(Aspect aspect) override;
-    void Complete() override;
-    void ShowRescaled(uint32_t /*dpi*/) override { Show(Aspect::Icon); }
-    void ShowColors() override { Show(Aspect::Icon); }
+    void ShowRescaled(uint32_t /*dpi*/) override { LoadIcon(); }
+    void ShowColors() override { ShowIcon(); }
     std::optional<LRESULT> Answer(NMHDR& question) const override;
+
+  protected:
+    void ShowAll() override;
 
   private:
     void Clicked() const override { button_.UserClicked(); }
-    std::wstring ShownText() const override;
-    void ShowPicture();
+    std::wstring ShownText() const override { return CaptionOf(button_); }
+    void LoadIcon();
+    void ShowIcon();
     void DrawFaded(HDC canvas) const;
 
     IconButton& button_;
-    bool isComplete_ = false;
-    IconHandle icon_;
-    IconHandle fadedIcon_;
+    IconHandle icon_;       // in the size that is shown
+    IconHandle fadedIcon_;  // none: the button is enabled
+    IconHandle emptyIcon_;
 };
 
 class CheckBoxMirror : public ButtonMirror {
   public:
     CheckBoxMirror(CheckBox& box, HWND window) : ButtonMirror(box, window), box_(box) {}
-    void ShowAll() override;
     void Show(Aspect aspect) override;
+
+  protected:
+    void ShowAll() override;
 
   private:
     void Clicked() const override { box_.UserClicked(); }
@@ -105,12 +119,14 @@ class CheckBoxMirror : public ButtonMirror {
 class UpDownMirror : public ControlMirror {
   public:
     UpDownMirror(UpDown& arrows, HWND window) : ControlMirror(arrows, window), arrows_(arrows) {}
-    void ShowAll() override;
     void Show(Aspect aspect) override;
     void LetGo() override { Send(UDM_SETBUDDY); }
     void TakeHold() override;
     void FollowEdits() override;
     LRESULT OnNotify(const NMHDR& notification) override;
+
+  protected:
+    void ShowAll() override { Show(Aspect::Range); }
 
   private:
     UpDown& arrows_;

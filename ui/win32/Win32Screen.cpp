@@ -153,7 +153,6 @@ void Win32Screen::OpenModeless(Dialog& dialog) {
 }
 
 DialogWindow* Win32Screen::WindowOf(const Dialog* dialog) const {
-    if (dialog == nullptr) return nullptr;
     for (DialogWindow* window : modal_)
         if (&window->Mirrored() == dialog) return window;
     for (const auto& window : modeless_)

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <concepts>
+
 #include "ui/Screen.h"
 #include "ui/win32/ChoiceMirrors.h"
 #include "ui/win32/ListViewMirror.h"
@@ -70,6 +72,7 @@ class KindFinder : public ControlVisitor {
     template <class Mirror, class Mirrored>
     void Take(Mirrored& control, const WindowKind& kind) {
         kind_ = kind;
+        if constexpr (std::derived_from<Mirror, CaptionMirror>) kind_.caption = Mirror::CaptionOf(control);
         kind_.makeMirror = [&control](HWND window) { return std::make_unique<Mirror>(control, window); };
     }
 

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #include "ui/win32/ControlMirror.h"
 
@@ -15,7 +16,8 @@ struct WindowKind {
     const wchar_t* className = nullptr;
     DWORD style = 0;  // without what follows from the control's state
     DWORD extendedStyle = 0;
-    int dropHeight = 0;  // of a combo box's list, in dialog units
+    int dropHeight = 0;      // of a combo box's list, in dialog units
+    std::wstring caption{};  // that the window is made with
     std::function<std::unique_ptr<ControlMirror>(HWND window)> makeMirror{};
 };
 

@@ -131,6 +131,40 @@ TEST_F(SystemHabits, AMenuStaysTheSameWhileOnlyTheStatesOfItsItemsChange) {
     });
 }
 
+// How the list of one system tells of what the user takes back with Shift held.
+TEST_F(SystemHabits, ARangeOfRowsIsTakenBack) {
+    Run([this] {
+        gallery_.rows.SelectAll();
+        NMLVODSTATECHANGE change{};
+        {
+            const Subclass deaf(WindowOf(gallery_), [](UINT message, WPARAM, LPARAM) -> std::optional<LRESULT> {
+                return message == WM_NOTIFY ? std::optional<LRESULT>(0) : std::nullopt;
+            });
+            for (int row = 3; row < 20; ++row) SetState(Window(gallery::Rows), row, 0, LVIS_SELECTED);
+        }
+        change.hdr = {Window(gallery::Rows), gallery::Rows, static_cast<UINT>(LVN_ODSTATECHANGED)};
+        change.iFrom = 3;
+        change.iTo = 19;
+        change.uOldState = LVIS_SELECTED;
+        SendMessageW(WindowOf(gallery_), WM_NOTIFY, gallery::Rows, reinterpret_cast<LPARAM>(&change));
+        EXPECT_EQ(gallery_.rows.SelectedRows(), (std::vector<size_t>{0, 1, 2}));
+    });
+}
+
+TEST_F(SystemHabits, ALetterThatNoRowBeginsWithFindsNone) {
+    Run([this] {
+        const auto found = [this](const wchar_t* beginning) {
+            LVFINDINFOW wanted{};
+            wanted.flags = LVFI_STRING | LVFI_PARTIAL;
+            wanted.psz = beginning;
+            return SendMessageW(Window(gallery::Rows), LVM_FINDITEMW, static_cast<WPARAM>(-1),
+                                reinterpret_cast<LPARAM>(&wanted));
+        };
+        EXPECT_EQ(found(L"x"), -1);
+        EXPECT_EQ(found(L"ROW 12"), 12);
+    });
+}
+
 HDWP WINAPI NoRoom(HDWP, HWND, HWND, int, int, int, int, UINT) {
     return nullptr;
 }

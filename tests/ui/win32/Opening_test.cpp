@@ -1,0 +1,88 @@
+// A dialog initialises itself before its window is shown: the window is made what the dialog has become, once.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "tests/support/win32/ImportHook.h"
+#include "tests/ui/Gallery.h"
+
+namespace tests {
+namespace {
+
+using Opening = GalleryTest;
+
+int enabled = 0;
+int shownOrHidden = 0;
+int texts = 0;
+int pictures = 0;
+int columns = 0;
+
+// The system's own, which are counted.
+template <class Function>
+Function* real = nullptr;
+
+using Enable = BOOL WINAPI(HWND, BOOL);
+BOOL WINAPI CountEnabled(HWND window, BOOL on) {
+    ++enabled;
+    return real<Enable>(window, on);
+}
+BOOL WINAPI CountShown(HWND, int) {
+    ++shownOrHidden;
+    return FALSE;
+}
+using SetText = BOOL WINAPI(HWND, const wchar_t*);
+BOOL WINAPI CountText(HWND window, const wchar_t* text) {
+    ++texts;
+    return real<SetText>(window, text);
+}
+using LoadOne = HANDLE WINAPI(HINSTANCE, const wchar_t*, UINT, int, int, UINT);
+HANDLE WINAPI CountPicture(HINSTANCE program, const wchar_t* name, UINT kind, int width, int height, UINT flags) {
+    ++pictures;
+    return real<LoadOne>(program, name, kind, width, height, flags);
+}
+using SendOne = LRESULT WINAPI(HWND, UINT, WPARAM, LPARAM);
+LRESULT WINAPI CountColumn(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == LVM_INSERTCOLUMNW || message == LVM_SETCOLUMNW || message == LVM_SETCOLUMNWIDTH) ++columns;
+    return real<SendOne>(window, message, wParam, lParam);
+}
+
+// Whatever happens on the way: each step would be laid out, drawn and reported by itself.
+TEST_F(Opening, WhatADialogHasBecomeWhenItOpensIsShownOnce) {
+    enabled = shownOrHidden = texts = pictures = columns = 0;
+    gallery_.onInit = [this] {
+        for (int i = 0; i < 3; ++i) {
+            for (ui::Control* control :
+                 {static_cast<ui::Control*>(&gallery_.save), static_cast<ui::Control*>(&gallery_.tick)}) {
+                control->Enable(i % 2 != 0);
+                control->Enable(i % 2 == 0);
+                control->Show(false);
+                control->Show(true);
+            }
+            gallery_.name.SetText(std::to_wstring(i));
+            gallery_.SetCaption(std::to_wstring(i));
+            gallery_.SetIcon(ui::Icon::App);
+            gallery_.rows.SetColumnWidths({10 + i, 20, 30});
+        }
+    };
+    const ImportHook enable("EnableWindow", CountEnabled);
+    const ImportHook show("ShowWindow", CountShown);
+    const ImportHook text("SetWindowTextW", CountText);
+    const ImportHook picture("LoadImageW", CountPicture);
+    const ImportHook column("SendMessageW", CountColumn);
+    real<Enable> = enable.Real<Enable>();
+    real<SetText> = text.Real<SetText>();
+    real<LoadOne> = picture.Real<LoadOne>();
+    real<SendOne> = column.Real<SendOne>();
+    Run([this] {
+        EXPECT_EQ(enabled, 1);  // the edit that was made enabled
+        EXPECT_EQ(shownOrHidden, 0);
+        EXPECT_EQ(texts, 5);     // the caption, two edits, and the names of two lists
+        EXPECT_EQ(pictures, 6);  // of the window, two; of a button, of a sign, and of a header, two
+        EXPECT_EQ(columns, 3);
+        EXPECT_EQ(user_.Text(gallery::Name), L"2");
+    });
+}
+
+}  // namespace
+}  // namespace tests
