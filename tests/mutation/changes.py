@@ -13,7 +13,7 @@ OPERATORS = [
     (r"(?<!min)(?<!max)(?<!>)\((\w+), (\w+)\)", r"(\2, \1)"),
     (r"^(\s+)(?!.*\breserve\()[\w.>:-]+\([^;{}]*\);$", r"\1;"),   # dropped call; room can be made later, too
     (r"^(\s+)if \(.*\) (return|continue|break)[^;]*;$", r"\1;"),  # dropped early way out
-    (r"\breturn (?!false|nullptr)(\w+);", r"return {};"),
+    (r"\breturn (?!false|nullptr|FALSE|0)(\w+);", r"return {};"),
 ]
 NOT_CODE = re.compile(r"^\s*(//|#|using |namespace |\}|static_assert|template|class |struct |public:|private:|"
                       r"(\{[-0-9A-Fx, ]+\},?\s*)+$)")  # the last: tables of code points
