@@ -35,10 +35,9 @@ class ChangeWriter {
         name = name.substr(0, name.find(L'\0'));  // the system takes no more of it
         bytes_.push_back(kind);
         AddLength(name.size());
-        for (const wchar_t unit : name) {
-            bytes_.push_back(static_cast<std::byte>(unit & 0xFF));
-            bytes_.push_back(static_cast<std::byte>((unit >> 8) & 0xFF));
-        }
+        const size_t at = bytes_.size();
+        bytes_.resize(at + name.size() * 2);
+        PutUnits(name, std::span(bytes_).subspan(at));
     }
     void AddLength(size_t length) {
         for (; length >= 1U << lengthBits; length >>= lengthBits)
@@ -71,13 +70,15 @@ class NotingRegistry final : public platform::RegistryBackend {
     Win32Code DeleteSubkey(KeyHandle parent, const std::wstring& name) override {
         writer_.DeleteTree(Below(parent, name));
         entered_.reset();  // which may be the one that is gone
+        enteredAs_ = KeyHandle::None;
         return code::Success;
     }
     Win32Code Query(KeyHandle, const std::wstring&, ValueType&, std::span<std::byte>, uint32_t&) override {
         return code::FileNotFound;
     }
     Win32Code Set(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) override {
-        if (entered_ != PathOf(key)) Enter(PathOf(key));
+        if (key != enteredAs_ && entered_ != PathOf(key)) Enter(PathOf(key));
+        enteredAs_ = key;
         writer_.SetValue(name, type, data);
         return code::Success;
     }
@@ -108,11 +109,13 @@ class NotingRegistry final : public platform::RegistryBackend {
     void Enter(const std::wstring& path) {
         writer_.CreateKey(path);
         entered_ = path;
+        enteredAs_ = KeyHandle::None;
     }
 
     ChangeWriter writer_;
-    std::optional<std::wstring> entered_;  // the key whose values the next ones are
-    std::vector<OpenKey> open_;            // never more than a few
+    std::optional<std::wstring> entered_;    // the key whose values the next ones are
+    KeyHandle enteredAs_ = KeyHandle::None;  // the handle by which it was last written to
+    std::vector<OpenKey> open_;              // never more than a few
     uintptr_t lastHandle_ = 0;
 };
 

@@ -19,20 +19,36 @@ constexpr uint32_t version = 1;
 constexpr uint32_t noParts = 0;
 constexpr errors::ReportContext silently{nullptr, errors::ReportMode::Silent};
 
-constexpr std::array<uint32_t, 256> MakeCrcTable() {
+// What a byte adds to the sum that so many further bytes follow before it is looked at again.
+constexpr size_t crcStride = 8;
+using CrcTables = std::array<std::array<uint32_t, 256>, crcStride>;
+
+CrcTables MakeCrcTables() {
     constexpr uint32_t polynomial = 0xEDB88320;
-    std::array<uint32_t, 256> table{};
-    for (size_t i = 0; i < table.size(); ++i) {
+    CrcTables tables{};
+    for (size_t i = 0; i < tables[0].size(); ++i) {
         auto rest = static_cast<uint32_t>(i);
         for (int bit = 0; bit < 8; ++bit) rest = rest >> 1 ^ ((rest & 1) != 0 ? polynomial : 0);
-        table[i] = rest;
+        tables[0][i] = rest;
     }
-    return table;
+    for (size_t later = 1; later < crcStride; ++later)
+        for (size_t i = 0; i < tables[later].size(); ++i) {
+            const uint32_t before = tables[later - 1][i];
+            tables[later][i] = tables[0][before & 0xFF] ^ before >> 8;
+        }
+    return tables;
 }
-constexpr std::array<uint32_t, 256> crcTable = MakeCrcTable();
 
+// Records have megabytes: eight bytes at a time take a fifth of what one at a time takes.
 uint32_t AddToCrc(uint32_t crc, std::span<const std::byte> bytes) {
-    for (const std::byte byte : bytes) crc = crcTable[(crc ^ std::to_integer<uint32_t>(byte)) & 0xFF] ^ crc >> 8;
+    static const CrcTables tables = MakeCrcTables();
+    const auto byte = [&bytes](size_t at) { return std::to_integer<uint32_t>(bytes[at]); };
+    for (; bytes.size() >= crcStride; bytes = bytes.subspan(crcStride)) {
+        crc ^= byte(0) | byte(1) << 8 | byte(2) << 16 | byte(3) << 24;
+        crc = tables[7][crc & 0xFF] ^ tables[6][crc >> 8 & 0xFF] ^ tables[5][crc >> 16 & 0xFF] ^ tables[4][crc >> 24] ^
+              tables[3][byte(4)] ^ tables[2][byte(5)] ^ tables[1][byte(6)] ^ tables[0][byte(7)];
+    }
+    for (size_t at = 0; at < bytes.size(); ++at) crc = tables[0][(crc ^ byte(at)) & 0xFF] ^ crc >> 8;
     return crc;
 }
 

@@ -5,23 +5,18 @@ namespace {
 
 constexpr size_t unitSize = 2;  // bytes of a UTF-16 code unit
 
-// Puts the text and a terminating zero at the front of the buffer and returns what is left of it.
+// The text and a terminating zero.
 std::span<std::byte> Put(std::wstring_view text, std::span<std::byte> buffer) {
-    for (size_t i = 0; i < text.size(); ++i) {
-        const auto unit = static_cast<uint32_t>(text[i]);
-        buffer[2 * i] = static_cast<std::byte>(unit & 0xFF);
-        buffer[2 * i + 1] = static_cast<std::byte>((unit >> 8) & 0xFF);
-    }
-    buffer[2 * text.size()] = buffer[2 * text.size() + 1] = std::byte{0};
-    return buffer.subspan((text.size() + 1) * unitSize);
+    return PutUnits({L"\0", 1}, PutUnits(text, buffer));
 }
 
 std::wstring Units(std::span<const std::byte> data) {
-    std::wstring units;
-    units.reserve(data.size() / unitSize);
-    for (size_t at = 0; at + 1 < data.size(); at += unitSize)
-        units +=
-            static_cast<wchar_t>(std::to_integer<uint32_t>(data[at]) | std::to_integer<uint32_t>(data[at + 1]) << 8);
+    std::wstring units(data.size() / unitSize, L'\0');
+    const std::byte* from = data.data();
+    for (wchar_t& unit : units) {
+        unit = static_cast<wchar_t>(std::to_integer<uint32_t>(from[0]) | std::to_integer<uint32_t>(from[1]) << 8);
+        from += unitSize;
+    }
     return units;
 }
 
@@ -36,10 +31,25 @@ bool EndsInZeros(std::wstring_view units, size_t count) {
 
 }  // namespace
 
+std::span<std::byte> PutUnits(std::wstring_view units, std::span<std::byte> buffer) {
+    std::byte* to = buffer.data();
+    for (const wchar_t unit : units) {
+        to[0] = static_cast<std::byte>(static_cast<uint32_t>(unit) & 0xFF);
+        to[1] = static_cast<std::byte>(static_cast<uint32_t>(unit) >> 8 & 0xFF);
+        to += unitSize;
+    }
+    return buffer.subspan(units.size() * unitSize);
+}
+
 Bytes EncodeString(std::wstring_view text) {
-    Bytes bytes((text.size() + 1) * unitSize);
-    Put(text, bytes);
+    Bytes bytes;
+    EncodeString(text, bytes);
     return bytes;
+}
+
+void EncodeString(std::wstring_view text, Bytes& bytes) {
+    bytes.resize((text.size() + 1) * unitSize);
+    Put(text, bytes);
 }
 
 size_t EncodedListSize(const std::vector<std::wstring>& entries) {

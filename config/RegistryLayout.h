@@ -33,8 +33,13 @@ inline constexpr size_t LongestKeyName = 255;
 
 using Bytes = std::vector<std::byte>;
 
+// Puts the units, two bytes each, at the front of the buffer and returns what is left of it.
+std::span<std::byte> PutUnits(std::wstring_view units, std::span<std::byte> buffer);
+
 // With one terminating zero.
 Bytes EncodeString(std::wstring_view text);
+// The same into bytes whose room is used again.
+void EncodeString(std::wstring_view text, Bytes& bytes);
 
 // Each entry with a terminating zero, then one more. An empty entry ends the list for whoever reads it.
 // The bytes go to the front of the buffer, which must hold at least EncodedListSize of them.

@@ -147,17 +147,21 @@ bool RegistryStore::ReportKey(const errors::ReportContext& context, Win32Code co
 }
 
 bool RegistryStore::ReportValue(const errors::ReportContext& context, Win32Code code, const wchar_t* operation,
-                                const std::wstring& name) const {
+                                std::wstring_view name) const {
     reporter_.ErrorReport(context, {.code = code, .operation = operation, .argument = name});
     return false;
 }
 
-ReadOutcome RegistryStore::ReadInteger(const std::wstring& name, int32_t& target, const errors::ReportContext& context,
+const std::wstring& RegistryStore::Named(std::wstring_view name) {
+    return valueName_.assign(name);
+}
+
+ReadOutcome RegistryStore::ReadInteger(std::wstring_view name, int32_t& target, const errors::ReportContext& context,
                                        int32_t defaultValue) {
     std::array<std::byte, 4> buffer{};
     ValueType type{};
     uint32_t size = buffer.size();
-    const Win32Code result = registry_.Query(current_.handle, name, type, buffer, size);
+    const Win32Code result = registry_.Query(current_.handle, Named(name), type, buffer, size);
     const bool stored = result == code::Success || result == code::MoreData;
     if (result == code::FileNotFound || (stored && size != buffer.size())) {
         target = defaultValue;
@@ -173,12 +177,12 @@ ReadOutcome RegistryStore::ReadInteger(const std::wstring& name, int32_t& target
     return ReadOutcome::Value;
 }
 
-ReadOutcome RegistryStore::ReadString(const std::wstring& name, std::wstring& target,
+ReadOutcome RegistryStore::ReadString(std::wstring_view name, std::wstring& target,
                                       const errors::ReportContext& context, const std::wstring& defaultValue) {
     std::array<std::byte, stringCapacity> buffer;
     ValueType type{};
     uint32_t size = buffer.size();
-    const Win32Code result = registry_.Query(current_.handle, name, type, buffer, size);
+    const Win32Code result = registry_.Query(current_.handle, Named(name), type, buffer, size);
     const bool missing = result == code::FileNotFound || result == code::InvalidData;
     if (result != code::Success && !missing) {
         ReportValue(context, result, L"Reading string value '%s' from register", name);
@@ -194,20 +198,20 @@ ReadOutcome RegistryStore::ReadString(const std::wstring& name, std::wstring& ta
     return ReadOutcome::Value;
 }
 
-bool RegistryStore::ReadStringList(const std::wstring& name, std::vector<std::wstring>& target,
+bool RegistryStore::ReadStringList(std::wstring_view name, std::vector<std::wstring>& target,
                                    const errors::ReportContext& context) {
     constexpr wchar_t operation[] = L"Reading multistring value '%s' from register";
     target.clear();
     ValueType type{};
     uint32_t size = 0;
-    Win32Code result = registry_.Query(current_.handle, name, type, {}, size);
+    Win32Code result = registry_.Query(current_.handle, Named(name), type, {}, size);
     if (result == code::FileNotFound || result == code::InvalidData) return true;
     if (result != code::Success) return ReportValue(context, result, operation, name);
 
     const size_t capacity = size_t{size} + 2;
     const std::unique_ptr<std::byte[]> block = memory_.Allocate(capacity, result);
     if (!block) return ReportValue(context, result, L"Memory allocation", name);
-    result = registry_.Query(current_.handle, name, type, {block.get(), capacity}, size);
+    result = registry_.Query(current_.handle, Named(name), type, {block.get(), capacity}, size);
     if (result == code::FileNotFound || result == code::InvalidData) return true;
     if (result != code::Success) return ReportValue(context, result, operation, name);
     if (auto entries = DecodeStringList(type, {block.get(), std::min<size_t>(size, capacity)}))
@@ -215,7 +219,7 @@ bool RegistryStore::ReadStringList(const std::wstring& name, std::vector<std::ws
     return true;
 }
 
-bool RegistryStore::ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target,
+bool RegistryStore::ReadIntegerList(std::wstring_view name, std::vector<int32_t>& target,
                                     const errors::ReportContext& context) {
     target.clear();
     std::vector<std::wstring> entries;
@@ -224,14 +228,14 @@ bool RegistryStore::ReadIntegerList(const std::wstring& name, std::vector<int32_
     return true;
 }
 
-ReadOutcome RegistryStore::ReadBinary(const std::wstring& name, Bytes& target, const errors::ReportContext& context) {
+ReadOutcome RegistryStore::ReadBinary(std::wstring_view name, Bytes& target, const errors::ReportContext& context) {
     ValueType type{};
     uint32_t size = 0;
-    Win32Code result = registry_.Query(current_.handle, name, type, {}, size);
+    Win32Code result = registry_.Query(current_.handle, Named(name), type, {}, size);
     if (result == code::FileNotFound) return ReadOutcome::Default;
     if (result == code::Success && type != ValueType::Binary) return ReadOutcome::Default;
     Bytes data(size);
-    if (result == code::Success && size > 0) result = registry_.Query(current_.handle, name, type, data, size);
+    if (result == code::Success && size > 0) result = registry_.Query(current_.handle, Named(name), type, data, size);
     if (result != code::Success) {
         ReportValue(context, result, L"Reading binary value '%s' from register", name);
         return ReadOutcome::Failure;
@@ -241,18 +245,18 @@ ReadOutcome RegistryStore::ReadBinary(const std::wstring& name, Bytes& target, c
     return ReadOutcome::Value;
 }
 
-bool RegistryStore::WriteInteger(const std::wstring& name, int32_t value, const errors::ReportContext& context) {
+bool RegistryStore::WriteInteger(std::wstring_view name, int32_t value, const errors::ReportContext& context) {
     std::array<std::byte, 4> data;
     for (size_t i = 0; i < data.size(); ++i) data[i] = static_cast<std::byte>(static_cast<uint32_t>(value) >> (8 * i));
     return WriteValue(name, ValueType::Integer, data, context);
 }
 
-bool RegistryStore::WriteString(const std::wstring& name, const std::wstring& text,
-                                const errors::ReportContext& context) {
-    return WriteValue(name, ValueType::String, EncodeString(text), context);
+bool RegistryStore::WriteString(std::wstring_view name, std::wstring_view text, const errors::ReportContext& context) {
+    EncodeString(text, encoded_);
+    return WriteValue(name, ValueType::String, encoded_, context);
 }
 
-bool RegistryStore::WriteTextList(const std::wstring& name, const std::vector<std::wstring>& texts,
+bool RegistryStore::WriteTextList(std::wstring_view name, const std::vector<std::wstring>& texts,
                                   const errors::ReportContext& context) {
     std::vector<std::wstring> entries(texts);
     for (std::wstring& entry : entries)
@@ -260,7 +264,7 @@ bool RegistryStore::WriteTextList(const std::wstring& name, const std::vector<st
     return WritePlainList(name, entries, context);
 }
 
-bool RegistryStore::WriteIntegerList(const std::wstring& name, const std::vector<int32_t>& numbers,
+bool RegistryStore::WriteIntegerList(std::wstring_view name, const std::vector<int32_t>& numbers,
                                      const errors::ReportContext& context) {
     std::vector<std::wstring> entries;
     entries.reserve(numbers.size());
@@ -268,7 +272,7 @@ bool RegistryStore::WriteIntegerList(const std::wstring& name, const std::vector
     return WritePlainList(name, entries, context);
 }
 
-bool RegistryStore::WritePlainList(const std::wstring& name, const std::vector<std::wstring>& entries,
+bool RegistryStore::WritePlainList(std::wstring_view name, const std::vector<std::wstring>& entries,
                                    const errors::ReportContext& context) {
     const size_t size = EncodedListSize(entries);
     Win32Code result = code::Success;
@@ -279,9 +283,9 @@ bool RegistryStore::WritePlainList(const std::wstring& name, const std::vector<s
     return WriteValue(name, ValueType::StringList, data, context);
 }
 
-bool RegistryStore::WriteValue(const std::wstring& name, ValueType type, std::span<const std::byte> data,
+bool RegistryStore::WriteValue(std::wstring_view name, ValueType type, std::span<const std::byte> data,
                                const errors::ReportContext& context) {
-    const Win32Code result = registry_.Set(current_.handle, name, type, data);
+    const Win32Code result = registry_.Set(current_.handle, Named(name), type, data);
     return result == code::Success || ReportValue(context, result, WritingOf(type), name);
 }
 

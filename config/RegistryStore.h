@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "config/RegistryLayout.h"
@@ -58,31 +59,31 @@ class RegistryStore {
     [[nodiscard]] bool DeleteKeyTreeIfThere(platform::RootKey root, const std::wstring& parent,
                                             const std::wstring& name, const errors::ReportContext& context);
 
-    ReadOutcome ReadInteger(const std::wstring& name, int32_t& target, const errors::ReportContext& context,
+    ReadOutcome ReadInteger(std::wstring_view name, int32_t& target, const errors::ReportContext& context,
                             int32_t defaultValue);
-    ReadOutcome ReadString(const std::wstring& name, std::wstring& target, const errors::ReportContext& context,
+    ReadOutcome ReadString(std::wstring_view name, std::wstring& target, const errors::ReportContext& context,
                            const std::wstring& defaultValue = {});
     // Lists have no default but the empty list; a failed read, which returns false, leaves them empty too.
-    bool ReadStringList(const std::wstring& name, std::vector<std::wstring>& target,
+    bool ReadStringList(std::wstring_view name, std::vector<std::wstring>& target,
                         const errors::ReportContext& context);
-    bool ReadIntegerList(const std::wstring& name, std::vector<int32_t>& target, const errors::ReportContext& context);
+    bool ReadIntegerList(std::wstring_view name, std::vector<int32_t>& target, const errors::ReportContext& context);
 
     // A value of the type REG_BINARY.
-    ReadOutcome ReadBinary(const std::wstring& name, Bytes& target, const errors::ReportContext& context);
+    ReadOutcome ReadBinary(std::wstring_view name, Bytes& target, const errors::ReportContext& context);
 
     // Writes return false after a report.
-    bool WriteInteger(const std::wstring& name, int32_t value, const errors::ReportContext& context);
-    bool WriteString(const std::wstring& name, const std::wstring& text, const errors::ReportContext& context);
+    bool WriteInteger(std::wstring_view name, int32_t value, const errors::ReportContext& context);
+    bool WriteString(std::wstring_view name, std::wstring_view text, const errors::ReportContext& context);
     // An empty entry is written as "0", so that the list keeps its length.
-    bool WriteTextList(const std::wstring& name, const std::vector<std::wstring>& texts,
+    bool WriteTextList(std::wstring_view name, const std::vector<std::wstring>& texts,
                        const errors::ReportContext& context);
-    bool WriteIntegerList(const std::wstring& name, const std::vector<int32_t>& numbers,
+    bool WriteIntegerList(std::wstring_view name, const std::vector<int32_t>& numbers,
                           const errors::ReportContext& context);
     // Entries as they are.
-    bool WritePlainList(const std::wstring& name, const std::vector<std::wstring>& entries,
+    bool WritePlainList(std::wstring_view name, const std::vector<std::wstring>& entries,
                         const errors::ReportContext& context);
     // The value's bytes as they lie in the registry.
-    bool WriteValue(const std::wstring& name, platform::ValueType type, std::span<const std::byte> data,
+    bool WriteValue(std::wstring_view name, platform::ValueType type, std::span<const std::byte> data,
                     const errors::ReportContext& context);
 
   private:
@@ -103,12 +104,16 @@ class RegistryStore {
     bool ReportKey(const errors::ReportContext& context, platform::Win32Code code, const wchar_t* operation,
                    platform::RootKey root, const std::wstring& path) const;
     bool ReportValue(const errors::ReportContext& context, platform::Win32Code code, const wchar_t* operation,
-                     const std::wstring& name) const;
+                     std::wstring_view name) const;
+    const std::wstring& Named(std::wstring_view name);
 
     platform::RegistryBackend& registry_;
     platform::Memory& memory_;
     const errors::ErrorReporter& reporter_;
     Key current_;
+    // Kept for their room: there are dozens of values in each of thousands of keys.
+    std::wstring valueName_;
+    Bytes encoded_;
 };
 
 }  // namespace config

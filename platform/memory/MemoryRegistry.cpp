@@ -46,13 +46,23 @@ struct MemoryRegistry::Key {
     Key* Parent = nullptr;  // none: a root, or deleted
     bool Deleted = false;
     NamedItems<KeyPointer> Subkeys;
-    NamedItems<Value> Values;
+    std::vector<Value> Values;  // in alphabetical order
 
     KeyPointer Add(std::wstring_view name) {
         auto key = std::make_shared<Key>();
         key->Name = name;
         key->Parent = this;
         return Subkeys.Add(name, std::move(key));
+    }
+
+    // Where the value of that name stands or would stand.
+    std::vector<Value>::iterator PlaceOf(std::wstring_view name) {
+        return std::ranges::lower_bound(Values, name, Alphabetical(), &Value::Name);
+    }
+    // Null: there is none.
+    Value* FindValue(std::wstring_view name) {
+        const auto place = PlaceOf(name);
+        return place == Values.end() || Alphabetical()(name, place->Name) ? nullptr : &*place;
     }
 
     // Null when a key on the way is missing.
@@ -156,7 +166,7 @@ Win32Code MemoryRegistry::Query(KeyHandle key, const std::wstring& name, ValueTy
     KeyPointer owner;
     const Win32Code answer = Resolve(key, owner);
     if (answer != code::Success) return answer;
-    const Value* value = owner->Values.Find(name);
+    const Value* value = owner->FindValue(name);
     if (value == nullptr) return code::FileNotFound;
     type = value->Type;
     size = static_cast<uint32_t>(value->Data.size());
@@ -171,8 +181,8 @@ Win32Code MemoryRegistry::Set(KeyHandle key, const std::wstring& name, ValueType
     KeyPointer owner;
     const Win32Code answer = Resolve(key, owner);
     if (answer != code::Success) return answer;
-    Value* value = owner->Values.Find(name);
-    if (value == nullptr) value = &owner->Values.Add(name, Value{name, type, {}});
+    Value* value = owner->FindValue(name);
+    if (value == nullptr) value = &*owner->Values.insert(owner->PlaceOf(name), Value{name, type, {}});
     value->Type = type;
     value->Data.assign(data.begin(), data.end());
     return code::Success;
@@ -182,9 +192,8 @@ Win32Code MemoryRegistry::EnumerateValue(KeyHandle key, uint32_t index, std::wst
     KeyPointer owner;
     const Win32Code answer = Resolve(key, owner);
     if (answer != code::Success) return answer;
-    const Value* value = owner->Values.At(index);
-    if (value == nullptr) return code::NoMoreItems;
-    name = value->Name;
+    if (index >= owner->Values.size()) return code::NoMoreItems;
+    name = owner->Values[index].Name;
     return code::Success;
 }
 

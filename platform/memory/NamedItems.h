@@ -2,6 +2,7 @@
 // values.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
@@ -13,6 +14,17 @@
 #include "text/Case.h"
 
 namespace platform::memory {
+
+// Names without regard to case.
+struct Alphabetical {
+    using is_transparent = void;
+    bool operator()(std::wstring_view a, std::wstring_view b) const {
+        const auto [left, right] = std::mismatch(a.begin(), a.end(), b.begin(), b.end(), [](wchar_t x, wchar_t y) {
+            return x == y || text::Upper(x) == text::Upper(y);
+        });
+        return right != b.end() && (left == a.end() || text::Upper(*left) < text::Upper(*right));
+    }
+};
 
 template <class Item>
 class NamedItems {
@@ -26,19 +38,19 @@ class NamedItems {
 
     // Null when there is no item of that name. Valid until the item is removed.
     Item* Find(std::wstring_view name) {
-        const auto found = items_.find(text::Upper(name));
+        const auto found = items_.find(name);
         return found == items_.end() ? nullptr : &found->second;
     }
 
     // The item must not exist yet.
     Item& Add(std::wstring_view name, Item item) {
         hasLast_ = false;
-        return items_.emplace(text::Upper(name), std::move(item)).first->second;
+        return items_.emplace(name, std::move(item)).first->second;
     }
 
     void Remove(std::wstring_view name) {
         hasLast_ = false;
-        items_.erase(text::Upper(name));
+        if (const auto found = items_.find(name); found != items_.end()) items_.erase(found);
     }
 
     // The index-th item in alphabetical order, null after the last one. Whoever counts upwards pays one step
@@ -56,7 +68,7 @@ class NamedItems {
     }
 
   private:
-    using Items = std::map<std::wstring, Item>;
+    using Items = std::map<std::wstring, Item, Alphabetical>;
     Items items_;
     typename Items::iterator last_;
     uint32_t lastIndex_ = 0;
