@@ -1,5 +1,5 @@
 // Loading and saving on the in-memory registry, beside the same registry calls made again with nothing around
-// them. The difference is the program's own share.
+// them; and on one that only recalls its answers, which leaves the program's own share.
 #include <benchmark/benchmark.h>
 
 #include "bench/RecordedSession.h"
@@ -36,6 +36,17 @@ void LoadRules(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
+void LoadOwnShare(benchmark::State& state) {
+    Setting setting(static_cast<size_t>(state.range(0)));
+    bench::RecordingRegistry recorder(setting.machine.StoredRegistry);
+    bench::Load(setting.Over(recorder), setting.screen);
+    for (auto _ : state) {
+        bench::RecalledRegistry registry(recorder.Session());
+        benchmark::DoNotOptimize(bench::Load(setting.Over(registry), setting.screen));
+    }
+    state.SetComplexityN(state.range(0));
+}
+
 void LoadCallsAlone(benchmark::State& state) {
     Setting setting(static_cast<size_t>(state.range(0)));
     bench::RecordingRegistry recorder(setting.machine.StoredRegistry);
@@ -48,6 +59,17 @@ void SaveRules(benchmark::State& state) {
     Setting setting(static_cast<size_t>(state.range(0)));
     const platform::Machine machine = setting.Over(setting.machine.StoredRegistry);
     for (auto _ : state) bench::Save(machine, setting.screen, setting.sample);
+    state.SetComplexityN(state.range(0));
+}
+
+void SaveOwnShare(benchmark::State& state) {
+    Setting setting(static_cast<size_t>(state.range(0)));
+    bench::RecordingRegistry recorder(setting.machine.StoredRegistry);
+    bench::Save(setting.Over(recorder), setting.screen, setting.sample);
+    for (auto _ : state) {
+        bench::RecalledRegistry registry(recorder.Session());
+        bench::Save(setting.Over(registry), setting.screen, setting.sample);
+    }
     state.SetComplexityN(state.range(0));
 }
 
@@ -64,8 +86,10 @@ void Sizes(benchmark::internal::Benchmark* line) {
 }
 
 BENCHMARK(LoadRules)->Apply(Sizes);
+BENCHMARK(LoadOwnShare)->Apply(Sizes);
 BENCHMARK(LoadCallsAlone)->Apply(Sizes);
 BENCHMARK(SaveRules)->Apply(Sizes);
+BENCHMARK(SaveOwnShare)->Apply(Sizes);
 BENCHMARK(SaveCallsAlone)->Apply(Sizes);
 
 }  // namespace

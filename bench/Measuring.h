@@ -16,6 +16,20 @@ double Milliseconds(Work work) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
+// How long one comparison is repeated: twice at least, until it has settled, or until that much time is over.
+class Budget {
+  public:
+    bool AllowsAnother(bool settled) {
+        constexpr int fewest = 2;
+        constexpr auto longest = std::chrono::seconds(40);
+        return rounds_++ < fewest || (!settled && std::chrono::steady_clock::now() - begun_ < longest);
+    }
+
+  private:
+    const std::chrono::steady_clock::time_point begun_ = std::chrono::steady_clock::now();
+    int rounds_ = 0;
+};
+
 class Pairs {
   public:
     void Add(double ours, double reference) {
@@ -23,6 +37,16 @@ class Pairs {
         references_.push_back(reference);
         ratios_.push_back(ours / reference);
     }
+
+    // The ratios agree so well that another pair would change little.
+    bool IsSettled() const {
+        constexpr size_t fewest = 3;
+        constexpr double spread = 0.03;
+        const auto [least, most] = std::minmax_element(ratios_.begin(), ratios_.end());
+        return ratios_.size() >= fewest && *most - *least <= spread * Median(ratios_);
+    }
+
+    double MedianReference() const { return Median(references_); }
 
     // A line for bench/table: what, size, unit, ours, the reference, and the median of the pairs' ratios.
     void Print(const char* what, const char* size, const char* unit) const {

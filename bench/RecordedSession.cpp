@@ -40,20 +40,23 @@ size_t RecordingRegistry::NewSlot(Win32Code code, KeyHandle key) {
 
 Win32Code RecordingRegistry::Open(RootKey root, const std::wstring& path, KeyHandle& key) {
     const Win32Code code = real_.Open(root, path, key);
-    session_.calls.push_back({.kind = CallKind::Open, .root = root, .result = NewSlot(code, key), .text = path});
+    session_.calls.push_back(
+        {.kind = CallKind::Open, .root = root, .result = NewSlot(code, key), .text = path, .answer = code});
     return code;
 }
 
 Win32Code RecordingRegistry::OpenSubkey(KeyHandle parent, const std::wstring& name, KeyHandle& key) {
     const size_t slot = SlotOf(parent);
     const Win32Code code = real_.OpenSubkey(parent, name, key);
-    session_.calls.push_back({.kind = CallKind::OpenSubkey, .key = slot, .result = NewSlot(code, key), .text = name});
+    session_.calls.push_back(
+        {.kind = CallKind::OpenSubkey, .key = slot, .result = NewSlot(code, key), .text = name, .answer = code});
     return code;
 }
 
 Win32Code RecordingRegistry::Create(RootKey root, const std::wstring& path, KeyHandle& key) {
     const Win32Code code = real_.Create(root, path, key);
-    session_.calls.push_back({.kind = CallKind::Create, .root = root, .result = NewSlot(code, key), .text = path});
+    session_.calls.push_back(
+        {.kind = CallKind::Create, .root = root, .result = NewSlot(code, key), .text = path, .answer = code});
     return code;
 }
 
@@ -70,7 +73,10 @@ Win32Code RecordingRegistry::Flush(KeyHandle key) {
 
 Win32Code RecordingRegistry::EnumerateSubkey(KeyHandle key, uint32_t index, uint32_t capacity, std::wstring& name) {
     session_.calls.push_back({.kind = CallKind::Enumerate, .key = SlotOf(key), .number = index, .capacity = capacity});
-    return real_.EnumerateSubkey(key, index, capacity, name);
+    Call& call = session_.calls.back();
+    call.answer = real_.EnumerateSubkey(key, index, capacity, name);
+    call.name = name;
+    return call.answer;
 }
 
 Win32Code RecordingRegistry::EnumerateValue(KeyHandle, uint32_t, std::wstring&) {
@@ -79,14 +85,20 @@ Win32Code RecordingRegistry::EnumerateValue(KeyHandle, uint32_t, std::wstring&) 
 
 Win32Code RecordingRegistry::DeleteSubkey(KeyHandle parent, const std::wstring& name) {
     session_.calls.push_back({.kind = CallKind::Delete, .key = SlotOf(parent), .text = name});
-    return real_.DeleteSubkey(parent, name);
+    return session_.calls.back().answer = real_.DeleteSubkey(parent, name);
 }
 
 Win32Code RecordingRegistry::Query(KeyHandle key, const std::wstring& name, ValueType& type,
                                    std::span<std::byte> buffer, uint32_t& size) {
     session_.calls.push_back(
         {.kind = CallKind::Query, .key = SlotOf(key), .text = name, .number = static_cast<uint32_t>(buffer.size())});
-    return real_.Query(key, name, type, buffer, size);
+    Call& call = session_.calls.back();
+    call.answer = real_.Query(key, name, type, buffer, size);
+    call.type = type;
+    call.size = size;
+    call.data.assign(buffer.begin(),
+                     buffer.begin() + static_cast<std::ptrdiff_t>(std::min<size_t>(size, buffer.size())));
+    return call.answer;
 }
 
 Win32Code RecordingRegistry::Set(KeyHandle key, const std::wstring& name, ValueType type,
@@ -94,6 +106,31 @@ Win32Code RecordingRegistry::Set(KeyHandle key, const std::wstring& name, ValueT
     session_.calls.push_back(
         {.kind = CallKind::Set, .key = SlotOf(key), .text = name, .type = type, .data = {data.begin(), data.end()}});
     return real_.Set(key, name, type, data);
+}
+
+Win32Code RecalledRegistry::Opened(KeyHandle& key) {
+    const Call& call = Next();
+    key = KeyHandle{call.result + 1};
+    return call.answer;
+}
+
+Win32Code RecalledRegistry::EnumerateSubkey(KeyHandle, uint32_t, uint32_t, std::wstring& name) {
+    const Call& call = Next();
+    name = call.name;
+    return call.answer;
+}
+
+Win32Code RecalledRegistry::EnumerateValue(KeyHandle, uint32_t, std::wstring&) {
+    throw std::logic_error("loading and saving do not enumerate values");
+}
+
+Win32Code RecalledRegistry::Query(KeyHandle, const std::wstring&, ValueType& type, std::span<std::byte> buffer,
+                                  uint32_t& size) {
+    const Call& call = Next();
+    type = call.type;
+    size = call.size;
+    std::ranges::copy(call.data, buffer.begin());
+    return call.answer;
 }
 
 namespace {

@@ -22,6 +22,10 @@ struct Call {
     uint32_t capacity = 0;  // of an enumeration's name buffer
     platform::ValueType type{};
     std::vector<std::byte> data{};
+    // What was answered, and the name or the bytes that came with it.
+    platform::Win32Code answer{};
+    uint32_t size = 0;
+    std::wstring name{};
 };
 
 struct RecordedSession {
@@ -64,6 +68,41 @@ class RecordingRegistry final : public platform::RegistryBackend {
     platform::RegistryBackend& real_;
     RecordedSession session_;
     std::vector<OpenKey> open_;
+};
+
+// Answers the same calls in the same order once more, at next to no cost: what whoever makes them takes besides is his
+// own share.
+class RecalledRegistry final : public platform::RegistryBackend {
+  public:
+    explicit RecalledRegistry(const RecordedSession& session) : session_(session) {}
+
+    platform::Win32Code Open(platform::RootKey, const std::wstring&, platform::KeyHandle& key) override {
+        return Opened(key);
+    }
+    platform::Win32Code OpenSubkey(platform::KeyHandle, const std::wstring&, platform::KeyHandle& key) override {
+        return Opened(key);
+    }
+    platform::Win32Code Create(platform::RootKey, const std::wstring&, platform::KeyHandle& key) override {
+        return Opened(key);
+    }
+    platform::Win32Code Close(platform::KeyHandle) override { return Next().answer; }
+    platform::Win32Code Flush(platform::KeyHandle) override { return Next().answer; }
+    platform::Win32Code EnumerateSubkey(platform::KeyHandle, uint32_t, uint32_t, std::wstring& name) override;
+    platform::Win32Code EnumerateValue(platform::KeyHandle, uint32_t, std::wstring& name) override;
+    platform::Win32Code DeleteSubkey(platform::KeyHandle, const std::wstring&) override { return Next().answer; }
+    platform::Win32Code Query(platform::KeyHandle, const std::wstring&, platform::ValueType& type,
+                              std::span<std::byte> buffer, uint32_t& size) override;
+    platform::Win32Code Set(platform::KeyHandle, const std::wstring&, platform::ValueType,
+                            std::span<const std::byte>) override {
+        return Next().answer;
+    }
+
+  private:
+    const Call& Next() { return session_.calls.at(next_++); }
+    platform::Win32Code Opened(platform::KeyHandle& key);
+
+    const RecordedSession& session_;
+    size_t next_ = 0;
 };
 
 // Makes the calls again on another registry.

@@ -3,6 +3,8 @@
 // for the table.
 #include <windows.h>
 
+#include <algorithm>
+#include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 #include <string>
@@ -66,7 +68,42 @@ void RunProcess(std::wstring command) {
     if (result != 0) throw std::runtime_error("a process failed");
 }
 
-void CompareWithBareLoop(size_t rules, int rounds) {
+// What the program itself takes for each call, in whole lists of calls, on a machine whose calls take this long.
+void PrintOwnShare(const char* what, const std::string& size, double ownMilliseconds, size_t calls) {
+    constexpr double fastCall = 0.006;  // milliseconds
+    const double bare = fastCall * static_cast<double>(calls);
+    bench::Pairs beside;
+    beside.Add(bare + ownMilliseconds, bare);
+    beside.Print(what, size.c_str(), "ms");
+}
+
+template <class Work>
+double Least(Work work) {
+    double least = bench::Milliseconds(work);
+    for (int again = 0; again < 4; ++again) least = std::min(least, bench::Milliseconds(work));
+    return least;
+}
+
+void MeasureOwnShare(Trees& trees, const std::string& size, const config::Configuration& sample,
+                     const bench::RecordedSession& loading, const bench::RecordedSession& saving) {
+    const double load = Least([&] {
+        bench::RecalledRegistry registry(loading);
+        bench::Load(Over(registry, trees.machine), trees.screen);
+    });
+    PrintOwnShare("load, were a call to take 6 us", size, load, loading.calls.size());
+    const double save = Least([&] {
+        bench::RecalledRegistry registry(saving);
+        bench::Save(Over(registry, trees.machine), trees.screen, sample);
+    });
+    PrintOwnShare("save, were a call to take 6 us", size, save, saving.calls.size());
+}
+
+void PrintOneCall(const char* what, const std::string& size, const bench::Pairs& pairs, size_t calls) {
+    const double microseconds = 1000 * pairs.MedianReference() / static_cast<double>(calls);
+    std::printf("%s\t%s\tus\t%.4g\t\t\n", what, size.c_str(), microseconds);
+}
+
+void CompareWithBareLoop(size_t rules) {
     Trees trees;
     const config::Configuration sample = bench::SampleConfiguration(rules);
     bench::Save(trees.machine.Machine, trees.screen, sample);
@@ -79,7 +116,7 @@ void CompareWithBareLoop(size_t rules, int rounds) {
     bench::Pairs saves;
     bench::Pairs records;
     const bench::RecordedSession ofRecord = bench::CallsForTheRecord(saving.Session());
-    for (int round = 0; round < rounds; ++round) {
+    for (bench::Budget budget; budget.AllowsAnother(loads.IsSettled() && saves.IsSettled());) {
         const double load = bench::Milliseconds([&] { bench::Load(trees.machine.Machine, trees.screen); });
         loads.Add(load, bench::Milliseconds([&] { bench::ReplayDirectly(loading.Session()); }));
         const double save = bench::Milliseconds([&] { bench::Save(trees.machine.Machine, trees.screen, sample); });
@@ -91,16 +128,19 @@ void CompareWithBareLoop(size_t rules, int rounds) {
     loads.Print("load, beside the same calls bare", size.c_str(), "ms");
     saves.Print("save, beside the same calls bare", size.c_str(), "ms");
     records.Print("record of a save, beside the save", size.c_str(), "ms");
+    PrintOneCall("one bare call of loading", size, loads, loading.Session().calls.size());
+    PrintOneCall("one bare call of saving", size, saves, saving.Session().calls.size());
+    MeasureOwnShare(trees, size, sample, loading.Session(), saving.Session());
 }
 
 // Both save into a tree that is not there yet: the system's tool only adds.
-void CompareWithRegistryTool(const std::wstring& self, size_t rules, int rounds) {
+void CompareWithRegistryTool(const std::wstring& self, size_t rules) {
     Trees trees;
     bench::Save(trees.machine.Machine, trees.screen, bench::SampleConfiguration(rules));
     const std::wstring number = std::to_wstring(rules);
     bench::Pairs loads;
     bench::Pairs saves;
-    for (int round = 0; round < rounds; ++round) {
+    for (bench::Budget budget; budget.AllowsAnother(loads.IsSettled() && saves.IsSettled());) {
         const double load = bench::Milliseconds([&] { RunProcess(self + L" load"); });
         loads.Add(load, bench::Milliseconds([&] {
                       RunProcess(std::wstring(L"reg export ") + serviceTree + L" " + treeFile + L" /y");
@@ -123,9 +163,8 @@ int wmain(int count, wchar_t** arguments) {
     const std::wstring task = count > 1 ? arguments[1] : L"";
     if (task.empty()) {
         for (const size_t rules : {50U, 500U, 5000U}) {
-            const int rounds = rules > 1000 ? 5 : 11;
-            CompareWithBareLoop(rules, rounds);
-            CompareWithRegistryTool(L"\"" + std::wstring(arguments[0]) + L"\"", rules, rounds);
+            CompareWithBareLoop(rules);
+            CompareWithRegistryTool(L"\"" + std::wstring(arguments[0]) + L"\"", rules);
         }
         return 0;
     }
