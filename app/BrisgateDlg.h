@@ -66,7 +66,8 @@ class CBrisgateDlg : public ui::Dialog {
         config::ServiceProfile record;
         std::vector<std::wstring> removedCsProfiles;
     };
-    std::optional<EditedProfile> RunProfileEditor(const config::ServiceProfile& profile);
+    // The record that comes back has no rules. The profile is as it was before.
+    std::optional<EditedProfile> RunProfileEditor(config::ServiceProfile& profile);
     // A row to see beyond the last one means the last one.
     void ShowChangedProfiles(std::optional<size_t> selectedRow, size_t rowToSee);
     void AddProfile();

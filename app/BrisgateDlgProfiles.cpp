@@ -10,11 +10,32 @@
 
 namespace app {
 
-std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(const config::ServiceProfile& profile) {
+namespace {
+
+// All that the editor changes. There can be very many rules.
+config::ServiceProfile WithoutRules(config::ServiceProfile& profile) {
+    class Aside {
+      public:
+        explicit Aside(std::vector<config::Rule>& rules) : rules_(rules) { kept_.swap(rules_); }
+        ~Aside() { kept_.swap(rules_); }
+        Aside(const Aside&) = delete;
+        Aside& operator=(const Aside&) = delete;
+
+      private:
+        std::vector<config::Rule>& rules_;
+        std::vector<config::Rule> kept_;
+    };
+    const Aside rules(profile.Rules);
+    return profile;
+}
+
+}  // namespace
+
+std::optional<CBrisgateDlg::EditedProfile> CBrisgateDlg::RunProfileEditor(config::ServiceProfile& profile) {
     std::vector<std::wstring> names;
     names.reserve(configuration_.Profiles.size());
     for (const config::ServiceProfile& known : configuration_.Profiles) names.push_back(known.Name);
-    editors::CAddProfile editor(services_, this, profile, std::move(names),
+    editors::CAddProfile editor(services_, this, WithoutRules(profile), profile.Rules, std::move(names),
                                 config::CsProfileNames(configuration_.CsProfiles), editorMemory_);
     if (RunForm(editor) != ui::IdOk) return std::nullopt;
     return EditedProfile{editor.Result(), editor.RemovedCsProfiles()};
@@ -30,7 +51,8 @@ void CBrisgateDlg::ShowChangedProfiles(std::optional<size_t> selectedRow, size_t
 
 void CBrisgateDlg::AddProfile() {
     if (configuration_.CsProfiles.empty()) return errors::Warn(Screen(), this, L"No CS profiles found.");
-    auto added = RunProfileEditor({});
+    config::ServiceProfile blank;
+    auto added = RunProfileEditor(blank);
     if (!added) return;
     configuration_.Profiles.push_back(std::move(added->record));
     ShowChangedProfiles(profiles_.FirstSelected(), configuration_.Profiles.size() - 1);
@@ -41,17 +63,21 @@ void CBrisgateDlg::EditProfile() {
         changed_ = true;  // kept: the command counts as a change even without a profile
         return;
     }
-    // The editor works on a copy, which has to hold what the check boxes say once the list is left for it.
     if (rules_.HasFocus()) ApplyCheckBoxes();
     if (OpenedProfile() == nullptr) return;
     auto edited = RunProfileEditor(*OpenedProfile());
     if (!edited) return;
     config::ServiceProfile& profile = *OpenedProfile();
     // Whatever needs memory comes before the change or after it.
-    MoveRulesToFirstCsProfile(edited->record, edited->removedCsProfiles);
+    const bool rulesChange = !edited->removedCsProfiles.empty();
+    if (rulesChange) {
+        edited->record.Rules = profile.Rules;
+        MoveRulesToFirstCsProfile(edited->record, edited->removedCsProfiles);
+    }
     std::wstring name = edited->record.Name;
     std::vector<std::wstring> names = profileNames_;
     std::replace(names.begin(), names.end(), openedProfile_, name);
+    if (!rulesChange) edited->record.Rules.swap(profile.Rules);
     profile = std::move(edited->record);
     openedProfile_ = std::move(name);
     profileNames_ = std::move(names);

@@ -32,8 +32,8 @@ void CBrisgateDlg::ShowRule(size_t row) {
 
 std::optional<config::Rule> CBrisgateDlg::RunRuleEditor(const config::ServiceProfile& profile,
                                                         const config::Rule& rule) {
-    editors::CAddRule editor(services_, this, profile, SuggestedMasks(configuration_.Settings, profile.Rules), rule,
-                             editorMemory_);
+    const auto masks = [this, &profile] { return SuggestedMasks(configuration_.Settings, profile.Rules); };
+    editors::CAddRule editor(services_, this, profile, masks, rule, editorMemory_);
     if (RunForm(editor) != ui::IdOk) return std::nullopt;
     return editor.Result();
 }

@@ -20,10 +20,11 @@ void CAddCSProfDlg::OnOK() {
 }
 
 CAddProfile::CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
-                         std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames,
-                         EditorMemory& memory)
+                         const std::vector<config::Rule>& rules, std::vector<std::wstring> profileNames,
+                         std::vector<std::wstring> csProfileNames, EditorMemory& memory)
     : Dialog(services.Screen, owner, {.size = {394, 270}, .guidePage = L"profiles"}),
       profile_(std::move(profile)),
+      rules_(rules),
       profileNames_(std::move(profileNames)),
       csProfileNames_(std::move(csProfileNames)),
       memory_(memory) {
@@ -102,7 +103,7 @@ void CAddProfile::DeleteCsProfile() {
 
 std::wstring CAddProfile::DeleteQuestion(const std::wstring& name) const {
     std::wstring question = text::Format(L"Delete CS profile '%s' from list?", name);
-    const std::wstring rules = RulesWithCertificatesOf(profile_.Rules, name);
+    const std::wstring rules = RulesWithCertificatesOf(rules_, name);
     if (rules.empty()) return question;
     return text::Format(
                L"Rule(s) '%s' of profile '%s' are using sertificates of CS profile '%s'.\r\n"

@@ -37,10 +37,12 @@ class CAddCSProfDlg : public ui::Dialog {
 
 class CAddProfile : public ui::Dialog {
   public:
-    // profile: one without a name is a new one. profileNames: of all profiles. csProfileNames: the CS
-    // profiles that can be attached. memory must outlive the dialog.
+    // profile: one without a name is a new one. rules: those of the profile, whose own may be left out.
+    // profileNames: of all profiles. csProfileNames: the CS profiles that can be attached. rules and memory must
+    // outlive the dialog.
     CAddProfile(const config::Services& services, ui::Dialog* owner, config::ServiceProfile profile,
-                std::vector<std::wstring> profileNames, std::vector<std::wstring> csProfileNames, EditorMemory& memory);
+                const std::vector<config::Rule>& rules, std::vector<std::wstring> profileNames,
+                std::vector<std::wstring> csProfileNames, EditorMemory& memory);
 
     // As accepted by OK; not to be used before.
     const config::ServiceProfile& Result() const { return profile_; }
@@ -68,6 +70,7 @@ class CAddProfile : public ui::Dialog {
     ui::Control& ControlOf(ProfileField field);
 
     config::ServiceProfile profile_;
+    const std::vector<config::Rule>& rules_;
     config::CsProfileSettings shown_;  // of the CS profile that is selected
     const std::vector<std::wstring> profileNames_;
     const std::vector<std::wstring> csProfileNames_;

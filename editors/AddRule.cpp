@@ -29,7 +29,7 @@ void Use(ui::Control* control, bool used) {
 }  // namespace
 
 CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const config::ServiceProfile& profile,
-                   std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory)
+                   MaskSuggestions suggestedMasks, const config::Rule& rule, EditorMemory& memory)
     : Dialog(services.Screen, owner, {.size = {394, 224}, .guidePage = L"rules"}),
       services_(services),
       profile_(profile),

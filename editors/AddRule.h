@@ -27,7 +27,7 @@ class CAddRule : public ui::Dialog {
     // profile: the owner of the rule. rule: a rule without an operation is a new one. profile and memory must
     // outlive the dialog.
     CAddRule(const config::Services& services, ui::Dialog* owner, const config::ServiceProfile& profile,
-             std::vector<std::wstring> suggestedMasks, const config::Rule& rule, EditorMemory& memory);
+             MaskSuggestions suggestedMasks, const config::Rule& rule, EditorMemory& memory);
 
     // As accepted by OK, and empty before.
     const config::Rule& Result() const { return result_; }

@@ -25,7 +25,7 @@ void AddMask::OnOK() {
 }
 
 MaskList::MaskList(ui::ListView& view, ui::Dialog& owner, ui::Screen& screen, std::vector<std::wstring>& masks,
-                   std::vector<std::wstring> suggestions)
+                   MaskSuggestions suggestions)
     : view_(view),
       owner_(owner),
       screen_(screen),
@@ -54,7 +54,7 @@ void MaskList::Refill() {
 }
 
 void MaskList::Add() {
-    AddMask dialog(screen_, &owner_, suggestions_);
+    AddMask dialog(screen_, &owner_, suggestions_());
     if (dialog.DoModal() != ui::IdOk) return;
     masks_.push_back(dialog.Mask());
     Refill();
@@ -63,7 +63,7 @@ void MaskList::Add() {
 void MaskList::Edit() {
     const auto row = view_.FirstSelected();
     if (!row) return;
-    AddMask dialog(screen_, &owner_, suggestions_, masks_.at(*row));
+    AddMask dialog(screen_, &owner_, suggestions_(), masks_.at(*row));
     if (dialog.DoModal() != ui::IdOk) return;
     masks_.at(*row) = dialog.Mask();
     Refill();

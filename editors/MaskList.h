@@ -2,6 +2,7 @@
 // that asks for one.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -32,11 +33,14 @@ class AddMask : public ui::Dialog {
     ui::Button exit_{*this, ui::IdCancel, {143, 29, 50, 14}, L"Exit"};
 };
 
+// The masks to offer, collected when somebody is about to choose one.
+using MaskSuggestions = std::function<std::vector<std::wstring>()>;
+
 class MaskList {
   public:
     // masks: the list that is shown and changed in place.
     MaskList(ui::ListView& view, ui::Dialog& owner, ui::Screen& screen, std::vector<std::wstring>& masks,
-             std::vector<std::wstring> suggestions);
+             MaskSuggestions suggestions);
 
     void CreateColumn();
     void Refill();
@@ -52,7 +56,7 @@ class MaskList {
     ui::Dialog& owner_;
     ui::Screen& screen_;
     std::vector<std::wstring>& masks_;
-    const std::vector<std::wstring> suggestions_;
+    const MaskSuggestions suggestions_;
 };
 
 }  // namespace editors

@@ -128,7 +128,8 @@ void ListView::EnsureVisible(size_t row) {
 }
 
 void ListView::UserSelected(size_t first, size_t last, bool selected) {
-    for (size_t row = first; row <= last && row < rowCount_; ++row) selection_[row] = selected;
+    const auto at = [this](size_t row) { return selection_.begin() + static_cast<std::ptrdiff_t>(row); };
+    if (first < rowCount_ && first <= last) std::fill(at(first), at(std::min(last, rowCount_ - 1) + 1), selected);
     if (selected && first == last && first < rowCount_ && onSelect_) onSelect_(first);
 }
 

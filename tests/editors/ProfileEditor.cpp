@@ -37,7 +37,7 @@ config::ServiceProfile ProfileEditorTest::With(const Texts& csProfiles) {
 
 std::optional<config::ServiceProfile> ProfileEditorTest::Edit(const config::ServiceProfile& profile,
                                                               const std::function<void(ui::Dialog&)>& script) {
-    editors::CAddProfile dialog(services_, nullptr, profile, profileNames_, csProfileNames_, memory_);
+    editors::CAddProfile dialog(services_, nullptr, profile, profile.Rules, profileNames_, csProfileNames_, memory_);
     user_.Expect<editors::CAddProfile>(script);
     const int result = dialog.DoModal();
     removed_ = dialog.RemovedCsProfiles();

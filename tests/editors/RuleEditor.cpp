@@ -29,7 +29,8 @@ RuleEditorTest::RuleEditorTest() {
 
 std::optional<config::Rule> RuleEditorTest::Edit(const config::Rule& rule,
                                                  const std::function<void(ui::Dialog&)>& script) {
-    editors::CAddRule dialog(editorServices_, nullptr, profile_, suggestions_, rule, memory_);
+    editors::CAddRule dialog(
+        editorServices_, nullptr, profile_, [this] { return suggestions_; }, rule, memory_);
     user_.Expect<editors::CAddRule>(script);
     if (dialog.DoModal() == ui::IdOk) return dialog.Result();
     EXPECT_EQ(dialog.Result(), config::Rule());
