@@ -4,12 +4,15 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
+#include <map>
 #include <string>
 #include <utility>
 
 #include "app/BrisgateDlg.h"
+#include "bench/Counted.h"
 #include "bench/Sample.h"
 #include "config/ExchangeFormat.h"
+#include "editors/AddProfile.h"
 #include "editors/AddRule.h"
 #include "editors/MaskList.h"
 #include "platform/memory/MemoryMachine.h"
@@ -21,11 +24,13 @@
 namespace {
 
 constexpr int AddRule = 1023, EditRule = 1024, CopyRule = 1037, DeleteRules = 1025, MakeFirst = 1026, MoveUp = 1027,
-              MoveDown = 1028, MakeLast = 1029, ExportRules = 1034, ImportRules = 1035, OpenProfile = 1053;
+              MoveDown = 1028, MakeLast = 1029, ExportRules = 1034, ImportRules = 1035, OpenProfile = 1053,
+              AddProfile = 1031, EditProfile = 1032, DeleteProfile = 1033;
 constexpr int RuleRows = 1030, ProfileRows = 1001, Search = 1079;
 constexpr const wchar_t* rulesFile = L"C:\\rules.prx";
 
 constexpr int PathIn = 1045, PathOut = 1046, PathError = 1047, Operations = 1042, AddMask = 1124, MaskField = 1095;
+constexpr int ProfileName = 1037;
 constexpr int HashFile = 2;       // in the list of operations
 constexpr size_t editedRule = 2;  // also hashes files
 constexpr const wchar_t* someFolder = L"D:\\Exchange";
@@ -46,12 +51,21 @@ void AcceptRule(ui::Dialog& editor) {
     Press(editor, ui::IdOk);
 }
 
-// Works in the main window, accepts rules and masks, agrees to every question, and picks the one file.
+// Accepts the profile as it is; a new one is named first.
+void AcceptProfile(ui::Dialog& editor) {
+    if (editor.Find(ProfileName).Text().empty())
+        dynamic_cast<ui::Edit&>(editor.Find(ProfileName)).UserTyped(L"New profile");
+    Press(editor, ui::IdOk);
+}
+
+// Works in the main window, accepts profiles, rules and masks, agrees to every question, and picks the one file.
 class Administrator final : public ui::memory::User {
   public:
     explicit Administrator(std::function<void(ui::Dialog&)> work) : work_(std::move(work)) {}
     void DialogOpened(ui::Dialog& dialog) override {
-        if (dynamic_cast<editors::CAddRule*>(&dialog) != nullptr) return AcceptRule(dialog);
+        if (dynamic_cast<editors::CAddRule*>(&dialog) != nullptr)
+            return acceptsRules ? AcceptRule(dialog) : Press(dialog, ui::IdCancel);
+        if (dynamic_cast<editors::CAddProfile*>(&dialog) != nullptr) return AcceptProfile(dialog);
         if (dynamic_cast<editors::AddMask*>(&dialog) != nullptr) {
             dynamic_cast<ui::EditableCombo&>(dialog.Find(MaskField)).UserTyped(L"*.txt");
             return Press(dialog, ui::IdOk);
@@ -63,45 +77,73 @@ class Administrator final : public ui::memory::User {
     std::optional<std::wstring> FolderPickerOpened() override { return std::nullopt; }
     std::optional<std::wstring> FilePickerOpened(ui::FilePickerKind) override { return rulesFile; }
 
+    bool acceptsRules = true;
+
   private:
     std::function<void(ui::Dialog&)> work_;
 };
 
-// The main window with one profile of state.range(0) rules, opened.
-class MainWindow {
+// A machine that holds so many rules in one profile, or as many profiles of one rule each. The commands change nothing
+// of it: it is made once.
+class Configured {
   public:
-    explicit MainWindow(benchmark::State& state) : state_(state) {
-        const auto rules = static_cast<size_t>(state.range(0));
-        const config::Configuration sample = bench::SampleConfiguration(rules);
-        const config::Rule& edited = sample.Profiles.front().Rules.at(editedRule);
-        for (const std::wstring& folder : {std::wstring(someFolder), edited.PathIn, edited.PathOut, edited.PathError})
-            machine_.Files.AddFolder(folder);
-        bench::CreateTrees(machine_.StoredRegistry);
-        bench::Save(machine_.Machine, screen_, sample);
-        machine_.Files.AddFile(rulesFile, config::ExchangeText(sample.Profiles.front().Rules, machine_.CodePage));
+    static Configured& With(size_t count, bool inManyProfiles) {
+        static std::map<std::pair<size_t, bool>, Configured> made;
+        return made.try_emplace({count, inManyProfiles}, count, inManyProfiles).first->second;
     }
 
+    Configured(size_t count, bool inManyProfiles) {
+        const config::Configuration sample =
+            inManyProfiles ? bench::SampleOfProfiles(count) : bench::SampleConfiguration(count);
+        const config::Rule edited = bench::SampleConfiguration(editedRule + 1).Profiles.front().Rules.back();
+        for (const std::wstring& folder : {std::wstring(someFolder), edited.PathIn, edited.PathOut, edited.PathError})
+            machine.Files.AddFolder(folder);
+        bench::CreateTrees(machine.StoredRegistry);
+        bench::Save(Machine, screen, sample);
+        machine.Files.AddFile(rulesFile, config::ExchangeText(sample.Profiles.front().Rules, machine.CodePage));
+    }
+
+    platform::memory::MemoryMachine machine;
+    // Without what notes down each call of the registry.
+    platform::Machine Machine{machine.StoredRegistry,         machine.Machine.Files,  machine.Machine.CodePage,
+                              machine.Machine.SystemMessages, machine.Machine.Clock,  machine.Machine.InstanceLock,
+                              machine.Machine.ScreenMetrics,  machine.Machine.Memory, machine.Machine.CryptoLibrary};
+    ui::memory::MemoryScreen screen{machine.ScreenMetrics};
+};
+
+// The main window with state.range(0) rules, or profiles, the first profile opened.
+class MainWindow {
+  public:
+    explicit MainWindow(benchmark::State& state, bool inManyProfiles = false)
+        : state_(state),
+          configured_(Configured::With(static_cast<size_t>(state.range(0)), inManyProfiles)) {}
+
     // command: what is measured. undo: what puts the rules back, unmeasured.
-    void Measure(const std::function<void(ui::Dialog&)>& command, const std::function<void(ui::Dialog&)>& undo = {}) {
+    void Measure(const std::function<void(ui::Dialog&)>& command, const std::function<void(ui::Dialog&)>& undo = {},
+                 bool acceptsRules = true) {
         Administrator administrator([&](ui::Dialog& dialog) {
             for (auto _ : state_) {
-                command(dialog);
+                {
+                    const bench::Counted counted;
+                    command(dialog);
+                }
                 if (!undo) continue;
                 state_.PauseTiming();
                 undo(dialog);
                 state_.ResumeTiming();
             }
         });
-        screen_.SetUser(administrator);
-        const errors::ErrorReporter reporter(machine_.Machine, screen_);
-        config::RegistryStore store(machine_.Machine, reporter);
-        app::CBrisgateDlg({machine_.Machine, screen_, reporter, store}).DoModal();
+        administrator.acceptsRules = acceptsRules;
+        configured_.screen.SetUser(administrator);
+        const platform::Machine& machine = configured_.Machine;
+        const errors::ErrorReporter reporter(machine, configured_.screen);
+        config::RegistryStore store(machine, reporter);
+        app::CBrisgateDlg({machine, configured_.screen, reporter, store}).DoModal();
     }
 
   private:
     benchmark::State& state_;
-    platform::memory::MemoryMachine machine_;
-    ui::memory::MemoryScreen screen_{machine_.ScreenMetrics};
+    Configured& configured_;
 };
 
 ui::ListView& Rows(ui::Dialog& dialog) {
@@ -153,6 +195,56 @@ void EditOne(benchmark::State& state) {
     });
 }
 
+void OpenTheEditor(benchmark::State& state) {
+    MainWindow(state).Measure(
+        [](ui::Dialog& dialog) {
+            Select(dialog, editedRule, editedRule);
+            Press(dialog, EditRule);
+        },
+        {}, false);
+}
+
+void EditOpenedProfile(benchmark::State& state) {
+    MainWindow(state).Measure([](ui::Dialog& dialog) { Press(dialog, EditProfile); });
+}
+
+ui::ListView& ProfileList(ui::Dialog& dialog) {
+    return dynamic_cast<ui::ListView&>(dialog.Find(ProfileRows));
+}
+
+void SelectProfile(ui::Dialog& dialog, size_t row) {
+    ProfileList(dialog).UserSelected(row, row, true);
+    Press(dialog, OpenProfile);
+}
+
+void OpenLastProfile(benchmark::State& state) {
+    const auto last = static_cast<size_t>(state.range(0)) - 1;
+    MainWindow(state, true)
+        .Measure([last](ui::Dialog& dialog) { SelectProfile(dialog, last); },
+                 [](ui::Dialog& dialog) { SelectProfile(dialog, 0); });
+}
+
+void DeleteLastProfile(ui::Dialog& dialog) {
+    SelectProfile(dialog, ProfileList(dialog).RowCount() - 1);
+    Press(dialog, DeleteProfile);
+}
+
+void AddAProfile(benchmark::State& state) {
+    MainWindow(state, true).Measure([](ui::Dialog& dialog) { Press(dialog, AddProfile); }, DeleteLastProfile);
+}
+
+void DeleteAProfile(benchmark::State& state) {
+    MainWindow(state, true).Measure(DeleteLastProfile, [](ui::Dialog& dialog) { Press(dialog, AddProfile); });
+}
+
+void EditLastProfile(benchmark::State& state) {
+    const auto last = static_cast<size_t>(state.range(0)) - 1;
+    MainWindow(state, true).Measure([last](ui::Dialog& dialog) {
+        SelectProfile(dialog, last);
+        Press(dialog, EditProfile);
+    });
+}
+
 void CopyTheFirst(benchmark::State& state) {
     MainWindow(state).Measure(
         [](ui::Dialog& dialog) {
@@ -199,7 +291,11 @@ void ExportFile(benchmark::State& state) {
 }
 
 void Sizes(benchmark::internal::Benchmark* line) {
-    line->RangeMultiplier(10)->Range(100, 10'000)->Unit(benchmark::kMicrosecond);
+    line->RangeMultiplier(10)->Range(1000, 100'000)->Unit(benchmark::kMicrosecond);
+}
+
+void ProfileSizes(benchmark::internal::Benchmark* line) {
+    line->RangeMultiplier(10)->Range(10, 1000)->Unit(benchmark::kMicrosecond);
 }
 
 BENCHMARK(OpenAProfile)->Apply(Sizes);
@@ -207,6 +303,12 @@ BENCHMARK(TypeInSearch)->Apply(Sizes);
 BENCHMARK(LeaveTheRules)->Apply(Sizes);
 BENCHMARK(AddOne)->Apply(Sizes)->Iterations(200);
 BENCHMARK(EditOne)->Apply(Sizes);
+BENCHMARK(OpenTheEditor)->Apply(Sizes);
+BENCHMARK(EditOpenedProfile)->Apply(Sizes);
+BENCHMARK(OpenLastProfile)->Apply(ProfileSizes)->Iterations(200);
+BENCHMARK(AddAProfile)->Apply(ProfileSizes)->Iterations(200);
+BENCHMARK(EditLastProfile)->Apply(ProfileSizes);
+BENCHMARK(DeleteAProfile)->Apply(ProfileSizes)->Iterations(200);
 BENCHMARK(CopyTheFirst)->Apply(Sizes)->Iterations(200);
 BENCHMARK(DeleteTheSecondHalf)->Apply(Sizes)->Iterations(20);
 BENCHMARK(MoveFromTheMiddle<MakeFirst>)->Apply(Sizes);

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <string>
 
+#include "bench/Counted.h"
 #include "bench/Sample.h"
 #include "config/ExchangeFormat.h"
 
@@ -41,13 +42,17 @@ struct Rules {
 
 void ExportText(benchmark::State& state) {
     const Rules rules(state);
-    for (auto _ : state) benchmark::DoNotOptimize(config::ExchangeText(rules.records, rules.codePage));
+    for (auto _ : state) {
+        const bench::Counted counted;
+        benchmark::DoNotOptimize(config::ExchangeText(rules.records, rules.codePage));
+    }
     rules.Count(state);
 }
 
 void ImportText(benchmark::State& state) {
     const Rules rules(state);
     for (auto _ : state) {
+        const bench::Counted counted;
         config::ExchangedRules exchanged = config::ParseExchangeText(rules.text, rules.codePage);
         benchmark::DoNotOptimize(exchanged.rules.data());
         state.PauseTiming();  // the program keeps the rules: letting go of them is no part of it
@@ -67,7 +72,10 @@ void WriteBytes(const std::string& bytes) {
 
 void WriteFile(benchmark::State& state) {
     const Rules rules(state);
-    for (auto _ : state) WriteBytes(rules.text);
+    for (auto _ : state) {
+        const bench::Counted counted;
+        WriteBytes(rules.text);
+    }
     std::filesystem::remove(BenchFile());
     rules.Count(state);
 }
@@ -76,6 +84,7 @@ void ReadFile(benchmark::State& state) {
     const Rules rules(state);
     WriteBytes(rules.text);
     for (auto _ : state) {
+        const bench::Counted counted;
         std::string bytes(rules.text.size(), '\0');
         std::ifstream(BenchFile(), std::ios::binary).read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         benchmark::DoNotOptimize(bytes.data());

@@ -2,6 +2,7 @@
 // them; and on one that only recalls its answers, which leaves the program's own share.
 #include <benchmark/benchmark.h>
 
+#include "bench/Counted.h"
 #include "bench/RecordedSession.h"
 #include "bench/Sample.h"
 #include "platform/memory/MemoryMachine.h"
@@ -32,7 +33,10 @@ struct Setting {
 void LoadRules(benchmark::State& state) {
     Setting setting(static_cast<size_t>(state.range(0)));
     const platform::Machine machine = setting.Over(setting.machine.StoredRegistry);
-    for (auto _ : state) benchmark::DoNotOptimize(bench::Load(machine, setting.screen));
+    for (auto _ : state) {
+        const bench::Counted counted;
+        benchmark::DoNotOptimize(bench::Load(machine, setting.screen));
+    }
     state.SetComplexityN(state.range(0));
 }
 
@@ -41,6 +45,7 @@ void LoadOwnShare(benchmark::State& state) {
     bench::RecordingRegistry recorder(setting.machine.StoredRegistry);
     bench::Load(setting.Over(recorder), setting.screen);
     for (auto _ : state) {
+        const bench::Counted counted;
         bench::RecalledRegistry registry(recorder.Session());
         benchmark::DoNotOptimize(bench::Load(setting.Over(registry), setting.screen));
     }
@@ -51,14 +56,20 @@ void LoadCallsAlone(benchmark::State& state) {
     Setting setting(static_cast<size_t>(state.range(0)));
     bench::RecordingRegistry recorder(setting.machine.StoredRegistry);
     bench::Load(setting.Over(recorder), setting.screen);
-    for (auto _ : state) bench::Replay(recorder.Session(), setting.machine.StoredRegistry);
+    for (auto _ : state) {
+        const bench::Counted counted;
+        bench::Replay(recorder.Session(), setting.machine.StoredRegistry);
+    }
     state.SetComplexityN(state.range(0));
 }
 
 void SaveRules(benchmark::State& state) {
     Setting setting(static_cast<size_t>(state.range(0)));
     const platform::Machine machine = setting.Over(setting.machine.StoredRegistry);
-    for (auto _ : state) bench::Save(machine, setting.screen, setting.sample);
+    for (auto _ : state) {
+        const bench::Counted counted;
+        bench::Save(machine, setting.screen, setting.sample);
+    }
     state.SetComplexityN(state.range(0));
 }
 
@@ -67,6 +78,7 @@ void SaveOwnShare(benchmark::State& state) {
     bench::RecordingRegistry recorder(setting.machine.StoredRegistry);
     bench::Save(setting.Over(recorder), setting.screen, setting.sample);
     for (auto _ : state) {
+        const bench::Counted counted;
         bench::RecalledRegistry registry(recorder.Session());
         bench::Save(setting.Over(registry), setting.screen, setting.sample);
     }
@@ -77,7 +89,10 @@ void SaveCallsAlone(benchmark::State& state) {
     Setting setting(static_cast<size_t>(state.range(0)));
     bench::RecordingRegistry recorder(setting.machine.StoredRegistry);
     bench::Save(setting.Over(recorder), setting.screen, setting.sample);
-    for (auto _ : state) bench::Replay(recorder.Session(), setting.machine.StoredRegistry);
+    for (auto _ : state) {
+        const bench::Counted counted;
+        bench::Replay(recorder.Session(), setting.machine.StoredRegistry);
+    }
     state.SetComplexityN(state.range(0));
 }
 

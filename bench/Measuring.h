@@ -21,7 +21,7 @@ class Budget {
   public:
     bool AllowsAnother(bool settled) {
         constexpr int fewest = 2;
-        constexpr auto longest = std::chrono::seconds(40);
+        constexpr auto longest = std::chrono::seconds(15);
         return rounds_++ < fewest || (!settled && std::chrono::steady_clock::now() - begun_ < longest);
     }
 

@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "bench/Counted.h"
 #include "certs/NameFields.h"
 #include "certs/NameRows.h"
 #include "certs/OwnerSearch.h"
@@ -58,6 +59,7 @@ void Fill(certs::Candidates& candidates, const Names& names) {
 void AddCandidates(benchmark::State& state) {
     const Names& names = Repeated(state);
     for (auto _ : state) {
+        const bench::Counted counted;
         certs::Candidates candidates;
         Fill(candidates, names);
     }
@@ -66,6 +68,7 @@ void AddCandidates(benchmark::State& state) {
 void AddToUnorderedSet(benchmark::State& state) {
     const Names& names = Repeated(state);
     for (auto _ : state) {
+        const bench::Counted counted;
         std::unordered_set<std::wstring> set;
         for (const std::wstring& name : names) set.insert(name);
         benchmark::DoNotOptimize(set);
@@ -75,13 +78,17 @@ void AddToUnorderedSet(benchmark::State& state) {
 void FilterKeystroke(benchmark::State& state, const wchar_t* text) {
     certs::Candidates candidates;
     Fill(candidates, Distinct(state));
-    for (auto _ : state) benchmark::DoNotOptimize(candidates.Listed(text));
+    for (auto _ : state) {
+        const bench::Counted counted;
+        benchmark::DoNotOptimize(candidates.Listed(text));
+    }
 }
 
 void SortByField(benchmark::State& state, const wchar_t* field) {
     certs::Candidates candidates;
     Fill(candidates, Distinct(state));
     for (auto _ : state) {
+        const bench::Counted counted;
         certs::NameRows rows(candidates.Names());
         rows.Show(candidates.Listed({}));
         rows.Show(rows.InOrder(rows.SortedOrder(field, false)));
@@ -95,6 +102,7 @@ void SortReadyKeys(benchmark::State& state, const wchar_t* field) {
     std::vector<std::wstring_view> keys;
     for (size_t i = 0; i < candidates.Names().Size(); ++i) keys.push_back(certs::SortKey(candidates.Names()[i], field));
     for (auto _ : state) {
+        const bench::Counted counted;
         std::vector<std::wstring_view> sorted = keys;
         std::sort(sorted.begin(), sorted.end());
         benchmark::DoNotOptimize(sorted);
@@ -105,6 +113,7 @@ void Narrow(benchmark::State& state) {
     const Names& names = Distinct(state);
     const certs::OwnerSearch search(organization, L"*ffice 7*");
     for (auto _ : state) {
+        const bench::Counted counted;
         size_t meant = 0;
         for (const std::wstring& name : names) meant += search.IsMeant(name) ? 1U : 0U;
         benchmark::DoNotOptimize(meant);
@@ -118,6 +127,7 @@ void ChooseAll(benchmark::State& state) {
     rows.Show(candidates.Listed({}));
     const std::vector<bool> checks(rows.Count(), true);
     for (auto _ : state) {
+        const bench::Counted counted;
         certs::ChosenNames chosen({});
         for (const certs::NameId id : rows.Checked(checks)) chosen.Add(candidates.Names()[id]);
         benchmark::DoNotOptimize(chosen.Listed());
@@ -132,6 +142,7 @@ void ExcludeHalf(benchmark::State& state) {
         state.PauseTiming();
         certs::ChosenNames chosen(names);
         state.ResumeTiming();
+        const bench::Counted counted;
         benchmark::DoNotOptimize(chosen.ExcludeSignersOf(lists, {}));
     }
 }
@@ -146,6 +157,7 @@ void RemoveHalf(benchmark::State& state) {
         std::vector<bool> checks(rows.Count());
         for (size_t row = 0; row < checks.size(); row += 2) checks[row] = true;
         state.ResumeTiming();
+        const bench::Counted counted;
         chosen.RemoveEvery(rows.Checked(checks));
         rows.Show(rows.Checked(checks, false));
         benchmark::DoNotOptimize(rows);

@@ -2,6 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include "app/RuleCommands.h"
+#include "bench/Counted.h"
 #include "bench/Sample.h"
 
 namespace {
@@ -14,6 +15,7 @@ std::vector<config::Rule> Rules(const benchmark::State& state) {
 void ReadEveryRule(benchmark::State& state) {
     const std::vector<config::Rule> rules = Rules(state);
     for (auto _ : state) {
+        const bench::Counted counted;
         size_t units = 0;
         for (const config::Rule& rule : rules)
             for (const wchar_t unit : rule.Descryption) units += unit != L' ' ? 1U : 0U;
@@ -23,11 +25,14 @@ void ReadEveryRule(benchmark::State& state) {
 
 void OfferMasks(benchmark::State& state) {
     const std::vector<config::Rule> rules = Rules(state);
-    for (auto _ : state) benchmark::DoNotOptimize(app::SuggestedMasks({}, rules));
+    for (auto _ : state) {
+        const bench::Counted counted;
+        benchmark::DoNotOptimize(app::SuggestedMasks({}, rules));
+    }
 }
 
 void Sizes(benchmark::internal::Benchmark* line) {
-    line->RangeMultiplier(10)->Range(100, 10'000)->Unit(benchmark::kMicrosecond);
+    line->RangeMultiplier(10)->Range(1000, 100'000)->Unit(benchmark::kMicrosecond);
 }
 
 BENCHMARK(ReadEveryRule)->Apply(Sizes);

@@ -41,6 +41,14 @@ config::Configuration SampleConfiguration(size_t rules) {
     return configuration;
 }
 
+config::Configuration SampleOfProfiles(size_t profiles) {
+    config::Configuration configuration = SampleConfiguration(1);
+    const config::ServiceProfile profile = configuration.Profiles.front();
+    configuration.Profiles.assign(profiles, profile);
+    for (size_t i = 0; i < profiles; ++i) configuration.Profiles[i].Name = text::Format(L"Office %d", i);
+    return configuration;
+}
+
 void CreateTrees(platform::RegistryBackend& registry) {
     using demo::RegistryKey;
     RegistryKey::Create(registry, platform::RootKey::CurrentUser, L"SOFTWARE\\TALVERON\\morcel\\Profiles");

@@ -9,6 +9,8 @@ namespace bench {
 
 // One profile with so many rules, as an administrator would have them.
 config::Configuration SampleConfiguration(size_t rules);
+// As many profiles of one rule each.
+config::Configuration SampleOfProfiles(size_t profiles);
 
 // Each throws std::runtime_error when it does not succeed.
 // Creates the empty trees of the library and the service.

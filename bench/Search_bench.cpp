@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "bench/Counted.h"
 #include "crypto/LibrarySearch.h"
 #include "platform/memory/MemoryMachine.h"
 #include "ui/memory/MemoryScreen.h"
@@ -62,6 +63,7 @@ void FindAllLocalNames(benchmark::State& state) {
     const Found found(static_cast<size_t>(state.range(0)));
     Searching searching;
     for (auto _ : state) {
+        const bench::Counted counted;
         crypto::NameList names;
         benchmark::DoNotOptimize(searching.search.FindAllLocalNames(searching.parent, names));
         benchmark::DoNotOptimize(names.Size());
@@ -73,6 +75,7 @@ void FindCertificatesByName(benchmark::State& state) {
     const Found found(static_cast<size_t>(state.range(0)));
     Searching searching;
     for (auto _ : state) {
+        const bench::Counted counted;
         crypto::OwnerCertificates certificates;
         benchmark::DoNotOptimize(searching.search.FindCertificatesByName(
             searching.parent, L"cn=owner 7,o=branch office 7,l=hamburg,c=de", certificates));
