@@ -71,7 +71,7 @@ void CBrisgateDlg::EditProfile() {
     // Whatever needs memory comes before the change or after it.
     const bool rulesChange = !edited->removedCsProfiles.empty();
     if (rulesChange) {
-        edited->record.Rules = profile.Rules;
+        std::vector<config::Rule>(profile.Rules).swap(edited->record.Rules);
         MoveRulesToFirstCsProfile(edited->record, edited->removedCsProfiles);
     }
     std::wstring name = edited->record.Name;

@@ -1,7 +1,7 @@
 # The program is built small; what works through long lists in memory is built fast. What waits for the user or for the
 # registry is not faster for it.
 file(GLOB fast_sources CONFIGURE_DEPENDS text/*.cpp config/*.cpp)
-list(FILTER fast_sources EXCLUDE REGEX "/config/(Load|Redo|RoundTrip|Save|Store)[^/]*$")
+list(FILTER fast_sources EXCLUDE REGEX "/config/(CsProfileSettings|Load|Operations|Redo|ReportingFile|RoundTrip|Save)[^/]*$")
 foreach(name GroupsFile NameFields NameRows OwnerSearch PickerNames)
     list(APPEND fast_sources certs/${name}.cpp)
 endforeach()
