@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int rounds = 9;
+constexpr int rounds = 15;
 constexpr DWORD patience = 30'000;  // milliseconds
 constexpr UINT answerTime = 5'000;
 
