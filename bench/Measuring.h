@@ -16,12 +16,13 @@ double Milliseconds(Work work) {
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
-// How long one comparison is repeated: twice at least, until it has settled, or until that much time is over.
+// How long one comparison is repeated: twice at least, since machines drift, until it has settled, or until that much
+// time is over.
 class Budget {
   public:
     bool AllowsAnother(bool settled) {
         constexpr int fewest = 2;
-        constexpr auto longest = std::chrono::seconds(15);
+        constexpr auto longest = std::chrono::seconds(8);
         return rounds_++ < fewest || (!settled && std::chrono::steady_clock::now() - begun_ < longest);
     }
 
