@@ -70,15 +70,13 @@ class NotingRegistry final : public platform::RegistryBackend {
     Win32Code DeleteSubkey(KeyHandle parent, const std::wstring& name) override {
         writer_.DeleteTree(Below(parent, name));
         entered_.reset();  // which may be the one that is gone
-        enteredAs_ = KeyHandle::None;
         return code::Success;
     }
     Win32Code Query(KeyHandle, const std::wstring&, ValueType&, std::span<std::byte>, uint32_t&) override {
         return code::FileNotFound;
     }
     Win32Code Set(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) override {
-        if (key != enteredAs_ && entered_ != PathOf(key)) Enter(PathOf(key));
-        enteredAs_ = key;
+        if (entered_ != PathOf(key)) Enter(PathOf(key));
         writer_.SetValue(name, type, data);
         return code::Success;
     }
@@ -109,13 +107,11 @@ class NotingRegistry final : public platform::RegistryBackend {
     void Enter(const std::wstring& path) {
         writer_.CreateKey(path);
         entered_ = path;
-        enteredAs_ = KeyHandle::None;
     }
 
     ChangeWriter writer_;
-    std::optional<std::wstring> entered_;    // the key whose values the next ones are
-    KeyHandle enteredAs_ = KeyHandle::None;  // the handle by which it was last written to
-    std::vector<OpenKey> open_;              // never more than a few
+    std::optional<std::wstring> entered_;  // the key whose values the next ones are
+    std::vector<OpenKey> open_;            // never more than a few
     uintptr_t lastHandle_ = 0;
 };
 
