@@ -96,8 +96,9 @@ class Configured {
         const config::Configuration sample =
             inManyProfiles ? bench::SampleOfProfiles(count) : bench::SampleConfiguration(count);
         const config::Rule edited = bench::SampleConfiguration(editedRule + 1).Profiles.front().Rules.back();
-        for (const std::wstring& folder : {std::wstring(someFolder), edited.PathIn, edited.PathOut, edited.PathError})
-            machine.Files.AddFolder(folder);
+        for (const std::wstring_view folder :
+             std::initializer_list<std::wstring_view>{someFolder, edited.PathIn, edited.PathOut, edited.PathError})
+            machine.Files.AddFolder(std::wstring(folder));
         bench::CreateTrees(machine.StoredRegistry);
         bench::Save(Machine, screen, sample);
         machine.Files.AddFile(rulesFile, config::ExchangeText(sample.Profiles.front().Rules, machine.CodePage));
@@ -301,21 +302,21 @@ void ProfileSizes(benchmark::internal::Benchmark* line) {
 BENCHMARK(OpenAProfile)->Apply(Sizes);
 BENCHMARK(TypeInSearch)->Apply(Sizes);
 BENCHMARK(LeaveTheRules)->Apply(Sizes);
-BENCHMARK(AddOne)->Apply(Sizes)->Iterations(200);
+BENCHMARK(AddOne)->Apply(Sizes)->Iterations(bench::Rounds(200));
 BENCHMARK(EditOne)->Apply(Sizes);
 BENCHMARK(OpenTheEditor)->Apply(Sizes);
 BENCHMARK(EditOpenedProfile)->Apply(Sizes);
-BENCHMARK(OpenLastProfile)->Apply(ProfileSizes)->Iterations(200);
-BENCHMARK(AddAProfile)->Apply(ProfileSizes)->Iterations(200);
+BENCHMARK(OpenLastProfile)->Apply(ProfileSizes)->Iterations(bench::Rounds(200));
+BENCHMARK(AddAProfile)->Apply(ProfileSizes)->Iterations(bench::Rounds(200));
 BENCHMARK(EditLastProfile)->Apply(ProfileSizes);
-BENCHMARK(DeleteAProfile)->Apply(ProfileSizes)->Iterations(200);
-BENCHMARK(CopyTheFirst)->Apply(Sizes)->Iterations(200);
-BENCHMARK(DeleteTheSecondHalf)->Apply(Sizes)->Iterations(20);
+BENCHMARK(DeleteAProfile)->Apply(ProfileSizes)->Iterations(bench::Rounds(200));
+BENCHMARK(CopyTheFirst)->Apply(Sizes)->Iterations(bench::Rounds(200));
+BENCHMARK(DeleteTheSecondHalf)->Apply(Sizes)->Iterations(bench::Rounds(20));
 BENCHMARK(MoveFromTheMiddle<MakeFirst>)->Apply(Sizes);
 BENCHMARK(MoveFromTheMiddle<MoveUp>)->Apply(Sizes);
 BENCHMARK(MoveFromTheMiddle<MoveDown>)->Apply(Sizes);
 BENCHMARK(MoveFromTheMiddle<MakeLast>)->Apply(Sizes);
-BENCHMARK(ImportFile)->Apply(Sizes)->Iterations(20);
+BENCHMARK(ImportFile)->Apply(Sizes)->Iterations(bench::Rounds(20));
 BENCHMARK(ExportFile)->Apply(Sizes);
 
 }  // namespace

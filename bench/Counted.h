@@ -6,6 +6,7 @@
 #include <valgrind/callgrind.h>
 #else
 #define CALLGRIND_TOGGLE_COLLECT
+#define RUNNING_ON_VALGRIND 0
 #endif
 
 namespace bench {
@@ -17,5 +18,10 @@ class Counted {
     Counted(const Counted&) = delete;
     Counted& operator=(const Counted&) = delete;
 };
+
+// How many rounds to measure: counted, one is like the others.
+inline int Rounds(int timed) {
+    return RUNNING_ON_VALGRIND != 0 ? 1 : timed;
+}
 
 }  // namespace bench

@@ -179,8 +179,8 @@ BENCHMARK_CAPTURE(SortReadyKeys, common_name, L"CN")->Apply(Sizes);
 BENCHMARK_CAPTURE(SortByField, organization, L"O")->Apply(Sizes);
 BENCHMARK_CAPTURE(SortReadyKeys, organization, L"O")->Apply(Sizes);
 BENCHMARK(Narrow)->Apply(Sizes);
-BENCHMARK(ChooseAll)->Apply(Sizes)->Iterations(5);
-BENCHMARK(ExcludeHalf)->Apply(Sizes)->Iterations(5);
-BENCHMARK(RemoveHalf)->Apply(Sizes)->Iterations(5);
+BENCHMARK(ChooseAll)->Apply(Sizes)->Iterations(bench::Rounds(5));
+BENCHMARK(ExcludeHalf)->Apply(Sizes)->Iterations(bench::Rounds(5));
+BENCHMARK(RemoveHalf)->Apply(Sizes)->Iterations(bench::Rounds(5));
 
 }  // namespace

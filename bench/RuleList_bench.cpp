@@ -18,7 +18,7 @@ void ReadEveryRule(benchmark::State& state) {
         const bench::Counted counted;
         size_t units = 0;
         for (const config::Rule& rule : rules)
-            for (const wchar_t unit : rule.Descryption) units += unit != L' ' ? 1U : 0U;
+            for (const wchar_t unit : std::wstring_view(rule.Descryption)) units += unit != L' ' ? 1U : 0U;
         benchmark::DoNotOptimize(units);
     }
 }

@@ -5,6 +5,7 @@
 #include <new>
 #include <random>
 #include <string>
+#include <string_view>
 
 #include "bench/Sample.h"
 #include "config/ExchangeFormat.h"
@@ -39,11 +40,11 @@ void GiveBack(void* memory) noexcept {
 // Adds up the bytes of every text of a rule.
 struct TextBytes {
     size_t bytes = 0;
-    void Add(const std::wstring& text) { bytes += text.size() * sizeof(wchar_t); }
+    void Add(std::wstring_view text) { bytes += text.size() * sizeof(wchar_t); }
     void Add(const std::vector<std::wstring>& texts) {
         for (const std::wstring& text : texts) Add(text);
     }
-    void Text(const wchar_t*, const std::wstring& text) { Add(text); }
+    void Text(const wchar_t*, std::wstring_view text) { Add(text); }
     void Number(const wchar_t*, int32_t) {}
     void Masks(const wchar_t*, const wchar_t*, const config::Rule& rule) { Add(rule.Masks); }
     void Count(const wchar_t*, const std::vector<config::CertificateRef>&) {}
