@@ -33,6 +33,13 @@ void Command(HWND window, WPARAM systemCommand, LPARAM more = 0) {
     input::Settle();
 }
 
+TEST_F(MainWindowFrame, WhoSendsTheCommandOfTheAboutBoxHearsThatItIsDone) {
+    Look([this](app::CBrisgateDlg&, HWND window) {
+        user_.Expect<app::CAboutDlg>([this](app::CAboutDlg&) { user_.Click(ui::IdOk); });
+        EXPECT_EQ(SendMessageW(window, WM_SYSCOMMAND, 0x10, 0), 0);
+    });
+}
+
 // The system uses the lowest four bits itself.
 TEST_F(MainWindowFrame, TheAboutBoxOpensWhateverTheSystemPutsIntoTheLowestBits) {
     Look([this](app::CBrisgateDlg&, HWND window) {

@@ -1,8 +1,13 @@
-// A dialog initialises itself before its window is shown: the window is made what the dialog has become, once.
+// A dialog initialises itself before its window is shown: the window is made what the dialog has become, once. Of the
+// columns of a list only those are touched, then and later, that have changed.
 #include <gtest/gtest.h>
 #include <windows.h>
 
 #include <commctrl.h>
+
+#include <array>
+#include <string>
+#include <vector>
 
 #include "tests/support/win32/ImportHook.h"
 #include "tests/ui/Gallery.h"
@@ -49,6 +54,8 @@ LRESULT WINAPI CountColumn(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 
 // Whatever happens on the way: each step would be laid out, drawn and reported by itself.
 TEST_F(Opening, WhatADialogHasBecomeWhenItOpensIsShownOnce) {
+    // The first window of a process may be told of the system's colours, and load its pictures anew.
+    Run([this] { gallery_.fixed.Enable(true); });
     enabled = shownOrHidden = texts = pictures = columns = 0;
     gallery_.onInit = [this] {
         for (int i = 0; i < 3; ++i) {
@@ -81,6 +88,33 @@ TEST_F(Opening, WhatADialogHasBecomeWhenItOpensIsShownOnce) {
         EXPECT_EQ(pictures, 6);  // of the window, two; of a button, of a sign, and of a header, two
         EXPECT_EQ(columns, 3);
         EXPECT_EQ(user_.Text(gallery::Name), L"2");
+    });
+}
+
+std::vector<std::wstring> HeadersOf(HWND list) {
+    const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+    std::vector<std::wstring> headers;
+    const auto count = static_cast<int>(SendMessageW(header, HDM_GETITEMCOUNT, 0, 0));
+    for (int i = 0; i < count; ++i) {
+        std::array<wchar_t, 64> text{};
+        HDITEMW item{};
+        item.mask = HDI_TEXT;
+        item.pszText = text.data();
+        item.cchTextMax = static_cast<int>(text.size());
+        SendMessageW(header, HDM_GETITEMW, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
+        headers.emplace_back(text.data());
+    }
+    return headers;
+}
+
+TEST_F(Opening, AListShowsTheColumnsThatItIsGivenInPlaceOfOthers) {
+    Run([this] {
+        const HWND list = GetDlgItem(WindowOf(gallery_), gallery::Rows);
+        EXPECT_EQ(HeadersOf(list), (std::vector<std::wstring>{L"", L"First", L"Second"}));
+        gallery_.rows.SetColumns({{L"Only", 90}});
+        EXPECT_EQ(HeadersOf(list), std::vector<std::wstring>{L"Only"});
+        gallery_.rows.SetColumns({{L"One", 90}, {L"Two", 40}});
+        EXPECT_EQ(HeadersOf(list), (std::vector<std::wstring>{L"One", L"Two"}));
     });
 }
 
