@@ -52,7 +52,7 @@ void MoveRulesToFirstCsProfile(config::ServiceProfile& profile, std::span<const 
     if (profile.ZCSProfile.empty()) return;
     const std::wstring& first = profile.ZCSProfile.front();
     for (config::Rule& rule : profile.Rules)
-        for (std::wstring* used : {&rule.ZCSProfile, &rule.ResignProfile})
+        for (config::Rule::Text* used : {&rule.ZCSProfile, &rule.ResignProfile})
             if (std::find(removed.begin(), removed.end(), *used) != removed.end()) *used = first;
 }
 

@@ -51,7 +51,7 @@ std::wstring MoveExtra(const Rule& rule) {
 std::wstring ResignExtra(const Rule& rule) {
     std::wstring extra;
     if (!rule.SignerLists.empty()) extra = text::Format(L"%d; ", rule.SignerLists.size());
-    return extra + rule.ResignProfile + separator + SignatureFormats(rule);
+    return (extra += rule.ResignProfile) + separator + SignatureFormats(rule);
 }
 
 void AppendPackOptions(std::wstring& extra, const Rule& rule) {
@@ -85,7 +85,7 @@ std::wstring OperationName(const Rule& rule) {
     // Kept: an output folder that is not set empties this cell, not its own.
     if (rule.PathOut == config::NotSet) return {};
     const config::Operation* operation = config::FindOperation(rule.Operation);
-    return operation == nullptr ? rule.Operation : std::wstring(operation->displayName);
+    return std::wstring(operation == nullptr ? std::wstring_view(rule.Operation) : operation->displayName);
 }
 
 std::wstring LabelOf(Holds holds) {
@@ -150,20 +150,20 @@ std::wstring RuleCell(const Rule& rule, size_t position, RuleColumn column) {
         case RuleColumn::Number:
             return text::Format(L"%d", position + 1);
         case RuleColumn::Description:
-            return rule.Descryption;
+            return std::wstring(rule.Descryption);
         case RuleColumn::Operation:
             return OperationName(rule);
         case RuleColumn::PathIn:
-            return rule.PathIn;
+            return std::wstring(rule.PathIn);
         case RuleColumn::PathOut:
-            return rule.PathOut;
+            return std::wstring(rule.PathOut);
         case RuleColumn::PathError:
             // Kept: a CS profile that is not set empties this cell, not its own.
-            return rule.ZCSProfile == config::NotSet ? std::wstring() : rule.PathError;
+            return rule.ZCSProfile == config::NotSet ? std::wstring() : std::wstring(rule.PathError);
         case RuleColumn::Masks:
             return rule.Masks.size() == 1 ? rule.Masks.front() : text::Format(L"%d", rule.Masks.size());
         case RuleColumn::CsProfile:
-            return rule.ZCSProfile;
+            return std::wstring(rule.ZCSProfile);
         case RuleColumn::Extra:
             return Extra(rule);
     }

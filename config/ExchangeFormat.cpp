@@ -103,7 +103,7 @@ class RecordReader {
   public:
     explicit RecordReader(std::wstring_view record) : rest_(record) {}
 
-    void Text(std::wstring& target) {
+    void Text(Rule::Text& target) {
         if (std::wstring_view field; Take(field)) target = field;
     }
     void Number(int32_t& target) {

@@ -15,7 +15,7 @@ void FieldReader::Masks(const wchar_t* countName, const wchar_t* prefix, Rule& r
     const int32_t count = ReadCount(countName);
     if (count == 0) {
         Text(L"Mask", rule.Mask);
-        rule.Masks.push_back(rule.Mask);
+        rule.Masks.emplace_back(rule.Mask);
     } else {
         ReadNumbered(prefix, count, rule.Masks);
     }
@@ -69,7 +69,7 @@ void FieldWriter::StoresOf(const Rule& rule) {
 }
 
 // Several CS profiles can carry the same name: the values of the last one stay.
-void FieldWriter::Stores(const std::wstring& csProfile, const wchar_t* personalName, const wchar_t* localName) {
+void FieldWriter::Stores(std::wstring_view csProfile, const wchar_t* personalName, const wchar_t* localName) {
     for (const CsProfile& profile : csProfiles_) {
         if (profile.ProfileName != csProfile) continue;
         Text(personalName, profile.Store0);

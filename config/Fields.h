@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "config/Records.h"
@@ -18,6 +19,11 @@ class FieldReader {
 
     // A missing value leaves what the record holds: its default.
     void Text(const wchar_t* name, std::wstring& target) { store_.ReadString(name, target, context_, target); }
+    void Text(const wchar_t* name, Rule::Text& target) {
+        text_ = target;
+        Text(name, text_);
+        target = text_;
+    }
     void Number(const wchar_t* name, int32_t& target) { store_.ReadInteger(name, target, context_, target); }
     void List(const wchar_t* name, std::vector<std::wstring>& target) { store_.ReadStringList(name, target, context_); }
     void List(const wchar_t* name, std::vector<int32_t>& target) { store_.ReadIntegerList(name, target, context_); }
@@ -39,6 +45,7 @@ class FieldReader {
     RegistryStore& store_;
     const errors::ReportContext context_;
     int32_t count_ = 0;
+    std::wstring text_;  // kept for its room
 };
 
 class FieldWriter {
@@ -50,7 +57,7 @@ class FieldWriter {
           csProfiles_(csProfiles) {}
 
     // A failed write has been reported; the others go on.
-    void Text(const wchar_t* name, const std::wstring& text) { store_.WriteString(name, text, context_); }
+    void Text(const wchar_t* name, std::wstring_view text) { store_.WriteString(name, text, context_); }
     void Number(const wchar_t* name, int32_t number) { store_.WriteInteger(name, number, context_); }
     void List(const wchar_t* name, const std::vector<std::wstring>& texts) {
         store_.WriteTextList(name, texts, context_);
@@ -69,7 +76,7 @@ class FieldWriter {
     void StoresOf(const Rule& rule);
 
   private:
-    void Stores(const std::wstring& csProfile, const wchar_t* personalName, const wchar_t* localName);
+    void Stores(std::wstring_view csProfile, const wchar_t* personalName, const wchar_t* localName);
 
     RegistryStore& store_;
     const errors::ReportContext context_;

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "config/Records.h"
@@ -22,7 +21,7 @@ enum class Input { Choice, CsProfile, Text, Number };
 struct Option {
     std::wstring_view label;  // as the rule editor shows it
     Input input{};
-    std::wstring Rule::*text = nullptr;            // of a text and of a CS profile
+    Rule::Text Rule::*text = nullptr;              // of a text and of a CS profile
     int32_t Rule::*number = nullptr;               // of a number and of a choice
     std::span<const std::wstring_view> choices{};  // of a choice
     int32_t firstStored = 0;                       // likewise

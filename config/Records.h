@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "text/CompactText.h"
+
 namespace config {
 
 using Flag = int32_t;                 // 0: off, anything else: on; the editor writes 1
@@ -22,22 +24,24 @@ struct SignerListEntry {
     bool operator==(const SignerListEntry&) const = default;
 };
 
+// There are many rules, and each leaves most of its texts empty.
 struct Rule {
-    std::wstring ZCSProfile;     // the CS profile whose certificates the rule uses
-    std::wstring ResignProfile;  // RESG: the CS profile of the new signature
-    std::wstring Operation;      // a code of the operation table
-    std::wstring PathIn;
-    std::wstring PathOut;
-    std::wstring PathOut2;  // MOVE
-    std::wstring PathError;
-    std::wstring Mask;  // the single mask of the older format; read, never written
-    std::wstring Descryption;
-    std::wstring DelExt;
-    std::wstring AddExt;
-    std::wstring Folders;
-    std::wstring Copyfolders;
-    std::wstring ArchName;
-    std::wstring ExecName;
+    using Text = text::CompactText;
+    Text ZCSProfile;     // the CS profile whose certificates the rule uses
+    Text ResignProfile;  // RESG: the CS profile of the new signature
+    Text Operation;      // a code of the operation table
+    Text PathIn;
+    Text PathOut;
+    Text PathOut2;  // MOVE
+    Text PathError;
+    Text Mask;  // the single mask of the older format; read, never written
+    Text Descryption;
+    Text DelExt;
+    Text AddExt;
+    Text Folders;
+    Text Copyfolders;
+    Text ArchName;
+    Text ExecName;
     std::vector<CertificateRef> Certificates;  // recipients
     std::vector<std::wstring> Masks;
     Flag IsOn = 0;

@@ -50,8 +50,8 @@ std::wstring WordFor(std::wstring_view name) {
     return std::wstring(found == words.end() ? name : found->second);
 }
 
-bool Holds(const std::wstring& text, wchar_t unit) {
-    return text.find(unit) != std::wstring::npos;
+bool Holds(std::wstring_view text, wchar_t unit) {
+    return text.find(unit) != std::wstring_view::npos;
 }
 
 // Names of keys that lie side by side.
@@ -83,7 +83,7 @@ class Search {
   public:
     std::vector<Unreadable> In(const Configuration& configuration);
 
-    void Text(const wchar_t* name, const std::wstring& text) {
+    void Text(const wchar_t* name, std::wstring_view text) {
         if (const auto why = WhyUnreadable(text)) Add(WordFor(name), *why);
     }
     void Number(const wchar_t* /*name*/, int32_t /*number*/) {}
@@ -107,7 +107,7 @@ class Search {
     }
 
   private:
-    static std::optional<Reason> WhyUnreadable(const std::wstring& text) {
+    static std::optional<Reason> WhyUnreadable(std::wstring_view text) {
         if (text.size() > LongestText) return Reason::TextTooLong;
         return Holds(text, L'\0') ? std::optional(Reason::ZeroCharacter) : std::nullopt;
     }

@@ -37,7 +37,7 @@ CAddRule::CAddRule(const config::Services& services, ui::Dialog* owner, const co
       isNew_(rule.Operation.empty()),
       form_(FormFromRule(rule, profile_.ZCSProfile)),
       maskList_(masks_, *this, services.Screen, form_.Masks, std::move(suggestedMasks)) {
-    oldMask_.SetText(isNew_ ? L"*" : rule.Mask);
+    oldMask_.SetText(std::wstring(isNew_ ? L"*" : std::wstring_view(rule.Mask)));
     operation_.SetName(L"Operation");
     description_.SetName(L"Description");  // its label is broken in the middle of the word
     for (const auto& [field, button] :

@@ -31,7 +31,7 @@ constexpr std::array<ActionLook, 5> looks{{
      .takesPath = true},
 }};
 
-const Operation& OperationOf(const std::wstring& code) {
+const Operation& OperationOf(std::wstring_view code) {
     static constexpr Operation nothingSelected{};
     if (code.empty()) return nothingSelected;
     const Operation* operation = config::FindOperation(code);
@@ -39,13 +39,13 @@ const Operation& OperationOf(const std::wstring& code) {
     return *operation;
 }
 
-std::wstring KnownOperation(const std::wstring& code) {
+std::wstring KnownOperation(std::wstring_view code) {
     const Operation* known = config::FindOperation(code);
     return std::wstring(known == nullptr ? config::Operations().front().code : known->code);
 }
 
 // Of several that are equal the last; the first when there is none.
-size_t IndexOf(const std::wstring& name, const Names& csProfiles) {
+size_t IndexOf(std::wstring_view name, const Names& csProfiles) {
     const auto found = std::find(csProfiles.rbegin(), csProfiles.rend(), name);
     return found == csProfiles.rend() ? 0 : static_cast<size_t>(csProfiles.rend() - found) - 1;
 }
@@ -54,8 +54,8 @@ std::wstring NameAt(std::optional<size_t> index, const Names& csProfiles) {
     return index && *index < csProfiles.size() ? csProfiles[*index] : std::wstring();
 }
 
-std::wstring UnlessNotSet(const std::wstring& path) {
-    return IsSet(path) ? path : std::wstring();
+std::wstring UnlessNotSet(std::wstring_view path) {
+    return std::wstring(IsSet(path) ? path : std::wstring_view());
 }
 
 bool KeepsSignerLists(Holds holds) {
@@ -135,7 +135,7 @@ void CommitOption(const RuleForm& form, const Option& option, size_t row, const 
 
 }  // namespace
 
-bool IsSet(const std::wstring& path) {
+bool IsSet(std::wstring_view path) {
     return !path.empty() && path != config::NotSet;
 }
 
@@ -147,7 +147,7 @@ RuleForm FormFromRule(const Rule& rule, const Names& csProfiles) {
     RuleForm form;
     form.Operation = KnownOperation(rule.Operation);
     const Operation& operation = OperationOf(form);
-    TakeOverLists(form, OperationOf(std::wstring()), operation);
+    TakeOverLists(form, OperationOf(std::wstring_view()), operation);
     if (rule.Operation.empty()) return form;
 
     form.CsProfile = IndexOf(rule.ZCSProfile, csProfiles);

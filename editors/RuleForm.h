@@ -41,7 +41,7 @@ struct RuleForm {
 };
 
 // Folders and other paths count as not set when they are empty or the text "0".
-bool IsSet(const std::wstring& path);
+bool IsSet(std::wstring_view path);
 
 // What the form holds when it opens on the rule. A rule without an operation is a new one: the form is empty,
 // whatever else the rule holds. An unknown operation is shown as the first one.

@@ -15,7 +15,7 @@ std::vector<config::Rule> RulesNamed(const Masks& names) {
 
 Masks NamesOf(const std::vector<config::Rule>& rules) {
     Masks names;
-    for (const config::Rule& rule : rules) names.push_back(rule.Descryption);
+    for (const config::Rule& rule : rules) names.emplace_back(rule.Descryption);
     return names;
 }
 

@@ -100,7 +100,7 @@ TEST_F(UnreadableSave, TheQuestionComesOncePerSaveAndNotForWhatCanBeReadBack) {
         LeaveUnchanged();
     });
     ASSERT_EQ(StoredRules().size(), 6U);
-    EXPECT_EQ(StoredRules()[5].Descryption.size(), 519U);
+    EXPECT_EQ(std::wstring(StoredRules()[5].Descryption).size(), 519U);
 }
 
 // A tick that was just made is a change like any other, and stays one.

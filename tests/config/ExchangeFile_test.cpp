@@ -102,7 +102,7 @@ Rule ReadField(size_t place, const std::string& text) {
 
 Texts OperationsIn(std::string_view text) {
     Texts operations;
-    for (const Rule& rule : Read(text).rules) operations.push_back(rule.Operation);
+    for (const Rule& rule : Read(text).rules) operations.emplace_back(rule.Operation);
     return operations;
 }
 

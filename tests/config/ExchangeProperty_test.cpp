@@ -22,9 +22,9 @@ class RandomRules {
 
     Rule Make() {
         Rule rule;
-        for (std::wstring* text : {&rule.Operation, &rule.PathIn, &rule.PathOut, &rule.PathError, &rule.ZCSProfile,
-                                   &rule.ResignProfile, &rule.PathOut2, &rule.Descryption, &rule.DelExt, &rule.AddExt,
-                                   &rule.Folders, &rule.Copyfolders, &rule.ArchName, &rule.ExecName})
+        for (Rule::Text* text : {&rule.Operation, &rule.PathIn, &rule.PathOut, &rule.PathError, &rule.ZCSProfile,
+                                 &rule.ResignProfile, &rule.PathOut2, &rule.Descryption, &rule.DelExt, &rule.AddExt,
+                                 &rule.Folders, &rule.Copyfolders, &rule.ArchName, &rule.ExecName})
             *text = Text(0, "\n\r");
         for (int32_t* number : {&rule.IsOn, &rule.InFormatDet, &rule.OutFormatDet, &rule.ZipFile, &rule.ArchCount,
                                 &rule.ArchSize, &rule.ArchTimeout, &rule.ExecTimeout})

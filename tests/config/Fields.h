@@ -14,10 +14,23 @@ namespace tests {
 
 struct Field {
     std::wstring name;
-    std::variant<std::wstring*, int32_t*, std::vector<std::wstring>*, std::vector<int32_t>*> value;
+    std::variant<std::wstring*, config::Rule::Text*, int32_t*, std::vector<std::wstring>*, std::vector<int32_t>*> value;
     bool isCounted = false;  // the name is that of the number of entries
 
-    bool IsText() const { return std::holds_alternative<std::wstring*>(value); }
+    bool IsText() const {
+        return std::holds_alternative<std::wstring*>(value) || std::holds_alternative<config::Rule::Text*>(value);
+    }
+    std::wstring Text() const {
+        const auto* const plain = std::get_if<std::wstring*>(&value);
+        return plain != nullptr ? **plain : std::wstring(*std::get<config::Rule::Text*>(value));
+    }
+    void SetText(const std::wstring& text) const {
+        if (const auto* const plain = std::get_if<std::wstring*>(&value)) {
+            **plain = text;
+        } else {
+            *std::get<config::Rule::Text*>(value) = text;
+        }
+    }
     bool IsNumber() const { return isCounted || std::holds_alternative<int32_t*>(value); }
     bool IsList() const { return !IsText() && !IsNumber(); }
     bool IsEmptyOrZero() const {
@@ -35,6 +48,7 @@ class FieldCollector {
     std::vector<Field> fields;
 
     void Text(const wchar_t* name, std::wstring& value) { fields.push_back({name, &value}); }
+    void Text(const wchar_t* name, config::Rule::Text& value) { fields.push_back({name, &value}); }
     void Number(const wchar_t* name, int32_t& value) { fields.push_back({name, &value}); }
     void List(const wchar_t* name, std::vector<std::wstring>& value) { fields.push_back({name, &value}); }
     void List(const wchar_t* name, std::vector<int32_t>& value) { fields.push_back({name, &value}); }

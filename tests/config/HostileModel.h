@@ -79,10 +79,13 @@ class Saboteur {
     }
     template <class Record>
     Reason SpoilText(Record& record) {
-        std::vector<std::wstring*> texts;
-        for (const Field& field : FieldsOf(record))
-            if (field.IsText()) texts.push_back(std::get<std::wstring*>(field.value));
-        return Spoil(*Any(texts));
+        std::vector<Field> texts = FieldsOf(record);
+        std::erase_if(texts, [](const Field& field) { return !field.IsText(); });
+        const Field& field = Any(texts);
+        std::wstring text = field.Text();
+        const Reason why = Spoil(text);
+        field.SetText(text);
+        return why;
     }
     template <class Named>
     Reason SpoilName(std::vector<Named>& siblings, size_t at);
@@ -109,7 +112,7 @@ inline void Saboteur::Loosen(config::Configuration& configuration) {
     std::shuffle(rule.SignerLists.begin(), rule.SignerLists.end(), random_);
     config::Rule& unfinished = Any(profile.Rules);
     unfinished.Operation.clear();
-    unfinished.Descryption.assign(600, L'x');
+    unfinished.Descryption = std::wstring(600, L'x');
 }
 
 template <class Named>

@@ -48,7 +48,7 @@ class LoadTest : public tests::ConfigTest {
         for (const char* key : keys)
             trees += BelowService("P\\rules\\" + std::string(key)) + "Path In = \"" + key + "\"\n";
         Texts order;
-        for (const config::Rule& rule : LoadedRules(trees)) order.push_back(rule.PathIn);
+        for (const config::Rule& rule : LoadedRules(trees)) order.emplace_back(rule.PathIn);
         return order;
     }
 };

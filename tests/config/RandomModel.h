@@ -110,8 +110,8 @@ inline config::ServiceProfile RandomModel::Profile(const std::wstring& name) {
 inline config::Rule RandomModel::Rule() {
     config::Rule rule;
     rule.Operation = config::Operations()[Below(config::Operations().size())].code;
-    for (std::wstring* text : {&rule.PathIn, &rule.PathOut, &rule.PathError, &rule.Descryption, &rule.DelExt,
-                               &rule.AddExt, &rule.Folders, &rule.Copyfolders, &rule.ArchName, &rule.ExecName})
+    for (config::Rule::Text* text : {&rule.PathIn, &rule.PathOut, &rule.PathError, &rule.Descryption, &rule.DelExt,
+                                     &rule.AddExt, &rule.Folders, &rule.Copyfolders, &rule.ArchName, &rule.ExecName})
         *text = Text();
     // Not empty: what is empty may be taken from the first certificate.
     rule.ResignProfile = Below(2) == 0 ? L"Archive keys" : Text(1, 20);

@@ -42,12 +42,12 @@ std::map<std::wstring, std::wstring> WordsFor(config::Configuration& configurati
     std::map<std::wstring, std::wstring> found;
     for (const tests::Field& field : tests::FieldsOf(record)) {
         if (!field.IsText()) continue;
-        std::wstring& value = *std::get<std::wstring*>(field.value);
-        const std::wstring before = std::exchange(value, text);
+        const std::wstring before = field.Text();
+        field.SetText(text);
         const Findings findings = FindUnreadable(configuration);
         EXPECT_EQ(findings.size(), 1U) << testing::PrintToString(field.name);
         if (!findings.empty()) found[field.name] = findings[0].Field;
-        value = before;
+        field.SetText(before);
     }
     return found;
 }

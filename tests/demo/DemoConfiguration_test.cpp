@@ -45,7 +45,7 @@ std::vector<std::wstring> LocalOwners() {
     return names;
 }
 
-bool Contains(const std::vector<std::wstring>& texts, const std::wstring& text) {
+bool Contains(const std::vector<std::wstring>& texts, std::wstring_view text) {
     return std::find(texts.begin(), texts.end(), text) != texts.end();
 }
 
@@ -82,7 +82,7 @@ TEST(DemoConfiguration, NobodySignsInTwoListsOfOneRule) {
 TEST(DemoConfiguration, RulesUseStoreProfilesOfTheirProfile) {
     for (const config::ServiceProfile& profile : DemoConfiguration().Profiles) {
         for (const config::Rule& rule : profile.Rules) {
-            for (const std::wstring& used : {rule.ZCSProfile, rule.ResignProfile})
+            for (const std::wstring_view used : {rule.ZCSProfile, rule.ResignProfile})
                 EXPECT_TRUE(used.empty() || Contains(profile.ZCSProfile, used)) << testing::PrintToString(used);
         }
     }

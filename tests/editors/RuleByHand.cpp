@@ -107,14 +107,14 @@ void RuleByHandTest::PutInIfUsable(int list, int choice) {
     if (user_.CanUse(list)) user_.Choose(list, choice);
 }
 
-void RuleByHandTest::PutInIfUsable(int edit, const std::wstring& text) {
+void RuleByHandTest::PutInIfUsable(int edit, std::wstring_view text) {
     if (user_.CanUse(edit)) user_.Type(edit, text);
 }
 
 void RuleByHandTest::PutInAction(const Rule& rule) {
     certificates_.recipients = rule.Certificates;
     certificates_.signerLists = rule.SignerLists;
-    const std::wstring path = rule.PathOut2 + rule.ExecName;
+    const std::wstring_view path = rule.PathOut2.empty() ? rule.ExecName : rule.PathOut2;
     if (!path.empty()) {
         user_.Type(ruleid::ActionField, path);
     } else if (user_.CanUse(ruleid::ActionButton)) {

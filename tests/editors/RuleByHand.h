@@ -17,7 +17,7 @@ class RuleByHandTest : public RuleEditorTest {
 
   private:
     void PutInIfUsable(int list, int choice);
-    void PutInIfUsable(int edit, const std::wstring& text);
+    void PutInIfUsable(int edit, std::wstring_view text);
     void PutInAction(const config::Rule& rule);
     void PutInMask(const std::wstring& mask);
 };

@@ -73,7 +73,7 @@ config::Rule RuleEditorTest::FullRule(const std::wstring& operation) {
     return rule;
 }
 
-void RuleEditorTest::ChooseOperation(const std::wstring& code) {
+void RuleEditorTest::ChooseOperation(std::wstring_view code) {
     user_.Choose(ruleid::Operation, static_cast<int>(config::OperationIndex(code).value()));
 }
 

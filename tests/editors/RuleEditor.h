@@ -36,7 +36,7 @@ class RuleEditorTest : public WorldTest {
     // The same with only the fields set that every rule has: what the user need not put in again.
     static config::Rule PlainRule(const std::wstring& operation);
 
-    void ChooseOperation(const std::wstring& code);
+    void ChooseOperation(std::wstring_view code);
     void Leave() { user_.Click(ui::IdCancel); }
     std::vector<std::wstring> ShownMasks() const { return user_.Column(ruleid::Masks, 0); }
     std::wstring Chosen(int id) const { return user_.Get<ui::ComboBox>(id).SelectedItem(); }

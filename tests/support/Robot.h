@@ -65,7 +65,7 @@ class Robot {
     virtual void DoubleClickCheckBox(int id, size_t row) = 0;
     virtual void ClickHeader(int id, size_t column) = 0;
     // Replaces the content, key by key; "\b" is the Backspace key, which deletes all when it comes first.
-    virtual void Type(int id, const std::wstring& text) = 0;
+    virtual void Type(int id, std::wstring_view text) = 0;
     virtual void Paste(int id, const std::wstring& text) = 0;  // replaces the content at once
     // Another program, a screen reader say, replaces the content; the field does not choose what it takes.
     virtual void SetFromOutside(int id, const std::wstring& text) = 0;

@@ -182,7 +182,7 @@ void MemoryRobot::ClickHeader(int id, size_t column) {
     });
 }
 
-void MemoryRobot::Type(int id, const std::wstring& text) {
+void MemoryRobot::Type(int id, std::wstring_view text) {
     Use<ui::Control>(id, [this, &text](ui::Control& control) {
         TypeInto(control, text, [this, &control] { return IsUsable(control) && control.HasFocus(); });
     });

@@ -24,7 +24,7 @@ class MemoryRobot final : public Robot, private ui::memory::User {
     void ClickCheckBox(int id, size_t row) override;
     void DoubleClickCheckBox(int id, size_t row) override;
     void ClickHeader(int id, size_t column) override;
-    void Type(int id, const std::wstring& text) override;
+    void Type(int id, std::wstring_view text) override;
     void Paste(int id, const std::wstring& text) override;
     void SetFromOutside(int id, const std::wstring& text) override;
     void Drop(int id, const std::wstring& path) override;

@@ -60,7 +60,7 @@ class Field {
 };
 
 // What each key puts into the field.
-std::vector<std::wstring> KeysFor(const Field& field, const std::wstring& text) {
+std::vector<std::wstring> KeysFor(const Field& field, std::wstring_view text) {
     std::vector<std::wstring> keys;
     for (const wchar_t c : text) {
         if (c == L'\r' || (c != backspace && !field.Takes(c))) continue;
@@ -75,7 +75,7 @@ std::vector<std::wstring> KeysFor(const Field& field, const std::wstring& text) 
 
 }  // namespace
 
-void TypeInto(ui::Control& control, const std::wstring& text, const std::function<bool()>& goesOn) {
+void TypeInto(ui::Control& control, std::wstring_view text, const std::function<bool()>& goesOn) {
     const Field field(control);
     if (!field.TakesText()) return;
     if (text.empty()) return field.Empty();

@@ -13,7 +13,7 @@ namespace tests {
 // where only they are allowed, line breaks in a single line, everything in a read-only edit, and what is
 // longer than the control may become. Stops when goesOn says no after a key: the control's handler may have
 // taken the control away.
-void TypeInto(ui::Control& control, const std::wstring& text, const std::function<bool()>& goesOn);
+void TypeInto(ui::Control& control, std::wstring_view text, const std::function<bool()>& goesOn);
 
 // Selects all and pastes. A single line ends where the text's first line does; where only digits are allowed,
 // anything else among them has the whole text refused. What does not fit is cut off.

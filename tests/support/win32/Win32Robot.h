@@ -30,7 +30,7 @@ class Win32Robot final : public Robot {
     void ClickCheckBox(int id, size_t row) override;
     void DoubleClickCheckBox(int id, size_t row) override;
     void ClickHeader(int id, size_t column) override;
-    void Type(int id, const std::wstring& text) override;
+    void Type(int id, std::wstring_view text) override;
     void Paste(int id, const std::wstring& text) override;
     void SetFromOutside(int id, const std::wstring& text) override;
     void Drop(int id, const std::wstring& path) override;

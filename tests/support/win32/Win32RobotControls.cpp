@@ -58,7 +58,7 @@ void Win32Robot::Click(int id) {
     });
 }
 
-void Win32Robot::Type(int id, const std::wstring& text) {
+void Win32Robot::Type(int id, std::wstring_view text) {
     Use(id, [this, &text](const ui::Control& control, HWND window) {
         const HWND edit = EditOf(window);
         input::Focus(GetParent(window), window);
