@@ -20,13 +20,15 @@ double Milliseconds(Work work) {
 // time is over.
 class Budget {
   public:
+    explicit Budget(int fewest = 2) : fewest_(fewest) {}
+
     bool AllowsAnother(bool settled) {
-        constexpr int fewest = 2;
         constexpr auto longest = std::chrono::seconds(8);
-        return rounds_++ < fewest || (!settled && std::chrono::steady_clock::now() - begun_ < longest);
+        return rounds_++ < fewest_ || (!settled && std::chrono::steady_clock::now() - begun_ < longest);
     }
 
   private:
+    const int fewest_;
     const std::chrono::steady_clock::time_point begun_ = std::chrono::steady_clock::now();
     int rounds_ = 0;
 };

@@ -24,7 +24,8 @@ import tempfile
 FRAME = 16.0  # milliseconds in which a keystroke or a command has to be answered
 # By how much a line may grow beyond n log n from one size to the next, ten times as large: caches end.
 GROWTH_SLACK = 2.0
-# A line is measured once, and three times more if it came so close to a limit or went beyond it.
+# A line is measured once, and three times more if it came so close to a limit or went beyond it. How it grows is told by
+# its instructions where its time does not say so.
 CLOSE = 0.8
 FILTER = {100_000: FRAME, 1_000_000: 10 * FRAME}  # a keystroke in the picker's filter
 COMMAND = {10_000: FRAME, 100_000: 10 * FRAME}
@@ -171,17 +172,11 @@ def close_to_a_limit(times):
     """The benchmarks of which a single measurement does not say whether they meet their limits."""
     found = set()
     for _, ours, reference, ratio_limit, allowed in NATIVE:
-        before = None
-        for size, time in sorted(times[ours].items()):
-            close = time > CLOSE * allowed.get(size, math.inf)
-            if before is not None:
-                close = close or time / times[ours][before] > CLOSE * growth_limit(before, size)
+        for size, time in times[ours].items():
+            if time > CLOSE * allowed.get(size, math.inf):
+                found.add((ours, size))
             if ratio_limit is not None and time / times[reference][size] > CLOSE * ratio_limit:
-                close = True
-                found.add((reference, size))
-            if close:
-                found.update((ours, each) for each in (before, size) if each is not None)
-            before = size
+                found.update({(ours, size), (reference, size)})
     return found
 
 
