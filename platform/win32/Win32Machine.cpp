@@ -114,13 +114,6 @@ class AdministratorsAccess {
     SECURITY_ATTRIBUTES attributes_{sizeof(SECURITY_ATTRIBUTES), nullptr, FALSE};
 };
 
-void ReleaseAndClose(void*& mutex) {
-    if (mutex == nullptr) return;
-    ReleaseMutex(mutex);
-    CloseHandle(mutex);
-    mutex = nullptr;
-}
-
 }  // namespace
 
 bool Win32InstanceLock::IsHeldByAnother(const std::wstring& name) {
@@ -129,10 +122,10 @@ bool Win32InstanceLock::IsHeldByAnother(const std::wstring& name) {
 
 Win32Code Win32InstanceLock::Acquire(const std::wstring& name) {
     Release();
-    mutex_ = CreateMutexW(nullptr, TRUE, name.c_str());
+    mutex_.reset(CreateMutexW(nullptr, TRUE, name.c_str()));
     if (mutex_ == nullptr) return GetLastError();
     AdministratorsAccess access;
-    globalMutex_ = CreateMutexW(access.Attributes(), TRUE, InAllSessions(name).c_str());
+    globalMutex_.reset(CreateMutexW(access.Attributes(), TRUE, InAllSessions(name).c_str()));
     if (globalMutex_ != nullptr) return code::Success;
     const Win32Code error = GetLastError();
     Release();
@@ -140,8 +133,13 @@ Win32Code Win32InstanceLock::Acquire(const std::wstring& name) {
 }
 
 void Win32InstanceLock::Release() {
-    ReleaseAndClose(globalMutex_);
-    ReleaseAndClose(mutex_);
+    globalMutex_.reset();
+    mutex_.reset();
+}
+
+void Win32InstanceLock::ReleaseAndClose::operator()(void* mutex) const {
+    ReleaseMutex(mutex);
+    CloseHandle(mutex);
 }
 
 int64_t Win32Clock::SecondsSince1970() const {

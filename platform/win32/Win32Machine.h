@@ -1,6 +1,7 @@
 // This machine, as the program is given it: what platform/Machine.h asks for, made of the system's own parts.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -70,8 +71,13 @@ class Win32InstanceLock final : public InstanceLock {
     void Release() override;
 
   private:
-    void* mutex_ = nullptr;
-    void* globalMutex_ = nullptr;
+    struct ReleaseAndClose {
+        void operator()(void* mutex) const;
+    };
+    using Mutex = std::unique_ptr<void, ReleaseAndClose>;
+
+    Mutex mutex_;
+    Mutex globalMutex_;
 };
 
 class Win32ScreenMetrics final : public ScreenMetrics {

@@ -19,6 +19,12 @@ NOT_CODE = re.compile(r"^\s*(//|#|using |namespace |\}|static_assert|template|cl
                       r"(\{[-0-9A-Fx, ]+\},?\s*)+$)")  # the last: tables of code points
 
 
+# A zero that these messages have no use for.
+UNUSED = re.compile(r"\b(WM_(GETFONT|SETREDRAW|SYSCOLORCHANGE)|CB_(ADDSTRING|GETDROPPED\w+)|LB_ADDSTRING|"
+                    r"LVM_(SETSELECTIONMARK|SUBITEMHITTEST)|EM_GETSEL|UDM_SETPOS32|"
+                    r"TTM_(ACTIVATE|ADDTOOLW|DELTOOLW|NEWTOOLRECTW|RELAYEVENT))[^;]*, 0$")
+
+
 class Change:
     """One line of a file as it is and as it is to be."""
 
@@ -44,9 +50,11 @@ def changes_of(folder, path):
         if NOT_CODE.match(line):
             continue
         code = line.split("//")[0].rstrip()
+        tried = {code}
         for pattern, replacement in OPERATORS:
             for match in re.finditer(pattern, code):
                 new = replacement(match) if callable(replacement) else match.expand(replacement)
                 changed = code[: match.start()] + new + code[match.end():]
-                if changed != code:
+                if changed not in tried and not UNUSED.search(code[: match.end()]):
+                    tried.add(changed)
                     yield Change(path, number, line, changed)

@@ -8,9 +8,8 @@
 namespace ui::win32 {
 namespace {
 
-// The system's index, which is -1 for none.
 WPARAM SystemIndex(std::optional<size_t> index) {
-    return index ? *index : static_cast<WPARAM>(-1);
+    return index ? *index : static_cast<WPARAM>(CB_ERR);  // as for list boxes
 }
 
 std::optional<size_t> IndexOf(LRESULT systemIndex) {
@@ -30,7 +29,7 @@ bool Scrolls(HWND window) {
 HWND ScrollingWindowAt(POINT place, HWND combo) {
     const HWND window = WindowFromPoint(place);
     const HWND dialog = GetAncestor(combo, GA_ROOT);
-    return window != nullptr && IsChild(dialog, window) != FALSE && Scrolls(window) ? window : nullptr;
+    return IsChild(dialog, window) != FALSE && Scrolls(window) ? window : nullptr;
 }
 
 LRESULT CALLBACK GuardWheel(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -62,9 +61,8 @@ void KeepWheelFromChoosing(HWND combo) {
     Guard(combo, combo);
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;
-    if (GetComboBoxInfo(combo, &parts) == FALSE) return;
-    const bool isEditable = parts.hwndItem != nullptr && parts.hwndItem != combo;
-    if (isEditable) Guard(parts.hwndItem, combo);
+    GetComboBoxInfo(combo, &parts);
+    if (parts.hwndItem != combo) Guard(parts.hwndItem, combo);  // an edit; where there is none, nothing is noted
 }
 
 }  // namespace
@@ -152,15 +150,12 @@ void ListBoxMirror::Show(Aspect aspect) {
 }
 
 void ListBoxMirror::ShowItems() const {
-    const bool redraw = IsWindowVisible(Window()) != FALSE;
+    const RedrawPause pause(Window());
     const LRESULT top = Send(LB_GETTOPINDEX);
-    if (redraw) Send(WM_SETREDRAW, FALSE);
     Send(LB_RESETCONTENT);
     for (const std::wstring& item : list_.Items()) Send(LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
     Send(LB_SETTOPINDEX, static_cast<WPARAM>(top));
     Send(LB_SETCURSEL, SystemIndex(list_.Selected()));
-    if (redraw) Send(WM_SETREDRAW, TRUE);
-    InvalidateRect(Window(), nullptr, TRUE);
 }
 
 void ListBoxMirror::OnCommand(int notification) {

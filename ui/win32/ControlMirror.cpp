@@ -9,6 +9,19 @@ std::wstring TextOf(HWND window) {
     return text;
 }
 
+// Switching drawing back on would make a hidden window appear.
+RedrawPause::RedrawPause(HWND window)
+    : window_(window),
+      paused_((GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0) {
+    if (paused_) SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+}
+
+RedrawPause::~RedrawPause() {
+    if (!paused_) return;
+    SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
 void ControlMirror::ShowText() {
     // Setting an equal text would still move the caret of an edit to its beginning.
     if (const std::wstring text = ShownText(); TextOf(window_) != text) SetWindowTextW(window_, text.c_str());

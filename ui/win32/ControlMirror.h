@@ -15,6 +15,19 @@ namespace ui::win32 {
 // The whole text of a window.
 std::wstring TextOf(HWND window);
 
+// Keeps a window from laying itself out and drawing at every step of a change: it does so once, at the end.
+class RedrawPause {
+  public:
+    explicit RedrawPause(HWND window);
+    ~RedrawPause();
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
+
+  private:
+    const HWND window_;
+    const bool paused_;
+};
+
 class ControlMirror {
   public:
     ControlMirror(Control& control, HWND window) : control_(control), window_(window) {}

@@ -211,7 +211,6 @@ void DialogWindow::LetSessionEnd() {
 }
 
 ControlMirror* DialogWindow::MirrorOf(HWND window) const {
-    if (window == nullptr) return nullptr;
     for (const auto& mirror : mirrors_)
         if (mirror->Window() == window) return mirror.get();
     return nullptr;

@@ -54,8 +54,7 @@ void TaskModality::EndBefore(HWND modal) {
 }
 
 void TaskModality::Enable() {
-    for (const HWND window : std::exchange(disabled_, {}))
-        if (IsWindow(window) != FALSE) EnableWindow(window, TRUE);
+    for (const HWND window : std::exchange(disabled_, {})) EnableWindow(window, TRUE);  // refused for one that is gone
 }
 
 DialogWindow::DialogWindow(Dialog& dialog, ExceptionTaker taker) : dialog_(dialog), taker_(std::move(taker)) {}

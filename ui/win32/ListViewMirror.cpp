@@ -5,30 +5,6 @@
 #include "platform/win32/Resolution.h"
 
 namespace ui::win32 {
-namespace {
-
-// Keeps a window from laying itself out and drawing at every step of a change: it does so once, at the end.
-class RedrawPause {
-  public:
-    // Switching drawing back on would make a hidden window appear.
-    explicit RedrawPause(HWND window)
-        : window_(window),
-          paused_((GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0) {
-        if (paused_) SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
-    }
-    ~RedrawPause() {
-        if (paused_) SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
-        if (IsWindowVisible(window_) != FALSE) InvalidateRect(window_, nullptr, TRUE);
-    }
-    RedrawPause(const RedrawPause&) = delete;
-    RedrawPause& operator=(const RedrawPause&) = delete;
-
-  private:
-    const HWND window_;
-    const bool paused_;
-};
-
-}  // namespace
 
 HWND ListViewMirror::Header() const {
     return reinterpret_cast<HWND>(Send(LVM_GETHEADER));

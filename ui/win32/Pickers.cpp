@@ -54,7 +54,6 @@ const wchar_t* Extension(const std::wstring& extension) {
 
 // Name and pattern of each filter, each ended by a zero; one more zero ends it all as a C text.
 std::wstring FilterOf(const FilePicker& picker) {
-    if (picker.filterName.empty()) return {};
     std::wstring filters = picker.filterName + L'\0' + picker.filterPattern + L'\0';
     for (const FileFilter& filter : picker.furtherFilters) filters += filter.name + L'\0' + filter.pattern + L'\0';
     return filters;
@@ -85,7 +84,7 @@ std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker) {
     OPENFILENAMEW request{};
     request.lStructSize = sizeof request;
     request.hwndOwner = owner;
-    request.lpstrFilter = filter.empty() ? nullptr : filter.c_str();
+    request.lpstrFilter = filter.c_str();
     request.lpstrFile = path.data();
     request.nMaxFile = static_cast<DWORD>(path.size());
     request.lpstrInitialDir = picker.initialFolder.empty() ? nullptr : picker.initialFolder.c_str();

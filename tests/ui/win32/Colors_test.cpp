@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <set>
+#include <utility>
+#include <vector>
 
 #include "tests/support/win32/ColorScheme.h"
 #include "tests/support/win32/Pictures.h"
@@ -76,6 +78,34 @@ TEST(Colors, DisabledPicturesAreDrawnInTheInkWhereTheyAreDark) {
         strongest = std::max(strongest, color >> 16);
     }
     EXPECT_GT(strongest, 0x80U);
+}
+
+ui::win32::IconHandle IconOf(COLORREF color) {
+    constexpr int size = 16;
+    std::vector<uint32_t> points(size * size, 0xFF000000 | PointOf(color));
+    const std::vector<uint8_t> opaque(size * size / 8);
+    const HBITMAP drawing = CreateBitmap(size, size, 1, 32, points.data());
+    const HBITMAP mask = CreateBitmap(size, size, 1, 1, opaque.data());
+    ICONINFO parts{TRUE, 0, 0, mask, drawing};
+    ui::win32::IconHandle icon(CreateIconIndirect(&parts));
+    DeleteObject(drawing);
+    DeleteObject(mask);
+    return icon;
+}
+
+// By how light the eye takes it to be: of white a quarter is left.
+TEST(Colors, EachColorOfADisabledPictureLiesBetweenInkAndGround) {
+    const ColorScheme scheme({RGB(200, 100, 40), RGB(10, 50, 90)});
+    const std::vector<std::pair<COLORREF, COLORREF>> cases{{RGB(0, 0, 0), RGB(10, 50, 90)},
+                                                           {RGB(0, 0, 255), RGB(25, 54, 86)},
+                                                           {RGB(255, 0, 0), RGB(51, 61, 79)},
+                                                           {RGB(0, 255, 0), RGB(93, 72, 68)},
+                                                           {RGB(255, 255, 255), RGB(152, 87, 52)}};
+    for (const auto& [color, expected] : cases) {
+        const Points pale = PointsOf(ui::win32::FadedPicture(IconOf(color).get()).get());
+        ASSERT_FALSE(pale.colors.empty());
+        for (const uint32_t found : pale.colors) ASSERT_EQ(found, PointOf(expected)) << color;
+    }
 }
 
 // Which windows are told that the colours changed.

@@ -1,7 +1,9 @@
 // The mouse wheel over drop-down lists.
 #include <windows.h>
 
+#include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/Input.h"
+#include "tests/support/win32/Subclass.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/ui/Gallery.h"
 
@@ -63,6 +65,48 @@ TEST_F(MouseWheel, OverAClosedListScrollsWhatIsUnderTheMouse) {
         EXPECT_EQ(TopRow(rows), top);
         gallery_.rows.Enable(true);
     });
+}
+
+TEST_F(MouseWheel, OverWhatDoesNotScrollIsHeardByNobody) {
+    Run([this] {
+        int heard = 0;
+        const Subclass button(Window(gallery::Apply), [&heard](UINT message, WPARAM, LPARAM) {
+            heard += message == WM_MOUSEWHEEL ? 1 : 0;
+            return std::optional<LRESULT>();
+        });
+        const HWND kinds = Window(gallery::Kinds);
+        const POINT mouse = Middle(Window(gallery::Apply));
+        Turn(kinds, mouse);
+        EXPECT_EQ(heard, 0);
+        EXPECT_EQ(SendMessageW(kinds, WM_MOUSEWHEEL, 0, MAKELPARAM(mouse.x, mouse.y)), 0);
+    });
+}
+
+int noted = 0;
+
+using SetNote = BOOL WINAPI(HWND, const wchar_t*, HANDLE);
+SetNote* setNote = nullptr;
+BOOL WINAPI CountNoted(HWND window, const wchar_t* name, HANDLE value) {
+    const BOOL done = setNote(window, name, value);
+    if (done != FALSE) ++noted;
+    return done;
+}
+using RemoveNote = HANDLE WINAPI(HWND, const wchar_t*);
+RemoveNote* removeNote = nullptr;
+HANDLE WINAPI CountForgotten(HWND window, const wchar_t* name) {
+    --noted;
+    return removeNote(window, name);
+}
+
+// The system does not do it for the program.
+TEST_F(MouseWheel, WhatIsNotedAboutAWindowGoesWithIt) {
+    const ImportHook set("SetPropW", CountNoted);
+    const ImportHook remove("RemovePropW", CountForgotten);
+    setNote = set.Real<SetNote>();
+    removeNote = remove.Real<RemoveNote>();
+    noted = 0;
+    Run([] { EXPECT_GE(noted, 6); });  // two for each of two combo boxes and an edit
+    EXPECT_EQ(noted, 0);
 }
 
 TEST_F(MouseWheel, ScrollsAnOpenList) {

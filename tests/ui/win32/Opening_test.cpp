@@ -6,10 +6,15 @@
 #include <commctrl.h>
 
 #include <array>
+#include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/win32/ImportHook.h"
+#include "tests/support/win32/Subclass.h"
+#include "tests/support/win32/Win32Robot.h"
 #include "tests/ui/Gallery.h"
 
 namespace tests {
@@ -88,6 +93,39 @@ TEST_F(Opening, WhatADialogHasBecomeWhenItOpensIsShownOnce) {
         EXPECT_EQ(pictures, 6);  // of the window, two; of a button, of a sign, and of a header, two
         EXPECT_EQ(columns, 3);
         EXPECT_EQ(user_.Text(gallery::Name), L"2");
+    });
+}
+
+// Whether drawing was switched off (0) or on (1) by each message that did, and what is to be drawn in the end.
+std::vector<WPARAM> SwitchesWhile(HWND window, const std::function<void()>& change) {
+    std::vector<WPARAM> switches;
+    const Subclass hearing(window, [&switches](UINT message, WPARAM wParam, LPARAM) {
+        if (message == WM_SETREDRAW) switches.push_back(wParam);
+        return std::optional<LRESULT>();
+    });
+    UpdateWindow(window);
+    change();
+    return switches;
+}
+
+TEST_F(Opening, AListThatIsChangedInManyStepsDrawsOnce) {
+    Run([this] {
+        const std::vector<std::pair<ui::Control*, std::function<void()>>> changes{
+            {&gallery_.rows,
+             [this] {
+                 gallery_.rows.SetColumns({{L"Only", 90}});
+             }},
+            {&gallery_.names, [this] {
+                 gallery_.names.Replace({L"one", L"two"});
+             }}};
+        for (const auto& [control, change] : changes) {
+            const HWND window = GetDlgItem(WindowOf(gallery_), control->Id());
+            EXPECT_EQ(SwitchesWhile(window, change), (std::vector<WPARAM>{FALSE, TRUE}));
+            EXPECT_NE(GetUpdateRect(window, nullptr, FALSE), FALSE);
+            control->Show(false);
+            EXPECT_EQ(SwitchesWhile(window, change), std::vector<WPARAM>());  // it would appear
+            EXPECT_EQ(IsWindowVisible(window), FALSE);
+        }
     });
 }
 

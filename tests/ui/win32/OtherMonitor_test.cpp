@@ -35,7 +35,8 @@ class OtherMonitor : public GalleryTest {
     void MoveAway() { MoveTo(WindowsHabits::SecondMonitor, 20); }
     void Return(const std::vector<ui::Rect>& before) { MoveTo(before.front().x, before.front().y); }
     void Tell(uint32_t dpi, const RECT& suggested) {
-        SendMessageW(Window(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+        const WPARAM both = MAKEWPARAM(dpi, dpi);
+        EXPECT_EQ(SendMessageW(Window(), WM_DPICHANGED, both, reinterpret_cast<LPARAM>(&suggested)), 0);
     }
 };
 

@@ -11,35 +11,12 @@
 
 #include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/OpenedWindows.h"
+#include "tests/support/win32/Subclass.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/ui/Gallery.h"
 
 namespace tests {
 namespace {
-
-// Stands before a window's own procedure while one lives.
-class Subclass {
-  public:
-    // The handler returns nothing for what the window is to answer itself.
-    using Handler = std::function<std::optional<LRESULT>(UINT message, WPARAM wParam, LPARAM lParam)>;
-
-    Subclass(HWND window, Handler handler) : window_(window), handler_(std::move(handler)) {
-        SetWindowSubclass(window_, Procedure, 1, reinterpret_cast<DWORD_PTR>(this));
-    }
-    ~Subclass() { RemoveWindowSubclass(window_, Procedure, 1); }
-    Subclass(const Subclass&) = delete;
-    Subclass& operator=(const Subclass&) = delete;
-
-  private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
-                                      DWORD_PTR self) {
-        const auto answer = reinterpret_cast<Subclass*>(self)->handler_(message, wParam, lParam);
-        return answer ? *answer : DefSubclassProc(window, message, wParam, lParam);
-    }
-
-    const HWND window_;
-    const Handler handler_;
-};
 
 class SystemHabits : public GalleryTest {
   protected:
@@ -83,10 +60,11 @@ TEST_F(SystemHabits, SpaceAndDeleteActOnWhatTheListShows) {
                 const HWND list = Window(gallery::Rows);
                 SetState(list, 6, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
                 SetState(list, 8, LVIS_SELECTED, LVIS_SELECTED);
+                SetState(list, 0, LVIS_SELECTED, LVIS_SELECTED);
             }
             EXPECT_EQ(gallery_.rows.SelectedRows(), std::vector<size_t>{1});
             user_.Press(key);
-            EXPECT_EQ(gallery_.rows.SelectedRows(), (std::vector<size_t>{1, 6, 8}));
+            EXPECT_EQ(gallery_.rows.SelectedRows(), (std::vector<size_t>{0, 1, 6, 8}));
             EXPECT_EQ(gallery_.rows.FocusedRow(), size_t{6});
             EXPECT_EQ(gallery_.rows.IsChecked(6), key == Key::Space);
             EXPECT_EQ(gallery_.rows.IsChecked(1), key == Key::Space);
