@@ -7,7 +7,6 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace text {
 
@@ -21,10 +20,12 @@ class CompactText {
     requires(!std::same_as<Text, CompactText>) CompactText(const Text& text) : block_(BlockOf(text)) {}
     CompactText(const CompactText& other) : block_(BlockOf(other)) {}
     CompactText(CompactText&&) noexcept = default;
-    CompactText& operator=(CompactText other) noexcept {
-        block_ = std::move(other.block_);
+    CompactText& operator=(const CompactText& other) {
+        Block copy = BlockOf(other);  // of itself, too
+        block_.swap(copy);
         return *this;
     }
+    CompactText& operator=(CompactText&&) noexcept = default;
     ~CompactText() = default;
 
     operator std::wstring_view() const {

@@ -31,6 +31,13 @@ TEST_F(GalleryTest, PicturesAndWindowsShowTheirDrawing) {
     });
 }
 
+// So that a button that paints itself has no text either.
+TEST(Pictures, TheEmptyOneIsOnePointThroughWhichTheGroundIsSeen) {
+    const ui::win32::IconHandle empty = ui::win32::EmptyPicture();
+    for (const uint32_t ground : {0U, White, 0x123456U})
+        EXPECT_EQ(PointsOf(empty.get(), ground), (Points{{1, 1}, {ground}}));
+}
+
 TEST(Pictures, AreAllDifferent) {
     for (const int size : {16, 32, 96})
         for (const ui::Icon one : AllPictures())

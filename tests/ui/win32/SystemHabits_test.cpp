@@ -109,6 +109,17 @@ TEST_F(SystemHabits, AMenuStaysTheSameWhileOnlyTheStatesOfItsItemsChange) {
     });
 }
 
+// From the selection mark on the system selects when the user holds Shift.
+TEST_F(SystemHabits, ARowThatTheProgramSelectsIsWhereARangeBegins) {
+    Run([this] {
+        const auto mark = [this] { return SendMessageW(Window(gallery::Rows), LVM_GETSELECTIONMARK, 0, 0); };
+        gallery_.rows.SelectOnly(3);
+        EXPECT_EQ(mark(), 3);
+        gallery_.FillRows(10);
+        EXPECT_EQ(mark(), -1);
+    });
+}
+
 // How the list of one system tells of what the user takes back with Shift held.
 TEST_F(SystemHabits, ARangeOfRowsIsTakenBack) {
     Run([this] {
@@ -126,6 +137,16 @@ TEST_F(SystemHabits, ARangeOfRowsIsTakenBack) {
         change.uOldState = LVIS_SELECTED;
         SendMessageW(WindowOf(gallery_), WM_NOTIFY, gallery::Rows, reinterpret_cast<LPARAM>(&change));
         EXPECT_EQ(gallery_.rows.SelectedRows(), (std::vector<size_t>{0, 1, 2}));
+    });
+}
+
+// The guide opens by F1: to the system no control has help of its own.
+TEST_F(SystemHabits, NoControlHasAHelpTopicOfTheSystems) {
+    Run([this] {
+        const HWND window = WindowOf(gallery_);
+        EXPECT_EQ(GetWindowContextHelpId(window), 0U);
+        for (const ui::Control* control : gallery_.Controls())
+            EXPECT_EQ(GetWindowContextHelpId(Window(control->Id())), 0U) << control->Id();
     });
 }
 
