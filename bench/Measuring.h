@@ -61,7 +61,8 @@ class Pairs {
   private:
     static double Median(std::vector<double> values) {
         std::sort(values.begin(), values.end());
-        return values[values.size() / 2];
+        const size_t middle = values.size() / 2;
+        return values.size() % 2 != 0 ? values[middle] : (values[middle - 1] + values[middle]) / 2;
     }
 
     std::vector<double> ours_;
