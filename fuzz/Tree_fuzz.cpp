@@ -106,7 +106,7 @@ Configuration AsFoundAgain(Configuration configuration) {
     return configuration;
 }
 
-// Every entry was a value of the tree, or stands in a gap of at most 256 before one or behind the last.
+// Every entry was a value of the tree, or stands in a gap of at most 256 before one or after the last.
 void CheckSize(const Configuration& configuration, size_t values) {
     size_t entries = 0;
     size_t lists = 0;
