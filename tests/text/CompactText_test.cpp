@@ -58,6 +58,7 @@ TEST(CompactText, ComparesLikeAnyText) {
     const CompactText compact(L"text");
     EXPECT_TRUE(compact == CompactText(L"text"));
     EXPECT_FALSE(compact == CompactText(L"texts"));
+    EXPECT_FALSE(compact == CompactText(L"next"));
     EXPECT_TRUE(compact != CompactText());
     EXPECT_TRUE(CompactText() == CompactText(L""));
     EXPECT_TRUE(compact == std::wstring(L"text"));
