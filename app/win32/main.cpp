@@ -2,7 +2,6 @@
 #include <windows.h>
 
 #include "app/BrisgateApp.h"
-#include "platform/win32/Module.h"
 #include "platform/win32/Win32Machine.h"
 #include "ui/win32/Pickers.h"
 #include "ui/win32/Win32Screen.h"
@@ -10,9 +9,6 @@
 int WINAPI wWinMain(HINSTANCE /*instance*/, HINSTANCE /*previous*/, wchar_t* /*commandLine*/, int /*show*/) {
     // First of all: the library may ask for another kind of apartment, in which no file dialog would open.
     const ui::win32::ComponentApartment apartment;
-    platform::win32::LoadFromSystemOnly();
-    // The library may block for minutes, which is no reason to offer the user to end the program.
-    DisableProcessWindowsGhosting();
     platform::win32::Win32Machine machine;
     ui::win32::Win32Screen screen(machine.ScreenMetrics);
     platform::win32::Win32Guide guide;

@@ -1,24 +1,25 @@
 #include "platform/win32/Module.h"
 
 namespace platform::win32 {
+namespace {
+
+constexpr DWORD LongestPath = 0x8000;  // of all that the system has, with its NUL
+
+}  // namespace
 
 void UnloadModule::operator()(void* module) const {
     FreeLibrary(static_cast<HMODULE>(module));
 }
 
 std::wstring ProgramFolder() {
-    constexpr DWORD LongestPath = 0x8000;  // of all that the system has, with its NUL
     std::wstring path(LongestPath, L'\0');
     path.resize(GetModuleFileNameW(nullptr, path.data(), LongestPath));
-    const size_t end = path.rfind(L'\\');
-    return end == std::wstring::npos ? std::wstring() : path.substr(0, end);
+    return path.substr(0, path.rfind(L'\\'));
 }
 
 std::wstring SystemFolder() {
-    std::wstring path(MAX_PATH, L'\0');
-    const UINT length = GetSystemDirectoryW(path.data(), static_cast<UINT>(path.size()));
-    if (length >= path.size()) return {};
-    path.resize(length);
+    std::wstring path(LongestPath, L'\0');
+    path.resize(GetSystemDirectoryW(path.data(), LongestPath));
     return path;
 }
 

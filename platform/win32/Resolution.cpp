@@ -14,9 +14,7 @@ Function* Newer(const char* name) {
 // The resolution at which the system gives what it measures without being asked for one.
 uint32_t SystemDpi() {
     constexpr uint32_t Unscaled = 96;
-    const HDC screen = GetDC(nullptr);
-    const int dpi = GetDeviceCaps(screen, LOGPIXELSX);
-    ReleaseDC(nullptr, screen);
+    const int dpi = GetDeviceCaps(ScreenCanvas().Handle(), LOGPIXELSX);
     return dpi == 0 ? Unscaled : static_cast<uint32_t>(dpi);
 }
 

@@ -8,6 +8,20 @@
 
 namespace platform::win32 {
 
+// The screen as a whole, to be asked what holds for all that is drawn upon it.
+class ScreenCanvas {
+  public:
+    ScreenCanvas() : canvas_(GetDC(nullptr)) {}
+    ~ScreenCanvas() { ReleaseDC(nullptr, canvas_); }
+    ScreenCanvas(const ScreenCanvas&) = delete;
+    ScreenCanvas& operator=(const ScreenCanvas&) = delete;
+
+    HDC Handle() const { return canvas_; }
+
+  private:
+    const HDC canvas_;
+};
+
 // Of the monitor that shows the window; 96 where there is no scaling.
 uint32_t DpiOf(HWND window);
 // Pixels of a window part (SM_...) at a resolution.

@@ -51,7 +51,7 @@ Win32Code Win32Files::Size(FileHandle file, uint64_t& bytes) {
 }
 
 Win32Code Win32Files::Read(FileHandle file, std::span<std::byte> buffer, uint32_t& bytesRead) {
-    DWORD count = 0;
+    DWORD count{};
     const BOOL succeeded = ReadFile(SystemHandle(file), buffer.data(), Length(buffer.size()), &count, nullptr);
     const Win32Code answer = LastErrorUnless(succeeded);
     bytesRead = count;
@@ -59,7 +59,7 @@ Win32Code Win32Files::Read(FileHandle file, std::span<std::byte> buffer, uint32_
 }
 
 Win32Code Win32Files::Write(FileHandle file, std::span<const std::byte> data, uint32_t& bytesWritten) {
-    DWORD count = 0;
+    DWORD count{};
     const BOOL succeeded = WriteFile(SystemHandle(file), data.data(), Length(data.size()), &count, nullptr);
     const Win32Code answer = LastErrorUnless(succeeded);
     bytesWritten = count;

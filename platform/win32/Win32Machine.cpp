@@ -14,6 +14,11 @@
 #include "platform/win32/Resolution.h"
 
 namespace platform::win32 {
+
+Win32Machine::Win32Machine() {
+    LoadFromSystemOnly();
+}
+
 namespace {
 
 int CharacterCount(size_t characters) {
@@ -66,7 +71,7 @@ std::wstring MessageText(DWORD table, const void* module, Win32Code code) {
     const DWORD length = FormatMessageW(flags, module, code, MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL),
                                         reinterpret_cast<wchar_t*>(&text), 0, nullptr);
     const std::unique_ptr<wchar_t, FreeLocal> owner(text);
-    return length == 0 || text == nullptr ? std::wstring() : std::wstring(text, length);
+    return length == 0 ? std::wstring() : std::wstring(text, length);
 }
 
 }  // namespace
@@ -77,7 +82,6 @@ std::wstring Win32SystemMessages::SystemText(Win32Code code) const {
 
 std::wstring Win32SystemMessages::InternetText(Win32Code code) const {
     const Module wininet = LoadResources(SystemFolder() + L"\\wininet.dll");
-    if (!wininet) return {};
     return MessageText(FORMAT_MESSAGE_FROM_HMODULE, wininet.get(), code);
 }
 
@@ -121,7 +125,6 @@ bool Win32InstanceLock::IsHeldByAnother(const std::wstring& name) {
 }
 
 Win32Code Win32InstanceLock::Acquire(const std::wstring& name) {
-    Release();
     mutex_.reset(CreateMutexW(nullptr, TRUE, name.c_str()));
     if (mutex_ == nullptr) return GetLastError();
     AdministratorsAccess access;

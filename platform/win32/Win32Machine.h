@@ -122,7 +122,8 @@ class Win32Guide final : public Guide {
 
 // Owns the parts to which Machine refers.
 struct Win32Machine {
-    Win32Machine() = default;
+    // From then on, what the process loads by a bare name comes from the system's own folder.
+    Win32Machine();
     Win32Machine(const Win32Machine&) = delete;
     Win32Machine& operator=(const Win32Machine&) = delete;
     ~Win32Machine() = default;

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "platform/win32/Length.h"
@@ -32,28 +33,14 @@ Win32Code OpenBelow(HKEY parent, const std::wstring& path, KeyHandle& key) {
     return Answer(status);
 }
 
-bool IsText(ValueType type) {
-    return type == ValueType::String || type == ValueType::ExpandString || type == ValueType::StringList;
-}
-
-bool EndsWithNul(std::span<const std::byte> data) {
-    return data.size() >= 2 && data.size() % 2 == 0 && data[data.size() - 1] == std::byte{0} &&
-           data[data.size() - 2] == std::byte{0};
-}
-
-LSTATUS SetBytes(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) {
-    return RegSetValueExW(SystemHandle(key), name.c_str(), 0, static_cast<DWORD>(type),
-                          reinterpret_cast<const BYTE*>(data.data()), Length(data.size()));
-}
+constexpr size_t GuardLength = sizeof(wchar_t);
 
 // Where a text does not end with a NUL, the system looks at the character after it and takes it in when it
 // is NUL. So that exactly the given bytes are stored, other characters stand around them.
-LSTATUS SetUnterminated(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) {
-    constexpr size_t margin = 2 * sizeof(wchar_t);
-    std::string guarded(margin, '\xFF');
-    for (const std::byte byte : data) guarded += static_cast<char>(byte);
-    guarded.append(margin, '\xFF');
-    return SetBytes(key, name, type, std::as_bytes(std::span(guarded)).subspan(margin, data.size()));
+std::vector<std::byte> Guarded(std::span<const std::byte> data) {
+    std::vector<std::byte> guarded(data.size() + 2 * GuardLength, std::byte{0xFF});
+    std::copy(data.begin(), data.end(), guarded.begin() + GuardLength);
+    return guarded;
 }
 
 }  // namespace
@@ -97,7 +84,7 @@ Win32Code Win32Registry::DeleteSubkey(KeyHandle parent, const std::wstring& name
 
 Win32Code Win32Registry::Query(KeyHandle key, const std::wstring& name, ValueType& type, std::span<std::byte> buffer,
                                uint32_t& size) {
-    DWORD storedType = 0;
+    DWORD storedType{};
     DWORD length = Length(buffer.size());
     BYTE* const data = buffer.empty() ? nullptr : reinterpret_cast<BYTE*>(buffer.data());
     const LSTATUS status = RegQueryValueExW(SystemHandle(key), name.c_str(), nullptr, &storedType, data, &length);
@@ -109,8 +96,9 @@ Win32Code Win32Registry::Query(KeyHandle key, const std::wstring& name, ValueTyp
 }
 
 Win32Code Win32Registry::Set(KeyHandle key, const std::wstring& name, ValueType type, std::span<const std::byte> data) {
-    const bool storedAsGiven = !IsText(type) || EndsWithNul(data);
-    return Answer(storedAsGiven ? SetBytes(key, name, type, data) : SetUnterminated(key, name, type, data));
+    const std::vector<std::byte> guarded = Guarded(data);
+    return Answer(RegSetValueExW(SystemHandle(key), name.c_str(), 0, static_cast<DWORD>(type),
+                                 reinterpret_cast<const BYTE*>(guarded.data() + GuardLength), Length(data.size())));
 }
 
 Win32Code Win32Registry::EnumerateValue(KeyHandle key, uint32_t index, std::wstring& name) {

@@ -73,7 +73,6 @@ ComboMirror::ComboMirror(ChoiceControl& combo, HWND window) : ControlMirror(comb
 
 void ComboMirror::ShowAll() {
     Show(Aspect::Items);
-    Show(Aspect::Text);
 }
 
 void ComboMirror::Show(Aspect aspect) {

@@ -66,7 +66,7 @@ void ControlMirror::MoveFocusAway() const {
     if (focus != window_ && !IsChild(window_, focus)) return;
     const HWND dialog = GetParent(window_);
     const HWND next = GetNextDlgTabItem(dialog, window_, FALSE);
-    if (next != nullptr && next != window_) SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+    SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
 }
 
 }  // namespace ui::win32

@@ -54,7 +54,6 @@ void DialogWindow::Attach(HWND window) {
 
 void DialogWindow::Detach() {
     LetSessionEnd();
-    SetWindowLongPtrW(window_, DWLP_USER, 0);
     window_ = nullptr;
     dialog_.Closed();
 }
@@ -138,8 +137,8 @@ INT_PTR DialogWindow::Reply(LRESULT result) const {
 
 void DialogWindow::OnCommand(int id, int notification, HWND control) {
     if (writing_ == 0) HearCommand(id, notification, control);
-    if (notification != EN_CHANGE) return;
-    for (const auto& mirror : mirrors_) mirror->FollowEdits();
+    if (notification == EN_CHANGE)
+        for (const auto& mirror : mirrors_) mirror->FollowEdits();
 }
 
 void DialogWindow::HearCommand(int id, int notification, HWND control) {

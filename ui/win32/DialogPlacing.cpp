@@ -134,7 +134,6 @@ void DialogWindow::OnChangedDpi(uint32_t dpi, const RECT& suggested) {
     } else {
         FitTo({suggested.left, suggested.top});
     }
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 // Everything within the window is as it would be had the dialog opened at this resolution, and had then been
@@ -170,7 +169,7 @@ void DialogWindow::LayOut(Size letter) {
 
 Size DialogWindow::OpeningSize(Size letter) const {
     const Size units = dialog_.Style().size;
-    const Rect pixels = ToPixels({0, 0, units.width, units.height}, letter);
+    const Rect pixels = ToPixels({.width = units.width, .height = units.height}, letter);
     return {pixels.width, pixels.height};
 }
 

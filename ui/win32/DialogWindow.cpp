@@ -1,6 +1,7 @@
 #include "ui/win32/DialogWindow.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "platform/win32/Resolution.h"
@@ -22,25 +23,20 @@ bool IsShownByShowAll(DialogAspect aspect) {
     return aspect != DialogAspect::MenuBar && aspect != DialogAspect::ReasonToStay;
 }
 
-BOOL CALLBACK CountOne(HWND window, LPARAM count) {
-    if (TakesInput(window)) ++*reinterpret_cast<size_t*>(count);
-    return TRUE;
-}
-
-// Never beyond what has been reserved: nothing may be thrown through the system's code.
-BOOL CALLBACK NoteOne(HWND window, LPARAM list) {
-    auto& windows = *reinterpret_cast<std::vector<HWND>*>(list);
-    if (TakesInput(window) && windows.size() < windows.capacity()) windows.push_back(window);
-    return TRUE;
+// Nothing may be thrown through the system's code.
+BOOL CALLBACK Note(HWND window, LPARAM list) noexcept {
+    try {
+        if (TakesInput(window)) reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+        return TRUE;
+    } catch (const std::bad_alloc&) {
+        return FALSE;
+    }
 }
 
 }  // namespace
 
 TaskModality::TaskModality() : activeBefore_(GetActiveWindow()) {
-    size_t count = 0;
-    EnumThreadWindows(GetCurrentThreadId(), CountOne, reinterpret_cast<LPARAM>(&count));
-    disabled_.reserve(count);
-    EnumThreadWindows(GetCurrentThreadId(), NoteOne, reinterpret_cast<LPARAM>(&disabled_));
+    EnumThreadWindows(GetCurrentThreadId(), Note, reinterpret_cast<LPARAM>(&disabled_));
     for (const HWND window : disabled_) EnableWindow(window, FALSE);
 }
 
@@ -100,8 +96,7 @@ void DialogWindow::Fail(std::exception_ptr exception) {
     } else if (!exception_) {
         exception_ = std::move(exception);
     }
-    dialog_.Close();
-    if (!HasEnded()) End(IdCancel);
+    End(IdCancel);
 }
 
 INT_PTR DialogWindow::OnInit() {
@@ -112,7 +107,7 @@ INT_PTR DialogWindow::OnInit() {
     ReportOpeningBounds();
     stage_ = Stage::Opening;
     dialog_.Opened(*this, Client(), dpi);
-    if (HasEnded()) return TRUE;
+    if (HasEnded()) return FALSE;
     ShowAll();
     stage_ = Stage::InUse;
     if (!place_) CenterOnOwner(window_);

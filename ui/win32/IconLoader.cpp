@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/win32/Module.h"
+#include "platform/win32/Resolution.h"
 
 namespace ui::win32 {
 namespace {
@@ -42,9 +43,9 @@ class Fading {
     const uint32_t ground_ = SystemColor(COLOR_BTNFACE);
 };
 
-BitmapHandle Faded(HDC screen, HBITMAP picture) {
+BitmapHandle Faded(HDC canvas, HBITMAP picture) {
     BITMAP shape{};
-    if (GetObjectW(picture, sizeof shape, &shape) == 0) return {};
+    GetObjectW(picture, sizeof shape, &shape);
     BITMAPINFO format{};
     format.bmiHeader.biSize = sizeof format.bmiHeader;
     format.bmiHeader.biWidth = shape.bmWidth;
@@ -53,10 +54,10 @@ BitmapHandle Faded(HDC screen, HBITMAP picture) {
     format.bmiHeader.biBitCount = 32;
     const auto rows = static_cast<UINT>(shape.bmHeight);
     std::vector<uint32_t> pixels(static_cast<size_t>(shape.bmWidth) * rows);
-    if (GetDIBits(screen, picture, 0, rows, pixels.data(), &format, DIB_RGB_COLORS) == 0) return {};
+    if (GetDIBits(canvas, picture, 0, rows, pixels.data(), &format, DIB_RGB_COLORS) == 0) return {};
     std::transform(pixels.begin(), pixels.end(), pixels.begin(), Fading());
     void* content = nullptr;
-    BitmapHandle faded(CreateDIBSection(screen, &format, DIB_RGB_COLORS, &content, nullptr, 0));
+    BitmapHandle faded(CreateDIBSection(canvas, &format, DIB_RGB_COLORS, &content, nullptr, 0));
     if (faded != nullptr) std::copy(pixels.begin(), pixels.end(), static_cast<uint32_t*>(content));
     return faded;
 }
@@ -64,7 +65,6 @@ BitmapHandle Faded(HDC screen, HBITMAP picture) {
 }  // namespace
 
 IconHandle LoadPicture(Icon icon, int pixels) {
-    if (icon == Icon::None) return {};
     const HANDLE image =
         LoadImageW(GetModuleHandleW(nullptr), NameOf(icon), IMAGE_ICON, pixels, pixels, LR_DEFAULTCOLOR);
     return IconHandle(static_cast<HICON>(image));
@@ -72,12 +72,10 @@ IconHandle LoadPicture(Icon icon, int pixels) {
 
 IconHandle FadedPicture(HICON icon) {
     ICONINFO parts{};
-    if (icon == nullptr || GetIconInfo(icon, &parts) == FALSE) return {};
+    if (GetIconInfo(icon, &parts) == FALSE) return {};
     const BitmapHandle mask(parts.hbmMask);
     const BitmapHandle color(parts.hbmColor);
-    const HDC screen = GetDC(nullptr);
-    const BitmapHandle faded = Faded(screen, parts.hbmColor);
-    ReleaseDC(nullptr, screen);
+    const BitmapHandle faded = Faded(platform::win32::ScreenCanvas().Handle(), parts.hbmColor);
     if (faded == nullptr) return {};
     parts.hbmColor = faded.get();
     return IconHandle(CreateIconIndirect(&parts));
@@ -85,7 +83,7 @@ IconHandle FadedPicture(HICON icon) {
 
 IconHandle EmptyPicture() {
     constexpr std::array<BYTE, 2> Keep{0xFF, 0xFF};
-    constexpr std::array<BYTE, 2> Nothing{};
+    constexpr std::array<BYTE, Keep.size()> Nothing{};
     return IconHandle(CreateIcon(GetModuleHandleW(nullptr), 1, 1, 1, 1, Keep.data(), Nothing.data()));
 }
 
@@ -137,11 +135,10 @@ ImageListHandle MakeImageList(std::span<const Icon> icons, int pixels) {
         SystemFunction<int WINAPI(HIMAGELIST, int, HICON)>(ControlsDll, "ImageList_ReplaceIcon");
     if (create == nullptr || replaceIcon == nullptr) return {};
     ImageListHandle list(create(pixels, pixels, ILC_COLOR32 | ILC_MASK, static_cast<int>(icons.size()), 0));
-    if (list == nullptr) return {};
     constexpr int AtTheEnd = -1;
     for (const Icon icon : icons) {
         const IconHandle picture = LoadPicture(icon, pixels);
-        if (picture == nullptr || replaceIcon(list.get(), AtTheEnd, picture.get()) < 0) return {};
+        if (replaceIcon(list.get(), AtTheEnd, picture.get()) < 0) return {};
     }
     return list;
 }

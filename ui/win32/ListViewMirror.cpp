@@ -107,7 +107,7 @@ void ListViewMirror::ShowArrow(size_t index) const {
     HDITEMW item{};
     item.mask = HDI_FORMAT;
     const auto place = static_cast<WPARAM>(index);
-    if (SendMessageW(Header(), HDM_GETITEMW, place, reinterpret_cast<LPARAM>(&item)) == FALSE) return;
+    SendMessageW(Header(), HDM_GETITEMW, place, reinterpret_cast<LPARAM>(&item));
     constexpr int PictureAfterTitle = HDF_IMAGE | HDF_BITMAP_ON_RIGHT;
     const bool hasArrow = column.arrow != SortArrow::None;
     item.mask = HDI_FORMAT | HDI_IMAGE;
@@ -143,7 +143,6 @@ void ListViewMirror::ShowSelection() const {
 // Some systems visit every row of the list when told to change all: that pays only where most rows are
 // selected.
 void ListViewMirror::SelectNone() const {
-    if (const int focused = Next(AllRows, LVNI_FOCUSED); focused >= 0) SetState(focused, 0, LVIS_FOCUSED);
     const auto selected = static_cast<size_t>(Send(LVM_GETSELECTEDCOUNT));
     if (selected > list_.RowCount() / 2) return SetState(AllRows, 0, LVIS_SELECTED);
     if (selected == 0) return;

@@ -48,9 +48,9 @@ void ListViewMirror::FillCell(LVITEMW& item) const {
 LRESULT ListViewMirror::FindRow(const NMLVFINDITEMW& wanted) const {
     constexpr LRESULT NoRow = -1;
     const size_t count = list_.RowCount();
-    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || count == 0) return NoRow;
+    if ((wanted.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0) return NoRow;
     const std::wstring beginning = text::Upper(wanted.lvfi.psz);
-    const size_t start = wanted.iStart < 0 ? 0 : static_cast<size_t>(wanted.iStart);
+    const auto start = static_cast<size_t>(std::max(wanted.iStart, 0));
     for (size_t i = 0; i < count; ++i) {
         const size_t row = (start + i) % count;
         if (RowBeginsWith(row, beginning)) return static_cast<LRESULT>(row);

@@ -60,7 +60,6 @@ bool MenuBar::Show(HWND window, const std::vector<Menu>& menus) {
 
 void AppendToSystemMenu(HWND window, const MenuItem& entry) {
     const HMENU menu = GetSystemMenu(window, FALSE);
-    if (menu == nullptr) return;
     AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
     AppendMenuW(menu, MF_STRING | StateOf(entry), static_cast<UINT_PTR>(entry.command), entry.text.c_str());
 }
@@ -106,7 +105,6 @@ void Tooltips::Create(HWND dialog) {
     constexpr DWORD Style = WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX;
     window_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, Style, CW_USEDEFAULT, CW_USEDEFAULT,
                               CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, GetModuleHandleW(nullptr), nullptr);
-    SendMessageW(window_, TTM_ACTIVATE, TRUE, 0);
 }
 
 void Tooltips::Add(HWND control, const std::wstring& text) {

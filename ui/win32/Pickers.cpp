@@ -35,9 +35,9 @@ Component<IFileDialog> MakeFileDialog() {
 
 void StartIn(IFileDialog& dialog, const std::wstring& folder) {
     void* found = nullptr;
-    if (folder.empty() || FAILED(SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_IShellItem, &found))) return;
+    SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_IShellItem, &found);
     const Component<IShellItem> item(static_cast<IShellItem*>(found));
-    dialog.SetFolder(item.get());
+    if (item != nullptr) dialog.SetFolder(item.get());
 }
 
 std::wstring PathOf(IShellItem& item) {

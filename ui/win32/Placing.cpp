@@ -59,8 +59,9 @@ void ResizeClient(HWND window, Size client) {
     RECT inner{};
     GetWindowRect(window, &outer);
     GetClientRect(window, &inner);
-    SetWindowPos(window, nullptr, 0, 0, outer.right - outer.left + client.width - inner.right,
-                 outer.bottom - outer.top + client.height - inner.bottom, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const int width = outer.right - outer.left + client.width - inner.right;
+    const int height = outer.bottom - outer.top + client.height - inner.bottom;
+    SetWindowPos(window, nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 Rect BoundsIn(HWND parent, HWND control) {
@@ -89,17 +90,20 @@ BOOL CALLBACK GiveFont(HWND control, LPARAM font) {
     return TRUE;
 }
 
+struct CanvasDeleter {
+    void operator()(HDC canvas) const { DeleteDC(canvas); }
+};
+using CanvasHandle = std::unique_ptr<std::remove_pointer_t<HDC>, CanvasDeleter>;
+
 // As wide as letters are on the average.
 Size AverageLetter(HFONT font) {
     constexpr std::wstring_view letters = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
-    const HDC canvas = GetDC(nullptr);
-    const HGDIOBJ before = SelectObject(canvas, font);
+    const CanvasHandle canvas(CreateCompatibleDC(nullptr));
+    SelectObject(canvas.get(), font);
     TEXTMETRICW metrics{};
     SIZE extent{};
-    GetTextMetricsW(canvas, &metrics);
-    GetTextExtentPoint32W(canvas, letters.data(), static_cast<int>(letters.size()), &extent);
-    SelectObject(canvas, before);
-    ReleaseDC(nullptr, canvas);
+    GetTextMetricsW(canvas.get(), &metrics);
+    GetTextExtentPoint32W(canvas.get(), letters.data(), static_cast<int>(letters.size()), &extent);
     return {(extent.cx / 26 + 1) / 2, metrics.tmHeight};
 }
 

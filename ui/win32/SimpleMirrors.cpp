@@ -61,7 +61,7 @@ void EditMirror::OnCommand(int notification) {
 // front.
 void EditMirror::Typed() {
     const std::wstring typed = TextOf(Window());
-    DWORD caret = 0;
+    DWORD caret{};
     Send(EM_GETSEL, 0, reinterpret_cast<LPARAM>(&caret));
     edit_.UserTyped(typed);
     if (edit_.CountRefused(typed) == 0) return;
@@ -103,9 +103,9 @@ void IconButtonMirror::LoadIcon() {
 }
 
 void IconButtonMirror::ShowIcon() {
+    static const IconHandle Empty = EmptyPicture();
     fadedIcon_ = button_.IsEnabled() ? IconHandle() : FadedPicture(icon_.get());
-    if (fadedIcon_ != nullptr && emptyIcon_ == nullptr) emptyIcon_ = EmptyPicture();
-    const IconHandle& icon = fadedIcon_ == nullptr ? icon_ : emptyIcon_;
+    const IconHandle& icon = fadedIcon_ == nullptr ? icon_ : Empty;
     Send(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon.get()));
     InvalidateRect(Window(), nullptr, TRUE);
 }

@@ -99,7 +99,6 @@ class IconButtonMirror : public ButtonMirror {
     IconButton& button_;
     IconHandle icon_;       // in the size that is shown
     IconHandle fadedIcon_;  // none: the button is enabled
-    IconHandle emptyIcon_;
 };
 
 class CheckBoxMirror : public ButtonMirror {

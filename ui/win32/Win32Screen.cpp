@@ -88,14 +88,12 @@ void RegisterControlClasses() {
 class Win32Screen::ShortcutKeys {
   public:
     ShortcutKeys() : hook_(SetWindowsHookExW(WH_MSGFILTER, FilterKeys, nullptr, GetCurrentThreadId())) {}
-    ~ShortcutKeys() {
-        if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
-    }
-    ShortcutKeys(const ShortcutKeys&) = delete;
-    ShortcutKeys& operator=(const ShortcutKeys&) = delete;
 
   private:
-    const HHOOK hook_;
+    struct Unhook {
+        void operator()(HHOOK hook) const { UnhookWindowsHookEx(hook); }
+    };
+    const std::unique_ptr<std::remove_pointer_t<HHOOK>, Unhook> hook_;
 };
 
 struct Win32Screen::Waiting {
@@ -128,13 +126,14 @@ Win32Screen::Win32Screen(const platform::ScreenMetrics& metrics)
       shortcutKeys_(std::make_unique<const ShortcutKeys>()),
       waiting_(std::make_unique<Waiting>()) {
     RegisterControlClasses();
+    // The library may block for minutes, which is no reason to offer the user to end the program.
+    DisableProcessWindowsGhosting();
 }
 
 Win32Screen::~Win32Screen() = default;
 
 int Win32Screen::RunModal(Dialog& dialog) {
-    RethrowDeferred();
-    SweepClosed();
+    CleanUp();
     DialogWindow window(dialog);
     const Asking asking(*waiting_);
     const HWND owner = HandleOf(WindowOf(dialog.Parent()));
@@ -143,8 +142,7 @@ int Win32Screen::RunModal(Dialog& dialog) {
 }
 
 void Win32Screen::OpenModeless(Dialog& dialog) {
-    RethrowDeferred();
-    SweepClosed();
+    CleanUp();
     auto window =
         std::make_unique<DialogWindow>(dialog, [this](std::exception_ptr e) { DeferException(std::move(e)); });
     DialogWindow& opened = *window;
@@ -160,7 +158,8 @@ DialogWindow* Win32Screen::WindowOf(const Dialog* dialog) const {
     return nullptr;
 }
 
-void Win32Screen::SweepClosed() {
+void Win32Screen::CleanUp() {
+    if (stray_) std::rethrow_exception(std::exchange(stray_, nullptr));
     std::erase_if(modeless_, [](const auto& window) { return window->IsOver(); });
 }
 
@@ -170,10 +169,6 @@ void Win32Screen::DeferException(std::exception_ptr exception) {
     } else if (!stray_) {
         stray_ = std::move(exception);
     }
-}
-
-void Win32Screen::RethrowDeferred() {
-    if (stray_) std::rethrow_exception(std::exchange(stray_, nullptr));
 }
 
 int Win32Screen::ShowMessageBox(const Dialog* owner, const std::wstring& text, const std::wstring& caption,

@@ -13,7 +13,8 @@ class DialogWindow;
 
 class Win32Screen : public ui::Screen {
   public:
-    // Makes list views, tooltips, up-down controls and their like known to the system.
+    // Makes list views, tooltips, up-down controls and their like known to the system, and keeps it from ending a
+    // program that does not answer for long.
     explicit Win32Screen(const platform::ScreenMetrics& metrics);
     ~Win32Screen() override;
     Win32Screen(const Win32Screen&) = delete;
@@ -34,9 +35,9 @@ class Win32Screen : public ui::Screen {
     class ShortcutKeys;
 
     DialogWindow* WindowOf(const Dialog* dialog) const;  // none when the dialog is not open
-    void SweepClosed();
     void DeferException(std::exception_ptr exception);
-    void RethrowDeferred();
+    // To be called before a window opens: throws what was deferred, and gives up the windows that are over.
+    void CleanUp();
 
     const platform::ScreenMetrics& metrics_;
     const std::unique_ptr<const ShortcutKeys> shortcutKeys_;

@@ -135,7 +135,7 @@ TEST_F(Win32CryptoLibraryTest, TheSystemShowsNoBoxOfItsOwnWhileItLoads) {
 
 TEST(ModulesTest, BareNamesAreLookedForInTheSystemAndInAddedFolders) {
     const tests::ImportHook setFolders("SetDefaultDllDirectories", NoteFolders);
-    platform::win32::LoadFromSystemOnly();
+    const platform::win32::Win32Machine machine;
     EXPECT_EQ(searchedFolders, DWORD{LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_USER_DIRS});
 }
 

@@ -61,6 +61,7 @@ LRESULT WINAPI CountColumn(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 TEST_F(Opening, WhatADialogHasBecomeWhenItOpensIsShownOnce) {
     // The first window of a process may be told of the system's colours, and load its pictures anew.
     Run([this] { gallery_.fixed.Enable(true); });
+    gallery_.hint.Show(false);
     enabled = shownOrHidden = texts = pictures = columns = 0;
     gallery_.onInit = [this] {
         for (int i = 0; i < 3; ++i) {
@@ -93,6 +94,79 @@ TEST_F(Opening, WhatADialogHasBecomeWhenItOpensIsShownOnce) {
         EXPECT_EQ(pictures, 6);  // of the window, two; of a button, of a sign, and of a header, two
         EXPECT_EQ(columns, 3);
         EXPECT_EQ(user_.Text(gallery::Name), L"2");
+    });
+}
+
+INT_PTR WINAPI NoModal(HINSTANCE, const DLGTEMPLATE*, HWND, DLGPROC, LPARAM) {
+    SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return -1;
+}
+HWND WINAPI NoModeless(HINSTANCE, const DLGTEMPLATE*, HWND, DLGPROC, LPARAM) {
+    SetLastError(ERROR_NOT_ENOUGH_MEMORY);
+    return nullptr;
+}
+
+TEST_F(Opening, ADialogThatTheSystemDoesNotOpenIsReported) {
+    const ImportHook modal("DialogBoxIndirectParamW", NoModal);
+    const ImportHook modeless("CreateDialogIndirectParamW", NoModeless);
+    for (const bool isModal : {true, false}) {
+        try {
+            isModal ? static_cast<void>(gallery_.DoModal()) : gallery_.OpenModeless();
+            FAIL() << "it has opened";
+        } catch (const ui::ScreenError& error) {
+            EXPECT_EQ(error.Operation(), L"Opening a window");
+            EXPECT_EQ(error.Code(), DWORD{ERROR_NOT_ENOUGH_MEMORY});
+        }
+    }
+}
+
+// The command that has opened it may keep the thread busy for long.
+TEST_F(Opening, AModelessDialogIsPaintedBeforeTheCommandGoesOn) {
+    Gallery other(world_->Screen());
+    other.onInit = [&other] { other.EndDialog(ui::IdCancel); };
+    other.OpenModeless();
+    EXPECT_TRUE(other.HasEnded());
+    other.onInit = nullptr;
+    other.OpenModeless();
+    EXPECT_FALSE(other.HasEnded());
+    const HWND window = WindowOf(other);
+    EXPECT_NE(IsWindowVisible(window), FALSE);
+    EXPECT_EQ(GetUpdateRect(window, nullptr, FALSE), FALSE);
+    for (const ui::Control* control : other.Controls())
+        EXPECT_EQ(GetUpdateRect(GetDlgItem(window, control->Id()), nullptr, FALSE), FALSE) << control->Id();
+    other.Close();
+}
+
+TEST_F(Opening, ADialogUsesTheFontOfTheSystemsDialogs) {
+    Run([this] {
+        LOGFONTW font{};
+        const LRESULT handle = SendMessageW(GetDlgItem(WindowOf(gallery_), gallery::Hint), WM_GETFONT, 0, 0);
+        ASSERT_NE(GetObjectW(reinterpret_cast<HFONT>(handle), sizeof font, &font), 0);
+        EXPECT_STREQ(font.lfFaceName, L"MS Shell Dlg");
+        EXPECT_EQ(font.lfHeight, -MulDiv(8, static_cast<int>(gallery_.Dpi()), 72));
+        EXPECT_EQ(font.lfWidth, 0);
+        EXPECT_EQ(font.lfWeight, FW_NORMAL);
+        EXPECT_EQ(font.lfItalic, FALSE);
+        EXPECT_EQ(font.lfCharSet, DEFAULT_CHARSET);
+    });
+}
+
+TEST_F(Opening, AControlHasTheStyleOfItsKindAndNoOther) {
+    Run([this] {
+        const auto kind = [this](int id) {
+            constexpr LONG_PTR OfTheClass = 0xFFFF;
+            return GetWindowLongPtrW(GetDlgItem(WindowOf(gallery_), id), GWL_STYLE) & OfTheClass;
+        };
+        EXPECT_EQ(kind(gallery::Hint), SS_LEFT);
+        EXPECT_EQ(kind(gallery::Name), ES_AUTOHSCROLL);
+        EXPECT_EQ(kind(gallery::Digits), ES_AUTOHSCROLL | ES_NUMBER);
+        EXPECT_EQ(kind(gallery::Notes), ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN);
+        EXPECT_EQ(kind(gallery::Fixed), ES_AUTOHSCROLL | ES_READONLY);
+        EXPECT_EQ(kind(gallery::Tick), BS_CHECKBOX | BS_NOTIFY);
+        EXPECT_EQ(kind(gallery::Frame), BS_GROUPBOX);
+        EXPECT_EQ(kind(gallery::Apply), BS_PUSHBUTTON | BS_NOTIFY);
+        EXPECT_EQ(kind(ui::IdOk), BS_DEFPUSHBUTTON | BS_NOTIFY);
+        EXPECT_EQ(GetWindowLongPtrW(WindowOf(gallery_), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
     });
 }
 
@@ -129,6 +203,29 @@ TEST_F(Opening, AListThatIsChangedInManyStepsDrawsOnce) {
     });
 }
 
+TEST_F(Opening, AColumnThatStaysAsItIsIsLeftAlone) {
+    Run([this] {
+        const ImportHook column("SendMessageW", CountColumn);
+        real<SendOne> = column.Real<SendOne>();
+        columns = 0;
+        gallery_.rows.SetColumnWidths({90, 100, 120});
+        EXPECT_EQ(columns, 0);
+        gallery_.rows.SetColumnWidths({90, 110, 120});
+        EXPECT_EQ(columns, 1);
+    });
+}
+
+TEST_F(Opening, AModelessDialogGoesWithTheScreen) {
+    auto world = World::Make();
+    Gallery other(world->Screen());
+    other.OpenModeless();
+    const HWND window = WindowOf(other);
+    EXPECT_NE(IsWindow(window), FALSE);
+    world.reset();
+    EXPECT_EQ(IsWindow(window), FALSE);
+    EXPECT_TRUE(other.HasEnded());
+}
+
 std::vector<std::wstring> HeadersOf(HWND list) {
     const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
     std::vector<std::wstring> headers;
@@ -151,6 +248,10 @@ TEST_F(Opening, AListShowsTheColumnsThatItIsGivenInPlaceOfOthers) {
         EXPECT_EQ(HeadersOf(list), (std::vector<std::wstring>{L"", L"First", L"Second"}));
         gallery_.rows.SetColumns({{L"Only", 90}});
         EXPECT_EQ(HeadersOf(list), std::vector<std::wstring>{L"Only"});
+        LVCOLUMNW column{};
+        column.mask = LVCF_SUBITEM;
+        SendMessageW(list, LVM_GETCOLUMNW, 0, reinterpret_cast<LPARAM>(&column));
+        EXPECT_EQ(column.iSubItem, 0);  // whose cells it shows
         gallery_.rows.SetColumns({{L"One", 90}, {L"Two", 40}});
         EXPECT_EQ(HeadersOf(list), (std::vector<std::wstring>{L"One", L"Two"}));
     });

@@ -1,9 +1,13 @@
 // A window that the user moves to a monitor with another resolution, and back.
 #include <windows.h>
 
+#include <commctrl.h>
+
+#include <utility>
 #include <vector>
 
 #include "tests/support/win32/Input.h"
+#include "tests/support/win32/Subclass.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/support/win32/WindowsHabits.h"
 #include "tests/ui/Gallery.h"
@@ -155,6 +159,35 @@ TEST_F(OtherMonitor, TheLastResolutionCountsWhenTheWindowIsRestored) {
         user_.Restore();
         EXPECT_EQ(gallery_.Dpi(), 96U);
         EXPECT_EQ(Places(), before);
+    });
+}
+
+// Nor is one that it has already news.
+TEST_F(OtherMonitor, NoResolutionAtAllIsNone) {
+    Run([this] {
+        const std::vector<ui::Rect> before = Places();
+        SIZE size{};
+        EXPECT_EQ(SendMessageW(Window(), WM_GETDPISCALEDSIZE, 0, reinterpret_cast<LPARAM>(&size)), FALSE);
+        for (const uint32_t dpi : {0U, 96U}) Tell(dpi, {11, 12, 300, 400});
+        EXPECT_EQ(Places(), before);
+    });
+}
+
+using Styles = std::vector<std::pair<WPARAM, LPARAM>>;
+
+// Their pictures are made for one resolution, when the style is given.
+TEST_F(OtherMonitor, AListMakesItsCheckBoxesAnew) {
+    Run([this] {
+        Styles styles;
+        const HWND list = GetDlgItem(Window(), gallery::Rows);
+        const Subclass hearing(list, [&styles](UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == LVM_SETEXTENDEDLISTVIEWSTYLE) styles.emplace_back(wParam, lParam);
+            return std::optional<LRESULT>();
+        });
+        const LRESULT all = SendMessageW(list, LVM_GETEXTENDEDLISTVIEWSTYLE, 0, 0);
+        EXPECT_NE(all & LVS_EX_CHECKBOXES, 0);
+        Tell(192, {0, 0, 900, 800});
+        EXPECT_EQ(styles, (Styles{{LVS_EX_CHECKBOXES, 0}, {0, all}}));
     });
 }
 

@@ -1,6 +1,7 @@
 // The size in which an icon is drawn follows the control, and with it the resolution of the monitor.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <vector>
 
@@ -18,6 +19,14 @@ TEST(PictureSize, APictureFillsItsControl) {
     EXPECT_EQ(PictureSizeFor({83, 84}), 80);
     EXPECT_EQ(PictureSizeFor({500, 500}), 96);
     EXPECT_EQ(PictureSizeFor({5, 5}), 16);
+}
+
+TEST(PictureSize, APictureIsTheLargestOfThoseThatAreDrawnForWhichThereIsRoom) {
+    const std::vector<int> drawn{16, 20, 24, 32, 40, 48, 56, 64, 80, 96};
+    for (int room = drawn.front(); room <= drawn.back() + 1; ++room) {
+        const auto larger = std::upper_bound(drawn.begin(), drawn.end(), room);
+        EXPECT_EQ(PictureSizeFor({room, room}), *std::prev(larger)) << room;
+    }
 }
 
 // The buttons of the main window, of the rule editor and of the extensions: each row is one resolution.

@@ -4,10 +4,13 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <shellapi.h>
+#include <shlobj.h>
 
 #include <functional>
 #include <optional>
 #include <set>
+#include <stdexcept>
 
 #include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/OpenedWindows.h"
@@ -103,9 +106,39 @@ TEST_F(SystemHabits, AMenuStaysTheSameWhileOnlyTheStatesOfItsItemsChange) {
             EXPECT_EQ(isGrayed(), !enabled);
         }
         gallery_.SetMenuBar({{L"Other", {{Open, L"Open", true}}}});
+        EXPECT_EQ(IsMenu(first), FALSE);
         std::wstring title(10, L'\0');
         title.resize(static_cast<size_t>(GetMenuStringW(shown(), 0, title.data(), 10, MF_BYPOSITION)));
         EXPECT_EQ(title, L"Other");
+        gallery_.SetMenuBar({{L"Other", {{Open, L"Again", true}}}});
+        title.resize(10);
+        title.resize(static_cast<size_t>(GetMenuStringW(shown(), Open, title.data(), 10, MF_BYCOMMAND)));
+        EXPECT_EQ(title, L"Again");
+        constexpr UINT None = ~0U;
+        EXPECT_EQ(GetMenuState(shown(), gallery::Print, MF_BYCOMMAND), None);
+        gallery_.SetMenuBar({{L"Other", {{gallery::Print, L"Again", true}}}});
+        EXPECT_NE(GetMenuState(shown(), gallery::Print, MF_BYCOMMAND), None);
+    });
+}
+
+int barsDrawn = 0;
+
+BOOL WINAPI CountBars(HWND) {
+    ++barsDrawn;
+    return TRUE;
+}
+
+TEST_F(SystemHabits, AMenuBarIsDrawnWhenItIsSeenAndSomethingInItHasChanged) {
+    using gallery::Open;
+    const ImportHook draw("DrawMenuBar", CountBars);
+    barsDrawn = 0;
+    gallery_.onInit = [this] { gallery_.SetMenuBar({{L"File", {{Open, L"Open", true}}}}); };
+    Run([this] {
+        EXPECT_EQ(barsDrawn, 0);
+        gallery_.EnableMenuItems({Open}, true);
+        EXPECT_EQ(barsDrawn, 0);
+        gallery_.EnableMenuItems({Open}, false);
+        EXPECT_EQ(barsDrawn, 1);
     });
 }
 
@@ -195,25 +228,111 @@ TEST_F(SystemHabits, ControlsMoveWhereTheSystemCannotCollectTheMoves) {
     });
 }
 
+// The caller of a message may look at what has become of it.
+TEST_F(SystemHabits, AMessageThatTheDialogHasDealtWithIsAnsweredByZero) {
+    gallery_.onInit = [this] { gallery_.AppendToSystemMenu(gallery::About, L"About"); };
+    Run([this] {
+        EXPECT_EQ(SendMessageW(WindowOf(gallery_), WM_SYSCOMMAND, gallery::About, 0), 0);
+        const HGLOBAL nothing = GlobalAlloc(GHND, sizeof(DROPFILES) + 2 * sizeof(wchar_t));
+        auto* const dropped = static_cast<DROPFILES*>(GlobalLock(nothing));
+        dropped->pFiles = sizeof(DROPFILES);
+        dropped->fWide = TRUE;
+        GlobalUnlock(nothing);
+        EXPECT_EQ(SendMessageW(WindowOf(gallery_), WM_DROPFILES, reinterpret_cast<WPARAM>(nothing), 0), 0);
+        EXPECT_EQ(gallery_.TakeHeard(), Heard{L"system menu 16"});
+    });
+}
+
+// While the user typed, the system may have hidden the mouse.
+TEST_F(SystemHabits, TheMouseIsSeenOverAListThatTheProgramDropsDown) {
+    Run([this] {
+        SetCursor(nullptr);
+        gallery_.kinds.DropDown();
+        EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
+        SendMessageW(Window(gallery::Kinds), CB_SHOWDROPDOWN, FALSE, 0);
+    });
+}
+
+// What stands on a group box would else keep pieces of what has passed over it.
+TEST_F(SystemHabits, ADialogThatChangesItsSizeDrawsAllAndMovesOnlyWhatMoves) {
+    Run([this] {
+        int draws = 0;
+        int moves = 0;
+        const Subclass label(Window(gallery::Hint), [&](UINT message, WPARAM, LPARAM) {
+            draws += message == WM_PAINT ? 1 : 0;
+            moves += message == WM_WINDOWPOSCHANGING ? 1 : 0;
+            return std::optional<LRESULT>();
+        });
+        UpdateWindow(Window(gallery::Hint));
+        draws = 0;
+        user_.Resize({10, 10});
+        EXPECT_GE(draws, 1);
+        EXPECT_EQ(moves, 0);
+    });
+}
+
+bool PressF1(HWND window, LPARAM state = 1) {
+    MSG key{};
+    key.hwnd = window;
+    key.message = WM_KEYDOWN;
+    key.wParam = VK_F1;
+    key.lParam = state;
+    return CallMsgFilterW(&key, MSGF_DIALOGBOX) != FALSE;
+}
+
 // A key that is held down comes again and again.
 TEST_F(SystemHabits, F1OpensOnePageHoweverLongItIsHeld) {
     int shown = 0;
     world_->Screen().SetGuideHandler([&shown](const ui::Dialog&) { ++shown; });
     Run([&] {
-        const auto press = [this](LPARAM state) {
-            MSG key{};
-            key.hwnd = Window(gallery::Name);
-            key.message = WM_KEYDOWN;
-            key.wParam = VK_F1;
-            key.lParam = state;
-            return CallMsgFilterW(&key, MSGF_DIALOGBOX) != FALSE;
-        };
-        EXPECT_TRUE(press(1));
+        const HWND edit = Window(gallery::Name);
+        EXPECT_TRUE(PressF1(edit));
         EXPECT_EQ(shown, 1);
-        EXPECT_TRUE(press(LPARAM{1} << 30 | 1));
+        EXPECT_TRUE(PressF1(edit, LPARAM{1} << 30 | 1));
         EXPECT_EQ(shown, 1);
-        EXPECT_TRUE(press(1));
+        EXPECT_TRUE(PressF1(edit));
         EXPECT_EQ(shown, 2);
+    });
+}
+
+TEST_F(SystemHabits, KeysAreShortcutsOnlyWhileTheDialogIsInUse) {
+    int shown = 0;
+    world_->Screen().SetGuideHandler([&shown](const ui::Dialog&) { ++shown; });
+    gallery_.onInit = [this] { EXPECT_FALSE(PressF1(WindowOf(gallery_))); };
+    Run([this] {
+        EXPECT_TRUE(PressF1(WindowOf(gallery_)));
+        gallery_.EndDialog(ui::IdOk);
+        EXPECT_FALSE(PressF1(WindowOf(gallery_)));
+    });
+    EXPECT_EQ(shown, 1);
+}
+
+TEST_F(SystemHabits, AKeyWhoseShortcutFailsIsNotHeardByTheControlAsWell) {
+    world_->Screen().SetGuideHandler([](const ui::Dialog&) { throw std::out_of_range("guide"); });
+    EXPECT_THROW(Run([this] { EXPECT_TRUE(PressF1(WindowOf(gallery_))); }), std::out_of_range);
+}
+
+TEST_F(SystemHabits, NothingReachesADialogThatHasEnded) {
+    gallery_.onOk = [this] {
+        gallery_.EndDialog(7);
+        gallery_.EndDialog(8);
+        SendMessageW(Window(gallery::Apply), BM_CLICK, 0, 0);
+    };
+    EXPECT_EQ(Run([this] { user_.Click(ui::IdOk); }), 7);
+    EXPECT_EQ(gallery_.TakeHeard(), Heard{L"OK"});
+}
+
+TEST_F(SystemHabits, AListOfOneRowMayBecomeEmptyAndOneThatIsFilledAnewForgets) {
+    Run([this] {
+        const HWND list = Window(gallery::Rows);
+        gallery_.FillRows(1);
+        gallery_.FillRows(0);
+        EXPECT_EQ(SendMessageW(list, LVM_GETITEMCOUNT, 0, 0), 0);
+        gallery_.FillRows(5);
+        SetState(list, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        gallery_.FillRows(5);
+        EXPECT_EQ(SendMessageW(list, LVM_GETSELECTEDCOUNT, 0, 0), 0);
+        EXPECT_EQ(SendMessageW(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED), -1);
     });
 }
 

@@ -1,10 +1,13 @@
 // The tooltip of a button that cannot be used says what it would do, whether the mouse only passes over it or
 // is pressed.
 #include "tests/support/win32/Input.h"
+#include "tests/support/win32/Subclass.h"
 #include "tests/support/win32/TooltipWindow.h"
 #include "tests/support/win32/Win32Robot.h"
 
 #include <commctrl.h>
+
+#include <vector>
 
 #include "tests/ui/Gallery.h"
 
@@ -60,6 +63,50 @@ UINT_PTR ShownTool(HWND tooltips) {
     tool.cbSize = sizeof tool;
     SendMessageW(tooltips, TTM_GETCURRENTTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
     return tool.uId;
+}
+
+// A control with a tooltip is known to the window twice: by itself and by its place.
+TEST_F(GalleryTest, OnlyControlsWithATooltipAreKnownToTheTooltipWindow) {
+    Run([this] {
+        const TooltipWindow tooltips(WindowOf(gallery_));
+        const auto count = [&tooltips] { return SendMessageW(tooltips.Handle(), TTM_GETTOOLCOUNT, 0, 0); };
+        EXPECT_EQ(count(), 2);
+        gallery_.save.SetTooltip(L"Save all");
+        EXPECT_EQ(count(), 2);
+        gallery_.save.SetTooltip(L"");
+        EXPECT_EQ(count(), 0);
+        gallery_.save.SetTooltip(L"Save");
+        EXPECT_EQ(count(), 2);
+    });
+}
+
+TEST_F(GalleryTest, TheTooltipWindowHearsOfTheMouseOverTheDialogAndOfWhatMoves) {
+    Run([this] {
+        const HWND dialog = WindowOf(gallery_);
+        int relayed = 0;
+        int moved = 0;
+        const Subclass tooltips(TooltipWindow(dialog).Handle(), [&](UINT message, WPARAM, LPARAM) {
+            relayed += message == TTM_RELAYEVENT ? 1 : 0;
+            moved += message == TTM_NEWTOOLRECTW ? 1 : 0;
+            return std::optional<LRESULT>();
+        });
+        const auto relays = [&](UINT message) {
+            relayed = 0;
+            SendMessageW(dialog, message, 0, MAKELPARAM(1, 1));
+            return relayed;
+        };
+        EXPECT_EQ(relays(WM_MOUSEFIRST - 1), 0);
+        EXPECT_EQ(relays(WM_MOUSEMOVE), 1);
+        EXPECT_EQ(relays(WM_MBUTTONDBLCLK), 1);
+        EXPECT_EQ(relays(WM_MOUSEWHEEL), 0);
+
+        std::vector<ui::Rect> before;
+        for (const ui::Control* control : gallery_.Controls()) before.push_back(control->Bounds());
+        user_.Resize({10, 10});
+        int changed = 0;
+        for (size_t i = 0; i < before.size(); ++i) changed += gallery_.Controls()[i]->Bounds() == before[i] ? 0 : 1;
+        EXPECT_EQ(moved, changed);
+    });
 }
 
 TEST_F(GalleryTest, ADisabledButtonShowsItsTooltipUnderTheMouseAndWhenPressed) {

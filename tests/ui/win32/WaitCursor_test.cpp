@@ -4,6 +4,7 @@
 
 #include "errors/MessageBoxes.h"
 #include "tests/support/World.h"
+#include "tests/support/win32/ImportHook.h"
 
 namespace tests {
 namespace {
@@ -25,6 +26,19 @@ TEST(WaitCursorOfWindows, MakesWayWhileTheUserIsAsked) {
         EXPECT_TRUE(IsWaiting());
     }
     EXPECT_FALSE(IsWaiting());
+}
+
+bool offersToEndPrograms = true;
+
+void WINAPI NoteThatNoneIsOffered() {
+    offersToEndPrograms = false;
+}
+
+// A search may take minutes: the user must not be talked into giving up what he has changed.
+TEST(WaitCursorOfWindows, NobodyIsOfferedToEndAProgramThatTakesLong) {
+    const ImportHook disable("DisableProcessWindowsGhosting", NoteThatNoneIsOffered);
+    const auto world = World::Make();
+    EXPECT_FALSE(offersToEndPrograms);
 }
 
 }  // namespace
