@@ -19,10 +19,17 @@ NOT_CODE = re.compile(r"^\s*(//|#|using |namespace |\}|static_assert|template|cl
                       r"(\{[-0-9A-Fx, ]+\},?\s*)+$)")  # the last: tables of code points
 
 
-# A zero that these messages have no use for.
-UNUSED = re.compile(r"\b(WM_(GETFONT|SETREDRAW|SYSCOLORCHANGE)|CB_(ADDSTRING|GETDROPPED\w+)|LB_ADDSTRING|"
-                    r"LVM_(SETSELECTIONMARK|SUBITEMHITTEST)|EM_GETSEL|UDM_SETPOS32|"
-                    r"TTM_(ACTIVATE|ADDTOOLW|DELTOOLW|NEWTOOLRECTW|RELAYEVENT))[^;]*, 0$")
+# Lines whose zeros nobody looks at: what fills a buffer before the system writes into it, and the place or size that
+# SetWindowPos is told to leave as it is.
+LINES_WITH_UNUSED = re.compile(r"std::w?string \w+\(.*, L?'\\0'\)|SetWindowPos\(.* SWP_NO(MOVE|SIZE)\b")
+# Calls whose last argument is a zero that the message has no use for.
+CALLS_WITH_UNUSED = re.compile(r"\b(WM_(GETFONT|SETREDRAW|SYSCOLORCHANGE)|CB_(ADDSTRING|GETDROPPED\w+)|LB_ADDSTRING|"
+                               r"LVM_(SETSELECTIONMARK|SUBITEMHITTEST)|EM_GETSEL|UDM_SETPOS32|"
+                               r"TTM_(ADDTOOLW|DELTOOLW|NEWTOOLRECTW|RELAYEVENT))[^;]*, 0$")
+
+
+def is_unused(code, match):
+    return match.group() == "0" and (LINES_WITH_UNUSED.search(code) or CALLS_WITH_UNUSED.search(code[: match.end()]))
 
 
 class Change:
@@ -55,6 +62,6 @@ def changes_of(folder, path):
             for match in re.finditer(pattern, code):
                 new = replacement(match) if callable(replacement) else match.expand(replacement)
                 changed = code[: match.start()] + new + code[match.end():]
-                if changed not in tried and not UNUSED.search(code[: match.end()]):
+                if changed not in tried and not is_unused(code, match):
                     tried.add(changed)
                     yield Change(path, number, line, changed)
