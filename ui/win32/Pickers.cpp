@@ -33,9 +33,10 @@ Component<IFileDialog> MakeFileDialog() {
     return Component<IFileDialog>(static_cast<IFileDialog*>(made));
 }
 
+// Where no folder is named, the system begins where the user was last.
 void StartIn(IFileDialog& dialog, const std::wstring& folder) {
     void* found = nullptr;
-    SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_IShellItem, &found);
+    if (!folder.empty()) SHCreateItemFromParsingName(folder.c_str(), nullptr, IID_IShellItem, &found);
     const Component<IShellItem> item(static_cast<IShellItem*>(found));
     if (item != nullptr) dialog.SetFolder(item.get());
 }

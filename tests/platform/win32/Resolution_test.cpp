@@ -33,6 +33,7 @@ FARPROC WINAPI NoSuchFunction(HMODULE /*module*/, const char* /*name*/) {
 
 TEST_F(ResolutionTest, PartsOfWindowsGrowWithIt) {
     EXPECT_EQ(GetDpiForWindow(window_.get()), dpi_);
+    EXPECT_EQ(DpiOf(nullptr), dpi_);
     EXPECT_EQ(SystemMetric(SM_CXICON, dpi_), GetSystemMetrics(SM_CXICON));
     EXPECT_EQ(SystemMetric(SM_CXICON, 2 * dpi_), 2 * GetSystemMetrics(SM_CXICON));
     const RECT inner{0, 0, 100, 50};

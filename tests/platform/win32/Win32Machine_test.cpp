@@ -68,18 +68,23 @@ int WINAPI NoteFlags(UINT, DWORD flags, const wchar_t*, int length, char*, int, 
     convertedWith = flags;
     return length;
 }
-UINT WINAPI Utf8() {
-    return CP_UTF8;
+UINT currentPage = 0;
+
+UINT WINAPI CurrentPage() {
+    return currentPage;
 }
 
 // Which refuses the flag.
 TEST(Win32CodePageTest, APageWithEveryCharacterNeedsNoneToBeRefused) {
+    constexpr UINT Cyrillic = 1251;
+    constexpr UINT Gb18030 = 54936;
     const tests::ImportHook convert("WideCharToMultiByte", NoteFlags);
-    platform::win32::Win32CodePage().ToAnsi(L"a");
-    EXPECT_EQ(convertedWith, DWORD{WC_NO_BEST_FIT_CHARS});
-    const tests::ImportHook page("GetACP", Utf8);
-    platform::win32::Win32CodePage().ToAnsi(L"a");
-    EXPECT_EQ(convertedWith, 0U);
+    const tests::ImportHook page("GetACP", CurrentPage);
+    for (const UINT each : {Cyrillic, UINT{CP_UTF8}, Gb18030}) {
+        currentPage = each;
+        platform::win32::Win32CodePage().ToAnsi(L"a");
+        EXPECT_EQ(convertedWith, each == Cyrillic ? DWORD{WC_NO_BEST_FIT_CHARS} : 0) << each;
+    }
 }
 
 // The command that wanted it ends with a word to the user, and not the program.
@@ -108,6 +113,8 @@ TEST(Win32FilesTest, PathsOfAnyLengthAndSharesExistWhenTheyDo) {
     const std::vector<std::pair<std::wstring, std::wstring>> asked{
         {LR"(\\server\share)", LR"(\\server\share)"},
         {L"C:\\In", L"C:\\In"},
+        {L"C:\\" + std::wstring(MAX_PATH - 4, L'a'), L"C:\\" + std::wstring(MAX_PATH - 4, L'a')},
+        {L"C:\\" + std::wstring(MAX_PATH - 3, L'a'), LR"(\\?\C:\)" + std::wstring(MAX_PATH - 3, L'a')},
         {L"C:" + deep, LR"(\\?\C:)" + deep},
         {L"C:" + deep + LR"(\..\c\)", LR"(\\?\C:)" + deep.substr(0, 151) + LR"(\c\)"},
         {LR"(\\server\share)" + deep, LR"(\\?\UNC\server\share)" + deep},
@@ -144,7 +151,7 @@ HINSTANCE WINAPI NoteStart(HWND, const wchar_t*, const wchar_t* program, const w
 }
 HINSTANCE WINAPI FailToStart(HWND, const wchar_t*, const wchar_t*, const wchar_t*, const wchar_t*, INT) {
     SetLastError(ERROR_ACCESS_DENIED);
-    return reinterpret_cast<HINSTANCE>(INT_PTR{5});
+    return reinterpret_cast<HINSTANCE>(INT_PTR{32});  // the highest of its errors
 }
 
 // Never by this process itself, whose rights the browser would get.
@@ -264,11 +271,14 @@ TEST(Win32InstanceLockTest, TheLockOfAllSessionsIsOpenToAdministrators) {
 }
 
 TEST(Win32InstanceLockTest, ANameInOtherUseIsRefused) {
-    const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, LockName(L"event").c_str());
-    ASSERT_NE(event, nullptr);
-    Win32InstanceLock lock;
-    EXPECT_EQ(lock.Acquire(LockName(L"event")), code::InvalidHandle);
-    CloseHandle(event);
+    for (const std::wstring& name : {LockName(L"event"), L"Global\\" + LockName(L"event")}) {
+        const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, name.c_str());
+        ASSERT_NE(event, nullptr);
+        Win32InstanceLock lock;
+        EXPECT_EQ(lock.Acquire(LockName(L"event")), code::InvalidHandle);
+        EXPECT_EQ(OpenMutexW(MUTEX_ALL_ACCESS, FALSE, LockName(L"event").c_str()), nullptr);
+        CloseHandle(event);
+    }
 }
 
 TEST(Win32PartsTest, TheClockTellsTheTime) {

@@ -19,7 +19,7 @@ void PrintTo(const KeyCall& call, std::ostream* out) {
     constexpr const char* kinds[] = {"open ", "create ", "delete "};
     *out << kinds[static_cast<size_t>(call.kind)] << call.parent << ' ' << testing::PrintToString(call.path) << std::hex
          << " options 0x" << call.options << " access 0x" << call.access << std::dec
-         << (call.isPlain ? "" : ", with a class or security");
+         << (call.isPlain ? "" : ", with more than that");
 }
 
 RegistryCalls::RegistryCalls() {
@@ -37,14 +37,14 @@ LSTATUS WINAPI RegistryCalls::Open(HKEY parent, LPCWSTR path, DWORD options, REG
 
 LSTATUS WINAPI RegistryCalls::Create(HKEY parent, LPCWSTR path, DWORD reserved, LPWSTR className, DWORD options,
                                      REGSAM access, LPSECURITY_ATTRIBUTES security, PHKEY key, LPDWORD disposition) {
-    current_->calls_.push_back(
-        {KeyCall::Kind::Create, parent, path, options, access, className == nullptr && security == nullptr});
+    current_->calls_.push_back({KeyCall::Kind::Create, parent, path, options, access,
+                                reserved == 0 && className == nullptr && security == nullptr});
     return SystemFunction<decltype(Create)>("RegCreateKeyExW")(parent, path, reserved, className, options, access,
                                                                security, key, disposition);
 }
 
 LSTATUS WINAPI RegistryCalls::Delete(HKEY parent, LPCWSTR name, REGSAM view, DWORD reserved) {
-    current_->calls_.push_back({KeyCall::Kind::Delete, parent, name, 0, view});
+    current_->calls_.push_back({KeyCall::Kind::Delete, parent, name, 0, view, reserved == 0});
     return SystemFunction<decltype(Delete)>("RegDeleteKeyExW")(parent, name, view, reserved);
 }
 

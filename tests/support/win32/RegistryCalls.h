@@ -19,7 +19,7 @@ struct KeyCall {
     std::wstring path{};
     DWORD options = 0;
     REGSAM access = 0;    // of a deletion the view of the registry
-    bool isPlain = true;  // neither a class nor a security descriptor
+    bool isPlain = true;  // neither a class nor a security descriptor, and zero for what the system has reserved
     bool operator==(const KeyCall&) const = default;
 };
 void PrintTo(const KeyCall& call, std::ostream* out);  // for messages

@@ -6,9 +6,11 @@
 #include <commctrl.h>
 
 #include <array>
+#include <bit>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -148,6 +150,72 @@ TEST_F(Opening, ADialogUsesTheFontOfTheSystemsDialogs) {
         EXPECT_EQ(font.lfWeight, FW_NORMAL);
         EXPECT_EQ(font.lfItalic, FALSE);
         EXPECT_EQ(font.lfCharSet, DEFAULT_CHARSET);
+    });
+}
+
+TEST_F(Opening, AnEditMayBecomeOneForReadingOnTheWay) {
+    gallery_.onInit = [this] { gallery_.name.SetReadOnly(true); };
+    Run([this] {
+        const HWND edit = GetDlgItem(WindowOf(gallery_), gallery::Name);
+        EXPECT_NE(GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY, 0);
+    });
+}
+
+// One with a list that the user cannot sort.
+class Plain : public ui::Dialog {
+  public:
+    explicit Plain(ui::Screen& screen) : Dialog(screen, nullptr, {.size = {100, 60}}, L"Plain") {}
+    ui::ListView rows{*this, gallery::Rows, {7, 7, 80, 40}};
+
+  protected:
+    void OnInitDialog() override { rows.SetColumns({{L"Only", 60}}); }
+};
+
+TEST_F(Opening, OnlyHeadersThatSortHavePictures) {
+    const auto headerPictures = [](const ui::Dialog& dialog) {
+        const HWND list = GetDlgItem(WindowOf(dialog), gallery::Rows);
+        const auto header = reinterpret_cast<HWND>(SendMessageW(list, LVM_GETHEADER, 0, 0));
+        return SendMessageW(header, HDM_GETIMAGELIST, HDSIL_NORMAL, 0);
+    };
+    Plain plain(world_->Screen());
+    plain.OpenModeless();
+    EXPECT_EQ(headerPictures(plain), 0);
+    plain.Close();
+    Run([&] { EXPECT_NE(headerPictures(gallery_), 0); });
+}
+
+using LookUp = FARPROC WINAPI(HMODULE, const char*);
+DWORD madeKnown = 0;
+
+BOOL WINAPI NoteClasses(const INITCOMMONCONTROLSEX* classes) {
+    madeKnown = classes->dwSize == sizeof *classes ? classes->dwICC : 0;
+    return TRUE;
+}
+FARPROC WINAPI FindNotingClasses(HMODULE module, const char* name) {
+    const bool isIt = std::string_view(name) == "InitCommonControlsEx";
+    return isIt ? std::bit_cast<FARPROC>(&NoteClasses) : real<LookUp>(module, name);
+}
+
+TEST_F(Opening, TheControlsAreMadeKnownToTheSystemBeforeTheFirstDialog) {
+    const ImportHook find("GetProcAddress", FindNotingClasses);
+    real<LookUp> = find.Real<LookUp>();
+    const auto world = World::Make();
+    constexpr DWORD Needed = ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES | ICC_UPDOWN_CLASS;
+    EXPECT_EQ(madeKnown & Needed, Needed);
+}
+
+TEST_F(Opening, ADropDownListHasRoomBelowItsField) {
+    Run([this] {
+        for (const int id : {gallery::Kinds, gallery::Mask}) {
+            RECT list{0, 0, 0, 150};
+            MapDialogRect(WindowOf(gallery_), &list);
+            const HWND combo = GetDlgItem(WindowOf(gallery_), id);
+            RECT field{};
+            RECT open{};
+            GetWindowRect(combo, &field);
+            SendMessageW(combo, CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&open));
+            EXPECT_GT(open.bottom - field.bottom, list.bottom / 2);
+        }
     });
 }
 

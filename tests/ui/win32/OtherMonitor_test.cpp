@@ -3,14 +3,20 @@
 
 #include <commctrl.h>
 
+#include <bit>
+#include <optional>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/Input.h"
 #include "tests/support/win32/Subclass.h"
+#include "tests/support/win32/TooltipWindow.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/support/win32/WindowsHabits.h"
 #include "tests/ui/Gallery.h"
+#include "ui/win32/IconLoader.h"
 #include "ui/win32/Placing.h"
 
 namespace tests {
@@ -170,6 +176,81 @@ TEST_F(OtherMonitor, NoResolutionAtAllIsNone) {
         EXPECT_EQ(SendMessageW(Window(), WM_GETDPISCALEDSIZE, 0, reinterpret_cast<LPARAM>(&size)), FALSE);
         for (const uint32_t dpi : {0U, 96U}) Tell(dpi, {11, 12, 300, 400});
         EXPECT_EQ(Places(), before);
+    });
+}
+
+TEST_F(OtherMonitor, EveryControlIsWrittenInTheSameFontAsLargeAsTheResolutionWantsIt) {
+    Run([this] {
+        for (const uint32_t dpi : {192U, 120U, 96U}) {
+            SCOPED_TRACE(dpi);
+            Tell(dpi, {0, 0, 900, 800});
+            for (const ui::Control* control : gallery_.Controls()) {
+                LOGFONTW font{};
+                const LRESULT handle = SendMessageW(GetDlgItem(Window(), control->Id()), WM_GETFONT, 0, 0);
+                if (GetObjectW(reinterpret_cast<HFONT>(handle), sizeof font, &font) == 0) continue;  // writes nothing
+                EXPECT_EQ(font.lfHeight, -MulDiv(8, static_cast<int>(dpi), 72)) << control->Id();
+                EXPECT_EQ(font.lfWidth, 0);
+                EXPECT_STREQ(font.lfFaceName, L"MS Shell Dlg");
+            }
+        }
+    });
+}
+
+TEST_F(OtherMonitor, PicturesAndTooltipsFollow) {
+    const auto widthOf = [](LRESULT icon) {
+        ICONINFO parts{};
+        BITMAP shape{};
+        GetIconInfo(reinterpret_cast<HICON>(icon), &parts);
+        GetObjectW(parts.hbmMask, sizeof shape, &shape);
+        DeleteObject(parts.hbmMask);
+        DeleteObject(parts.hbmColor);
+        return shape.bmWidth;
+    };
+    gallery_.save.Enable(false);
+    Run([&] {
+        const HWND save = GetDlgItem(Window(), gallery::Save);
+        const HWND sign = GetDlgItem(Window(), gallery::Sign);
+        const std::vector<ui::Rect> before = Places();
+        const WindowsHabits habits(192);
+        for (const uint32_t dpi : {192U, 96U}) {
+            if (dpi == 192) {
+                MoveAway();
+            } else {
+                Return(before);
+            }
+            const auto [x, y, width, height] = gallery_.sign.Bounds();
+            EXPECT_EQ(widthOf(SendMessageW(sign, STM_GETIMAGE, IMAGE_ICON, 0)),
+                      ui::win32::PictureSizeFor({width, height}));
+            const ui::Rect due = gallery_.save.Bounds();
+            const std::optional<RECT> place = TooltipWindow(Window()).PlaceOf(save);
+            ASSERT_TRUE(place);
+            EXPECT_EQ((ui::Rect{place->left, place->top, place->right - place->left, place->bottom - place->top}), due);
+        }
+    });
+}
+
+using LookUp = FARPROC WINAPI(HMODULE, const char*);
+LookUp* lookUp = nullptr;
+HWND leftAlone = nullptr;
+std::pair<int, int> leftOut;
+
+BOOL WINAPI NoteLeftAlone(HWND dialog, int mask, int values) {
+    leftAlone = dialog;
+    leftOut = {mask, values};
+    return TRUE;
+}
+FARPROC WINAPI FindNoting(HMODULE module, const char* name) {
+    const bool isIt = std::string_view(name) == "SetDialogDpiChangeBehavior";
+    return isIt ? std::bit_cast<FARPROC>(&NoteLeftAlone) : lookUp(module, name);
+}
+
+// Else the system would place the controls, too, by rules of its own.
+TEST_F(OtherMonitor, TheSystemLeavesADialogAlone) {
+    const ImportHook find("GetProcAddress", FindNoting);
+    lookUp = find.Real<LookUp>();
+    Run([this] {
+        EXPECT_EQ(leftAlone, Window());
+        EXPECT_EQ(leftOut, std::pair(1, 1));  // all of it
     });
 }
 

@@ -13,6 +13,7 @@
 #include <stdexcept>
 
 #include "tests/support/win32/ImportHook.h"
+#include "tests/support/win32/Input.h"
 #include "tests/support/win32/OpenedWindows.h"
 #include "tests/support/win32/Subclass.h"
 #include "tests/support/win32/Win32Robot.h"
@@ -243,6 +244,41 @@ TEST_F(SystemHabits, AMessageThatTheDialogHasDealtWithIsAnsweredByZero) {
     });
 }
 
+TEST_F(SystemHabits, ARightClickTurnsNoCheckMark) {
+    Run([this] {
+        const HWND list = Window(gallery::Rows);
+        RECT row{LVIR_BOUNDS, 0, 0, 0};
+        SendMessageW(list, LVM_GETITEMRECT, 2, reinterpret_cast<LPARAM>(&row));
+        const POINT box{row.left + 8, (row.top + row.bottom) / 2};
+        input::RightClick(list, box);
+        EXPECT_FALSE(gallery_.rows.IsChecked(2));
+        EXPECT_EQ(gallery_.TakeHeard(), Heard{L"right click 2,0"});
+        input::Click(list, box);
+        EXPECT_TRUE(gallery_.rows.IsChecked(2));
+    });
+}
+
+TEST_F(SystemHabits, AListBoxThatIsFilledAnewStaysWhereTheUserHasScrolledIt) {
+    Run([this] {
+        std::vector<std::wstring> names;
+        for (int i = 10; i < 60; ++i) names.push_back(std::to_wstring(i));
+        gallery_.names.Replace(names);
+        SendMessageW(Window(gallery::Names), LB_SETTOPINDEX, 7, 0);
+        gallery_.names.Replace(names);
+        EXPECT_EQ(SendMessageW(Window(gallery::Names), LB_GETTOPINDEX, 0, 0), 7);
+    });
+}
+
+// The list knows nothing of them.
+TEST_F(SystemHabits, CheckMarksThatTheProgramChangesAreDrawn) {
+    Run([this] {
+        UpdateWindow(Window(gallery::Rows));
+        gallery_.rows.SetChecks(std::vector<bool>(20, true));
+        EXPECT_NE(GetUpdateRect(Window(gallery::Rows), nullptr, FALSE), FALSE);
+        gallery_.rows.SetChecks(std::vector<bool>(20));
+    });
+}
+
 // While the user typed, the system may have hidden the mouse.
 TEST_F(SystemHabits, TheMouseIsSeenOverAListThatTheProgramDropsDown) {
     Run([this] {
@@ -364,7 +400,7 @@ BOOL WINAPI NoteMessage(HWND, UINT message, DWORD action, CHANGEFILTERSTRUCT*) {
 // Dragged from the desktop, whose program has fewer rights than ours.
 TEST_F(SystemHabits, ADropFromAProgramWithFewerRightsIsLetThrough) {
     const ImportHook filter("ChangeWindowMessageFilterEx", NoteMessage);
-    Run([] {});
+    Run([this] { EXPECT_NE(GetWindowLongPtrW(WindowOf(gallery_), GWL_EXSTYLE) & WS_EX_ACCEPTFILES, 0); });
     EXPECT_EQ(letThrough, (std::set<UINT>{WM_DROPFILES, WM_COPYDATA, 0x0049}));
 }
 

@@ -80,6 +80,26 @@ TEST_F(GalleryTest, OnlyControlsWithATooltipAreKnownToTheTooltipWindow) {
     });
 }
 
+TEST_F(GalleryTest, ADisabledButtonHasItsTooltipWhereAndWhileItIsSeen) {
+    gallery_.save.Enable(false);
+    Run([this] {
+        const HWND save = GetDlgItem(WindowOf(gallery_), gallery::Save);
+        const TooltipWindow tooltips(WindowOf(gallery_));
+        const auto width = [&] {
+            const RECT place = tooltips.PlaceOf(save).value_or(RECT{});
+            return static_cast<int>(place.right - place.left);
+        };
+        EXPECT_EQ(width(), gallery_.save.Bounds().width);
+        gallery_.save.Show(false);
+        EXPECT_EQ(width(), 0);
+        gallery_.save.Show(true);
+        EXPECT_EQ(width(), gallery_.save.Bounds().width);
+        gallery_.save.Enable(true);
+        EXPECT_EQ(width(), 0);
+        EXPECT_EQ(tooltips.TextOver(save), L"Save");
+    });
+}
+
 TEST_F(GalleryTest, TheTooltipWindowHearsOfTheMouseOverTheDialogAndOfWhatMoves) {
     Run([this] {
         const HWND dialog = WindowOf(gallery_);
