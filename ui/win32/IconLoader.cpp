@@ -54,7 +54,7 @@ BitmapHandle Faded(HDC canvas, HBITMAP picture) {
     format.bmiHeader.biBitCount = 32;
     const auto rows = static_cast<UINT>(shape.bmHeight);
     std::vector<uint32_t> pixels(static_cast<size_t>(shape.bmWidth) * rows);
-    if (GetDIBits(canvas, picture, 0, rows, pixels.data(), &format, DIB_RGB_COLORS) == 0) return {};
+    if (GetDIBits(canvas, picture, 0, rows, pixels.data(), &format, DIB_RGB_COLORS) < shape.bmHeight) return {};
     std::transform(pixels.begin(), pixels.end(), pixels.begin(), Fading());
     void* content = nullptr;
     BitmapHandle faded(CreateDIBSection(canvas, &format, DIB_RGB_COLORS, &content, nullptr, 0));
@@ -82,7 +82,7 @@ IconHandle FadedPicture(HICON icon) {
 }
 
 IconHandle EmptyPicture() {
-    constexpr std::array<BYTE, 2> Keep{0xFF, 0xFF};
+    constexpr std::array Keep{BYTE{0xFF}, BYTE{0xFF}};  // a row has whole words
     constexpr std::array<BYTE, Keep.size()> Nothing{};
     return IconHandle(CreateIcon(GetModuleHandleW(nullptr), 1, 1, 1, 1, Keep.data(), Nothing.data()));
 }

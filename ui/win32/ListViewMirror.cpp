@@ -16,7 +16,7 @@ void ListViewMirror::ShowAll() {
     ShowHeaderPictures(platform::win32::DpiOf(Window()));
     ShowColumns();
     ShowRows();
-    if (list_.RowCount() > 0) ShowSelection();
+    if (list_.RowCount() != 0) ShowSelection();
 }
 
 void ListViewMirror::Show(Aspect aspect) {

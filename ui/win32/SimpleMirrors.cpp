@@ -113,9 +113,9 @@ void IconButtonMirror::ShowIcon() {
 std::optional<LRESULT> IconButtonMirror::Answer(NMHDR& question) const {
     if (question.code != static_cast<UINT>(NM_CUSTOMDRAW)) return std::nullopt;
     const auto& stage = reinterpret_cast<const NMCUSTOMDRAW&>(question);
-    if (stage.dwDrawStage == CDDS_PREPAINT && fadedIcon_ != nullptr) return CDRF_NOTIFYPOSTPAINT;
     if (stage.dwDrawStage == CDDS_POSTPAINT) DrawFaded(stage.hdc);
-    return CDRF_DODEFAULT;
+    const bool drawsItself = stage.dwDrawStage == CDDS_PREPAINT && fadedIcon_ != nullptr;
+    return drawsItself ? CDRF_NOTIFYPOSTPAINT : CDRF_DODEFAULT;
 }
 
 void IconButtonMirror::DrawFaded(HDC canvas) const {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "tests/platform/RegistryTest.h"
+#include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/RegistryCalls.h"
 
 namespace tests {
@@ -45,6 +46,24 @@ TEST_F(Win32RegistryTest, KeysAreOpenedForReadingAndWritingAndNothingElse) {
                                     {Kind::Open, HKEY_CURRENT_USER, L"Software\\Missing", 0, readAndWrite},
                                     {Kind::Open, SystemKey(service), L"Alpha", 0, readAndWrite},
                                     {Kind::Delete, SystemKey(service), L"Alpha", 0, 0}}));
+}
+
+using SetOne = LSTATUS WINAPI(HKEY, LPCWSTR, DWORD, DWORD, const BYTE*, DWORD);
+SetOne* setOne = nullptr;
+std::vector<DWORD> reserved;
+
+LSTATUS WINAPI NoteReserved(HKEY key, LPCWSTR name, DWORD unused, DWORD type, const BYTE* data, DWORD size) {
+    reserved.push_back(unused);
+    return setOne(key, name, unused, type, data, size);
+}
+
+// Not every system looks at it.
+TEST_F(Win32RegistryTest, WhatTheSystemHasReservedIsZero) {
+    const ImportHook set("RegSetValueExW", NoteReserved);
+    setOne = set.Real<SetOne>();
+    const Bytes bytes = MakeBytes({1, 2});
+    EXPECT_EQ(registry_->Set(Create(root_), L"Value", platform::ValueType::Binary, bytes), 0U);
+    EXPECT_EQ(reserved, std::vector<DWORD>{0});
 }
 
 TEST_F(Win32RegistryTest, KeysOutliveTheRunOfTheMachine) {

@@ -161,6 +161,18 @@ TEST_F(Opening, AnEditMayBecomeOneForReadingOnTheWay) {
     });
 }
 
+TEST_F(Opening, ARowThatTheProgramScrollsToOnTheWayIsInView) {
+    gallery_.onInit = [this] {
+        gallery_.FillRows(100);
+        gallery_.rows.EnsureVisible(99);
+    };
+    Run([this] {
+        const HWND list = GetDlgItem(WindowOf(gallery_), gallery::Rows);
+        const LRESULT top = SendMessageW(list, LVM_GETTOPINDEX, 0, 0);
+        EXPECT_EQ(top + SendMessageW(list, LVM_GETCOUNTPERPAGE, 0, 0), 100);
+    });
+}
+
 // One with a list that the user cannot sort.
 class Plain : public ui::Dialog {
   public:
