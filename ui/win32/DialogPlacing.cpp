@@ -148,7 +148,6 @@ void DialogWindow::TakeDpi(uint32_t dpi) {
     }
     dialog_.UserChangedDpi(dpi, OpeningSize(letter));
     const EchoGuard guard(*this);
-    if (stage_ == Stage::Opening) return;
     for (const auto& mirror : mirrors_) mirror->ShowRescaled(dpi);
     ShowIcon();
 }

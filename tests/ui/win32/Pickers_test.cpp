@@ -160,6 +160,26 @@ TEST(Pickers, ThatDoNotComeUpSayWhy) {
     }
 }
 
+std::vector<std::wstring> proposals;
+
+BOOL WINAPI RefuseProposals(OPENFILENAMEW* request) {
+    proposals.emplace_back(request->lpstrFile);
+    if (!proposals.back().empty()) return FALSE;
+    lstrcpyW(request->lpstrFile, L"C:\\chosen.prx");
+    return TRUE;
+}
+DWORD WINAPI InvalidName() {
+    return FNERR_INVALIDFILENAME;
+}
+
+TEST(Pickers, OpenWithoutTheNameThatTheSystemDoesNotTake) {
+    const ImportHook save("GetSaveFileNameW", RefuseProposals);
+    const ImportHook error("CommDlgExtendedError", InvalidName);
+    ui::FilePicker picker{ui::FilePickerKind::Save, L"Rules", L"*.prx", L"prx", L"a?b"};
+    EXPECT_EQ(ui::win32::PickFile(nullptr, picker), L"C:\\chosen.prx");
+    EXPECT_EQ(proposals, (std::vector<std::wstring>{L"a?b", L""}));
+}
+
 // Libraries do that, and a thread for which it succeeds gets no file dialog of the system any more.
 TEST(Pickers, OpenAfterALibraryHasAskedForAnotherApartment) {
     const HRESULT asked = CoInitializeEx(nullptr, COINIT_MULTITHREADED);
