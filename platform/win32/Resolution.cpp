@@ -1,5 +1,7 @@
 #include "platform/win32/Resolution.h"
 
+#include <algorithm>
+
 #include "platform/win32/Module.h"
 
 namespace platform::win32 {
@@ -13,9 +15,8 @@ Function* Newer(const char* name) {
 
 // The resolution at which the system gives what it measures without being asked for one.
 uint32_t SystemDpi() {
-    constexpr uint32_t Unscaled = 96;
-    const int dpi = GetDeviceCaps(ScreenCanvas().Handle(), LOGPIXELSX);
-    return dpi == 0 ? Unscaled : static_cast<uint32_t>(dpi);
+    constexpr int Unscaled = 96;
+    return static_cast<uint32_t>(std::max(Unscaled, GetDeviceCaps(ScreenCanvas().Handle(), LOGPIXELSX)));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <string_view>
 
 #include "platform/win32/Module.h"
 #include "platform/win32/Resolution.h"
@@ -39,7 +40,6 @@ DWORD ConversionFlags() {
 }  // namespace
 
 std::wstring Win32CodePage::ToWide(std::string_view ansi) const {
-    if (ansi.empty()) return {};
     const int length = CharacterCount(ansi.size());
     std::wstring wide(ansi.size(), L'\0');  // no code page makes more units than there are bytes
     const int units = MultiByteToWideChar(CP_ACP, 0, ansi.data(), length, wide.data(), length);
@@ -48,7 +48,6 @@ std::wstring Win32CodePage::ToWide(std::string_view ansi) const {
 }
 
 std::string Win32CodePage::ToAnsi(std::wstring_view wide) const {
-    if (wide.empty()) return {};
     const int length = CharacterCount(wide.size());
     const DWORD flags = ConversionFlags();
     const int needed = WideCharToMultiByte(CP_ACP, flags, wide.data(), length, nullptr, 0, nullptr, nullptr);
@@ -68,10 +67,10 @@ std::wstring MessageText(DWORD table, const void* module, Win32Code code) {
     wchar_t* text = nullptr;
     const DWORD flags = FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_IGNORE_INSERTS | table;
     // With ALLOCATE_BUFFER the system takes the address of a pointer in place of the buffer.
-    const DWORD length = FormatMessageW(flags, module, code, MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL),
-                                        reinterpret_cast<wchar_t*>(&text), 0, nullptr);
+    const DWORD length =
+        FormatMessageW(flags, module, code, LANG_NEUTRAL, reinterpret_cast<wchar_t*>(&text), 0, nullptr);
     const std::unique_ptr<wchar_t, FreeLocal> owner(text);
-    return length == 0 ? std::wstring() : std::wstring(text, length);
+    return std::wstring(std::wstring_view(text, length));
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ constexpr size_t GuardLength = sizeof(wchar_t);
 // Where a text does not end with a NUL, the system looks at the character after it and takes it in when it
 // is NUL. So that exactly the given bytes are stored, other characters stand around them.
 std::vector<std::byte> Guarded(std::span<const std::byte> data) {
-    std::vector<std::byte> guarded(data.size() + 2 * GuardLength, std::byte{0xFF});
+    std::vector<std::byte> guarded(GuardLength + data.size() + GuardLength, std::byte{0xFF});
     std::copy(data.begin(), data.end(), guarded.begin() + GuardLength);
     return guarded;
 }

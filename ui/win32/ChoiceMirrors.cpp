@@ -40,7 +40,6 @@ LRESULT CALLBACK GuardWheel(HWND window, UINT message, WPARAM wParam, LPARAM lPa
         return target == nullptr ? 0 : SendMessageW(target, message, wParam, lParam);
     }
     if (message == WM_NCDESTROY) {
-        SetWindowLongPtrW(window, GWLP_WNDPROC, std::bit_cast<LONG_PTR>(own));
         RemovePropW(window, ProcedureProperty);
         RemovePropW(window, ComboProperty);
     }

@@ -5,6 +5,7 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include <algorithm>
 #include <bit>
 #include <new>
 #include <utility>
@@ -29,10 +30,10 @@ class DroppedFiles {
         return place;
     }
     std::wstring FirstPath() const {
-        std::wstring path(size_t{DragQueryFileW(drop_, 0, nullptr, 0)} + 1, L'\0');
-        const UINT length = DragQueryFileW(drop_, 0, path.data(), static_cast<UINT>(path.size()));
-        path.resize(length);
-        return path;
+        constexpr UINT LongestPath = 0x8000;  // of all that the system has, with its NUL
+        std::wstring path(LongestPath, L'\0');
+        const UINT length = DragQueryFileW(drop_, 0, path.data(), LongestPath);
+        return path.substr(0, length);
     }
 
   private:
@@ -120,8 +121,7 @@ bool DialogWindow::Press(const KeyChord& chord) noexcept {
     ++depth_;
     bool pressed = true;
     try {
-        ControlMirror* const focused = dialog_.Focus() == nullptr ? nullptr : MirrorOf(*dialog_.Focus());
-        if (focused != nullptr) focused->BeforeShortcut();
+        if (const Control* const focus = dialog_.Focus()) MirrorOf(*focus).BeforeShortcut();
         pressed = dialog_.UserPressed(chord);
     } catch (...) {
         Fail(std::current_exception());
@@ -143,7 +143,7 @@ void DialogWindow::OnCommand(int id, int notification, HWND control) {
 
 void DialogWindow::HearCommand(int id, int notification, HWND control) {
     ControlMirror* const mirror = MirrorOf(control);
-    if (id == IdOk && notification == BN_CLICKED)
+    if (notification == BN_CLICKED)  // or chosen from a menu, or by Enter
         for (const auto& shown : mirrors_) shown->TakeShown();
     if (mirror != nullptr) {
         mirror->OnCommand(notification);
@@ -215,10 +215,9 @@ ControlMirror* DialogWindow::MirrorOf(HWND window) const {
     return nullptr;
 }
 
-ControlMirror* DialogWindow::MirrorOf(const Control& control) const {
-    for (const auto& mirror : mirrors_)
-        if (&mirror->Mirrored() == &control) return mirror.get();
-    return nullptr;
+ControlMirror& DialogWindow::MirrorOf(const Control& control) const {
+    return **std::find_if(mirrors_.begin(), mirrors_.end(),
+                          [&control](const auto& mirror) { return &mirror->Mirrored() == &control; });
 }
 
 ControlMirror* DialogWindow::SenderOf(const NMHDR& notification) const {

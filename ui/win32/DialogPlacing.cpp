@@ -45,7 +45,6 @@ void DialogWindow::ShowBounds(const Dialog& /*dialog*/) {
 bool DialogWindow::MoveAtOnce() const {
     HDWP moves = BeginDeferWindowPos(static_cast<int>(mirrors_.size()));
     for (const auto& mirror : mirrors_) {
-        if (moves == nullptr) return false;
         if (mirror->HasBoundsOfControl()) continue;
         const Rect to = mirror->BoundsWithDrop();
         moves = DeferWindowPos(moves, mirror->Window(), nullptr, to.x, to.y, to.width, to.height, MoveFlags);
@@ -61,12 +60,10 @@ void DialogWindow::MoveOneByOne() const {
 }
 
 int DialogWindow::ClientWidth(const Control& control) {
-    ControlMirror* const mirror = MirrorOf(control);
+    ControlMirror& mirror = MirrorOf(control);
+    ShowFirst(mirror);  // its rows may bring a scroll bar
     RECT client{};
-    if (mirror != nullptr) {
-        ShowFirst(*mirror);  // its rows may bring a scroll bar
-        GetClientRect(mirror->Window(), &client);
-    }
+    GetClientRect(mirror.Window(), &client);
     return client.right;
 }
 
@@ -87,9 +84,7 @@ void DialogWindow::OnSize(WPARAM kind, Size client) {
                                                      : kind == SIZE_MAXIMIZED ? SizeKind::Maximized
                                                                               : SizeKind::Restored);
     if (nextDpi_ && sizeKind_ == SizeKind::Restored) {
-        const uint32_t dpi = *nextDpi_;
-        nextDpi_.reset();
-        TakeDpi(dpi);
+        TakeDpi(*std::exchange(nextDpi_, std::nullopt));
         RECT outer{};
         GetWindowRect(window_, &outer);
         return FitTo({outer.left, outer.top});

@@ -41,12 +41,10 @@ void DialogTemplate::AddHeader(const Dialog& dialog, int items) {
     AddLong(0);  // extended style
     AddLong(StyleOf(dialog.Style()));
     AddWord(items);
-    AddWord(0);
-    AddWord(0);
-    AddWord(dialog.Style().size.width);
-    AddWord(dialog.Style().size.height);
-    AddWord(0);  // no menu
-    AddWord(0);  // the system's own dialog class
+    const Size units = dialog.Style().size;
+    AddPlace({.width = units.width, .height = units.height});  // it moves to where it is to be before it is seen
+    AddWord(0);                                                // no menu
+    AddWord(0);                                                // the system's own dialog class
     AddText({});
     AddWord(DialogFontPoints);
     AddWord(FW_NORMAL);
@@ -72,14 +70,18 @@ void DialogTemplate::AddItem(const WindowKind& kind, DWORD state, const Place& p
     AddLong(0);  // help id
     AddLong(kind.extendedStyle);
     AddLong(kind.style | WS_CHILD | state);
-    AddWord(place.x);
-    AddWord(place.y);
-    AddWord(place.width);
-    AddWord(place.height + kind.dropHeight);
+    AddPlace({place.x, place.y, place.width, place.height + kind.dropHeight});
     AddLong(static_cast<uint32_t>(id));
     AddText(kind.className);
     AddText(text);
     AddWord(0);  // no creation data
+}
+
+void DialogTemplate::AddPlace(const Place& place) {
+    AddWord(place.x);
+    AddWord(place.y);
+    AddWord(place.width);
+    AddWord(place.height);
 }
 
 void DialogTemplate::AddLong(uint32_t value) {
@@ -93,7 +95,7 @@ void DialogTemplate::AddText(std::wstring_view text) {
 }
 
 void DialogTemplate::AlignToLong() {
-    if (words_.size() % 2 != 0) AddWord(0);
+    words_.resize(words_.size() + words_.size() % 2);
 }
 
 }  // namespace ui::win32

@@ -32,6 +32,7 @@ class DialogTemplate {
     void AddControl(Control& control);
     void AddItem(const WindowKind& kind, DWORD state, const Place& place, int id, std::wstring_view text);
     void AddWord(int value) { words_.push_back(static_cast<uint16_t>(value)); }
+    void AddPlace(const Place& place);
     void AddLong(uint32_t value);
     void AddText(std::wstring_view text);
     void AlignToLong();

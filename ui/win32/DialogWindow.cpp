@@ -65,7 +65,6 @@ int DialogWindow::RunModal(HWND owner) {
     const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), layout.Data(), owner, Procedure,
                                                    reinterpret_cast<LPARAM>(this));
     const DWORD error = GetLastError();
-    taskModality_.reset();
     if (exception_) std::rethrow_exception(std::exchange(exception_, nullptr));
     if (!HasEnded()) throw ScreenError(error, L"Opening a window");
     return static_cast<int>(result);
@@ -151,16 +150,15 @@ void DialogWindow::ShowName(ControlMirror& mirror) const {
 }
 
 void DialogWindow::Show(const Control& control, Aspect aspect) {
-    ControlMirror* const mirror = MirrorOf(control);
-    if (mirror == nullptr) return;
+    ControlMirror& mirror = MirrorOf(control);
     const bool isAct = aspect == Aspect::Scroll || aspect == Aspect::DroppedDown;
-    if (isAct) ShowFirst(*mirror);
-    if (!mirror->IsShown()) return;
+    if (isAct) ShowFirst(mirror);
+    if (!mirror.IsShown()) return;
     const EchoGuard guard(*this);
-    mirror->Show(aspect);
-    if (aspect == Aspect::Name) ShowName(*mirror);
-    if (aspect == Aspect::Tooltip) tooltips_.SetText(mirror->Window(), control.Tooltip());
-    if (aspect == Aspect::Enabled || aspect == Aspect::Visible) tooltips_.Follow(mirror->Window());
+    mirror.Show(aspect);
+    if (aspect == Aspect::Name) ShowName(mirror);
+    if (aspect == Aspect::Tooltip) tooltips_.SetText(mirror.Window(), control.Tooltip());
+    if (aspect == Aspect::Enabled || aspect == Aspect::Visible) tooltips_.Follow(mirror.Window());
     if (control.HasFocus() && !(control.IsEnabled() && control.IsVisible())) FollowFocus();
 }
 
@@ -206,7 +204,7 @@ void DialogWindow::ShowMenuBar() {
 }
 
 void DialogWindow::ShowIcon() {
-    const uint32_t dpi = platform::win32::DpiOf(window_);
+    const uint32_t dpi = dialog_.Dpi();
     IconHandle largeIcon = LoadPicture(dialog_.Icon(), platform::win32::SystemMetric(SM_CXICON, dpi));
     IconHandle smallIcon = LoadPicture(dialog_.Icon(), platform::win32::SystemMetric(SM_CXSMICON, dpi));
     SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(largeIcon.get()));
@@ -217,10 +215,10 @@ void DialogWindow::ShowIcon() {
 
 void DialogWindow::ShowFocus() const {
     const Control* const focus = dialog_.Focus();
-    ControlMirror* const mirror = focus == nullptr ? nullptr : MirrorOf(*focus);
-    if (mirror == nullptr) return;
-    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(mirror->Window()), TRUE);
-    mirror->TakeShown();
+    if (focus == nullptr) return;
+    ControlMirror& mirror = MirrorOf(*focus);
+    SendMessageW(window_, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(mirror.Window()), TRUE);
+    mirror.TakeShown();
 }
 
 void DialogWindow::End(int result) {

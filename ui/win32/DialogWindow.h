@@ -139,7 +139,7 @@ class DialogWindow : public ui::Window {
     void ShowFocus() const;
     void FollowFocus() const;
     ControlMirror* MirrorOf(HWND window) const;
-    ControlMirror* MirrorOf(const Control& control) const;
+    ControlMirror& MirrorOf(const Control& control) const;  // which has to be one of the dialog
     ControlMirror* SenderOf(const NMHDR& notification) const;
     Size Client() const;
 

@@ -72,7 +72,7 @@ IconHandle LoadPicture(Icon icon, int pixels) {
 
 IconHandle FadedPicture(HICON icon) {
     ICONINFO parts{};
-    if (GetIconInfo(icon, &parts) == FALSE) return {};
+    GetIconInfo(icon, &parts);
     const BitmapHandle mask(parts.hbmMask);
     const BitmapHandle color(parts.hbmColor);
     const BitmapHandle faded = Faded(platform::win32::ScreenCanvas().Handle(), parts.hbmColor);
@@ -119,13 +119,14 @@ namespace {
 
 using platform::win32::SystemFunction;
 
+// Only list views ask for image lists, and their class comes from the same DLL: the functions are there.
 constexpr const wchar_t* ControlsDll = L"comctl32.dll";
 
 }  // namespace
 
 void ImageListDeleter::operator()(HIMAGELIST list) const {
     static const auto destroy = SystemFunction<BOOL WINAPI(HIMAGELIST)>(ControlsDll, "ImageList_Destroy");
-    if (destroy != nullptr) destroy(list);
+    destroy(list);
 }
 
 ImageListHandle MakeImageList(std::span<const Icon> icons, int pixels) {
@@ -133,7 +134,6 @@ ImageListHandle MakeImageList(std::span<const Icon> icons, int pixels) {
         SystemFunction<HIMAGELIST WINAPI(int, int, UINT, int, int)>(ControlsDll, "ImageList_Create");
     static const auto replaceIcon =
         SystemFunction<int WINAPI(HIMAGELIST, int, HICON)>(ControlsDll, "ImageList_ReplaceIcon");
-    if (create == nullptr || replaceIcon == nullptr) return {};
     ImageListHandle list(create(pixels, pixels, ILC_COLOR32 | ILC_MASK, static_cast<int>(icons.size()), 0));
     constexpr int AtTheEnd = -1;
     for (const Icon icon : icons) {

@@ -129,14 +129,14 @@ void ListViewMirror::ShowRows() const {
 void ListViewMirror::ShowSelection() const {
     const RedrawPause pause(Window());
     if (list_.AreAllSelected() && !list_.Style().singleSelection) {
-        SetState(AllRows, LVIS_SELECTED, LVIS_SELECTED);
+        SetState(AllRows, LVIS_SELECTED, true);
     } else {
         SelectNone();
-        for (const size_t row : list_.SelectedRows()) SetState(static_cast<int>(row), LVIS_SELECTED, LVIS_SELECTED);
+        for (const size_t row : list_.SelectedRows()) SetState(static_cast<int>(row), LVIS_SELECTED, true);
     }
     const std::optional<size_t> focused = list_.FocusedRow();
     if (!focused) return;
-    SetState(static_cast<int>(*focused), LVIS_FOCUSED, LVIS_FOCUSED);
+    SetState(static_cast<int>(*focused), LVIS_FOCUSED, true);
     Send(LVM_SETSELECTIONMARK, 0, static_cast<LPARAM>(*focused));
 }
 
@@ -144,10 +144,9 @@ void ListViewMirror::ShowSelection() const {
 // selected.
 void ListViewMirror::SelectNone() const {
     const auto selected = static_cast<size_t>(Send(LVM_GETSELECTEDCOUNT));
-    if (selected > list_.RowCount() / 2) return SetState(AllRows, 0, LVIS_SELECTED);
-    if (selected == 0) return;
-    for (int row = Next(AllRows, LVNI_SELECTED); row >= 0; row = Next(row, LVNI_SELECTED))
-        SetState(row, 0, LVIS_SELECTED);
+    if (selected > list_.RowCount() / 2) return SetState(AllRows, LVIS_SELECTED, false);
+    int row = AllRows;
+    for (size_t left = selected; left != 0; --left) SetState(row = Next(row, LVNI_SELECTED), LVIS_SELECTED, false);
 }
 
 // The first row after this one that is of the kind (LVNI_...); -1: none.
@@ -155,10 +154,10 @@ int ListViewMirror::Next(int row, LPARAM kind) const {
     return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(row), kind));
 }
 
-void ListViewMirror::SetState(int row, UINT state, UINT mask) const {
+void ListViewMirror::SetState(int row, UINT state, bool on) const {
     LVITEMW item{};
-    item.state = state;
-    item.stateMask = mask;
+    item.state = on ? state : UINT{};
+    item.stateMask = state;
     Send(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
 }
 

@@ -48,7 +48,7 @@ class ListViewMirror : public ControlMirror {
     void ShowRows() const;
     void ShowSelection() const;
     void SelectNone() const;
-    void SetState(int row, UINT state, UINT mask) const;
+    void SetState(int row, UINT state, bool on) const;
     int Next(int row, LPARAM kind) const;
     void ShowChecks() const;
     void AnnounceCheck(size_t row) const;

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "ui/win32/Placing.h"
+
 namespace ui::win32 {
 namespace {
 
@@ -89,8 +91,8 @@ TTTOOLINFOW PlaceTool(HWND dialog, HWND control) {
     // Whether the dialog itself is seen yet does not matter.
     const bool isShown = (GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0;
     if (!isShown || IsWindowEnabled(control) != FALSE) return tool;
-    GetWindowRect(control, &tool.rect);
-    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&tool.rect), 2);
+    const Rect bounds = BoundsIn(dialog, control);
+    tool.rect = {bounds.x, bounds.y, bounds.x + bounds.width, bounds.y + bounds.height};
     return tool;
 }
 
@@ -113,35 +115,38 @@ void Tooltips::Add(HWND control, const std::wstring& text) {
     std::wstring shown = text;
     for (TTTOOLINFOW tool : {OwnTool(dialog_, control), PlaceTool(dialog_, control)}) {
         tool.lpszText = shown.data();
-        SendMessageW(window_, TTM_ADDTOOLW, 0, Parameter(tool));
+        Send(TTM_ADDTOOLW, Parameter(tool));
     }
 }
 
 void Tooltips::SetText(HWND control, const std::wstring& text) {
-    if (window_ != nullptr)
-        for (TTTOOLINFOW tool : {OwnTool(dialog_, control), PlaceTool(dialog_, control)})
-            SendMessageW(window_, TTM_DELTOOLW, 0, Parameter(tool));
+    for (TTTOOLINFOW tool : {OwnTool(dialog_, control), PlaceTool(dialog_, control)})
+        Send(TTM_DELTOOLW, Parameter(tool));
     Add(control, text);
 }
 
 void Tooltips::Hear(UINT message, WPARAM wParam, LPARAM lParam) const {
-    if (window_ == nullptr || message < WM_MOUSEFIRST || message > WM_MBUTTONDBLCLK) return;
+    if (message < WM_MOUSEFIRST || message > WM_MBUTTONDBLCLK) return;
     MSG heard{};
     heard.hwnd = dialog_;
     heard.message = message;
     heard.wParam = wParam;
     heard.lParam = lParam;
-    SendMessageW(window_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&heard));
+    Send(TTM_RELAYEVENT, reinterpret_cast<LPARAM>(&heard));
 }
 
 void Tooltips::TellOfColors() const {
-    if (window_ != nullptr) SendMessageW(window_, WM_SYSCOLORCHANGE, 0, 0);
+    Send(WM_SYSCOLORCHANGE, {});
 }
 
 void Tooltips::Follow(HWND control) const {
-    if (window_ == nullptr) return;
     TTTOOLINFOW tool = PlaceTool(dialog_, control);
-    SendMessageW(window_, TTM_NEWTOOLRECTW, 0, Parameter(tool));
+    Send(TTM_NEWTOOLRECTW, Parameter(tool));
+}
+
+void Tooltips::Send(UINT message, LPARAM parameter) const {
+    constexpr WPARAM Unused{};
+    if (window_ != nullptr) SendMessageW(window_, message, Unused, parameter);
 }
 
 }  // namespace ui::win32

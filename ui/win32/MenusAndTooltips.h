@@ -39,6 +39,8 @@ class Tooltips {
 
   private:
     void Create(HWND dialog);
+    void Send(UINT message, LPARAM parameter) const;  // where there is a window
+
     HWND dialog_ = nullptr;
     HWND window_ = nullptr;  // goes with the dialog's
 };

@@ -76,7 +76,7 @@ std::optional<std::wstring> PickFolder(HWND owner, const std::wstring& folder) {
 }
 
 std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker) {
-    constexpr size_t LongestPath = 32768;
+    constexpr size_t LongestPath = 0x8000;  // of all that the system has, with its NUL
     const std::wstring filter = FilterOf(picker);
     std::wstring path(LongestPath, L'\0');
     const size_t known = std::min(picker.initialPath.size(), LongestPath - 1);

@@ -38,7 +38,7 @@ void MoveOverOwner(HWND window) {
     GetMonitorInfoW(MonitorFromWindow(owner != nullptr ? owner : window, MONITOR_DEFAULTTOPRIMARY), &monitor);
     const RECT& screen = monitor.rcWork;
     RECT around = screen;
-    if (owner != nullptr && IsWindowVisible(owner) != FALSE && IsIconic(owner) == FALSE) GetWindowRect(owner, &around);
+    if (IsWindowVisible(owner) != FALSE && IsIconic(owner) == FALSE) GetWindowRect(owner, &around);
     const auto [width, height] = SizeOf(window);
     const int x = Within(Middle(around.left, around.right, width), screen.left, screen.right, width);
     const int y = Within(Middle(around.top, around.bottom, height), screen.top, screen.bottom, height);

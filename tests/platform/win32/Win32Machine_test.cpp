@@ -8,6 +8,7 @@
 
 #include <ctime>
 #include <limits>
+#include <thread>
 
 #include "platform/win32/Module.h"
 #include "tests/support/TestFiles.h"
@@ -85,6 +86,24 @@ TEST(Win32CodePageTest, APageWithEveryCharacterNeedsNoneToBeRefused) {
         platform::win32::Win32CodePage().ToAnsi(L"a");
         EXPECT_EQ(convertedWith, each == Cyrillic ? DWORD{WC_NO_BEST_FIT_CHARS} : 0) << each;
     }
+}
+
+int WINAPI NoteFlagsOfWide(UINT, DWORD flags, const char*, int length, wchar_t*, int) {
+    convertedWith = flags;
+    return length;
+}
+
+// UTF-8, for one, refuses those that only say what is done in any case.
+TEST(Win32CodePageTest, NoPageIsAskedForMoreThanItsCharacters) {
+    const tests::ImportHook convert("MultiByteToWideChar", NoteFlagsOfWide);
+    convertedWith = ~0U;
+    platform::win32::Win32CodePage().ToWide("a");
+    EXPECT_EQ(convertedWith, 0U);
+}
+
+TEST(Win32CodePageTest, NothingBecomesNothing) {
+    EXPECT_EQ(platform::win32::Win32CodePage().ToWide({}), L"");
+    EXPECT_EQ(platform::win32::Win32CodePage().ToAnsi({}), "");
 }
 
 // The command that wanted it ends with a word to the user, and not the program.
@@ -212,6 +231,25 @@ TEST(Win32InstanceLockTest, AReleasedLockIsGone) {
     lock.Release();
     lock.Release();
     EXPECT_FALSE(lock.IsHeldByAnother(LockName(L"released")));
+}
+
+// Whoever waits for it need not wait until the thread has ended.
+TEST(Win32InstanceLockTest, AReleasedLockIsForTheNextToTake) {
+    Win32InstanceLock lock;
+    ASSERT_EQ(lock.Acquire(LockName(L"next")), code::Success);
+    const HANDLE mutex = OpenMutexW(MUTEX_ALL_ACCESS, FALSE, LockName(L"next").c_str());
+    const auto taken = [mutex] {
+        DWORD answer = WAIT_FAILED;
+        std::thread([&] {
+            answer = WaitForSingleObject(mutex, 0);
+            if (answer == WAIT_OBJECT_0) ReleaseMutex(mutex);
+        }).join();
+        return answer;
+    };
+    EXPECT_EQ(taken(), DWORD{WAIT_TIMEOUT});
+    lock.Release();
+    EXPECT_EQ(taken(), DWORD{WAIT_OBJECT_0});
+    CloseHandle(mutex);
 }
 
 TEST(Win32InstanceLockTest, TheHolderOwnsTheLock) {

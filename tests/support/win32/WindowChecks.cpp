@@ -235,7 +235,7 @@ void CheckMenus(HWND window, const ui::Dialog& dialog) {
 
 void CheckIcons(HWND window, const ui::Dialog& dialog) {
     for (const auto& [kind, metric] : {std::pair{ICON_BIG, SM_CXICON}, std::pair{ICON_SMALL, SM_CXSMICON}}) {
-        const int size = platform::win32::SystemMetric(metric, platform::win32::DpiOf(window));
+        const int size = platform::win32::SystemMetric(metric, dialog.Dpi());
         const LRESULT shown = SendMessageW(window, WM_GETICON, static_cast<WPARAM>(kind), 0);
         EXPECT_TRUE(DrawingOf(dialog.Icon(), size) == PointsIn(shown)) << "icon of the window, " << size;
     }

@@ -1,8 +1,7 @@
 // What Windows does to the program's windows and Wine does not. While one lives, windows behave as
 // documented:
-// - beyond a line on the screen there is a second monitor with another resolution: a dialog that comes there
-// is
-//   asked for its size and told of the resolution, hidden or not;
+// - beyond a line on the screen there is a second monitor with another resolution: a dialog that comes there,
+//   hidden or not, is asked for its size and hears of the resolution;
 // - an editable combo that opens its list or is resized completes its text from the list without a word;
 // - a list without a focused row gives the mark to its first row when it gets the focus.
 #pragma once

@@ -96,11 +96,9 @@ ui::win32::IconHandle IconOf(COLORREF color) {
 // By how light the eye takes it to be: of white a quarter is left.
 TEST(Colors, EachColorOfADisabledPictureLiesBetweenInkAndGround) {
     const ColorScheme scheme({RGB(200, 100, 40), RGB(10, 50, 90)});
-    const std::vector<std::pair<COLORREF, COLORREF>> cases{{RGB(0, 0, 0), RGB(10, 50, 90)},
-                                                           {RGB(0, 0, 255), RGB(25, 54, 86)},
-                                                           {RGB(255, 0, 0), RGB(51, 61, 79)},
-                                                           {RGB(0, 255, 0), RGB(93, 72, 68)},
-                                                           {RGB(255, 255, 255), RGB(152, 87, 52)}};
+    const std::vector<std::pair<COLORREF, COLORREF>> cases{
+        {RGB(0, 0, 0), RGB(10, 50, 90)},   {RGB(0, 0, 255), RGB(25, 54, 86)}, {RGB(0, 8, 255), RGB(27, 54, 85)},
+        {RGB(255, 0, 0), RGB(51, 61, 79)}, {RGB(0, 255, 0), RGB(93, 72, 68)}, {RGB(255, 255, 255), RGB(152, 87, 52)}};
     for (const auto& [color, expected] : cases) {
         const Points pale = PointsOf(ui::win32::FadedPicture(IconOf(color).get()).get());
         ASSERT_FALSE(pale.colors.empty());

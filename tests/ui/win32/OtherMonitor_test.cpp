@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/win32/Module.h"
+#include "platform/win32/Resolution.h"
 #include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/Input.h"
 #include "tests/support/win32/Subclass.h"
@@ -206,6 +208,7 @@ TEST_F(OtherMonitor, PicturesAndTooltipsFollow) {
         DeleteObject(parts.hbmColor);
         return shape.bmWidth;
     };
+    using platform::win32::SystemMetric;
     gallery_.save.Enable(false);
     Run([&] {
         const HWND save = GetDlgItem(Window(), gallery::Save);
@@ -218,6 +221,8 @@ TEST_F(OtherMonitor, PicturesAndTooltipsFollow) {
             } else {
                 Return(before);
             }
+            EXPECT_EQ(widthOf(SendMessageW(Window(), WM_GETICON, ICON_BIG, 0)), SystemMetric(SM_CXICON, dpi));
+            EXPECT_EQ(widthOf(SendMessageW(Window(), WM_GETICON, ICON_SMALL, 0)), SystemMetric(SM_CXSMICON, dpi));
             const auto [x, y, width, height] = gallery_.sign.Bounds();
             EXPECT_EQ(widthOf(SendMessageW(sign, STM_GETIMAGE, IMAGE_ICON, 0)),
                       ui::win32::PictureSizeFor({width, height}));
@@ -269,6 +274,27 @@ TEST_F(OtherMonitor, AListMakesItsCheckBoxesAnew) {
         EXPECT_NE(all & LVS_EX_CHECKBOXES, 0);
         Tell(192, {0, 0, 900, 800});
         EXPECT_EQ(styles, (Styles{{LVS_EX_CHECKBOXES, 0}, {0, all}}));
+    });
+}
+
+// They are made anew for each resolution.
+TEST_F(OtherMonitor, AListGivesBackTheArrowsThatItsHeaderHad) {
+    using GetSize = BOOL WINAPI(HIMAGELIST, int*, int*);
+    const auto getSize = platform::win32::SystemFunction<GetSize>(L"comctl32.dll", "ImageList_GetIconSize");
+    ASSERT_NE(getSize, nullptr);
+    Run([&] {
+        const auto header =
+            reinterpret_cast<HWND>(SendMessageW(GetDlgItem(Window(), gallery::Rows), LVM_GETHEADER, 0, 0));
+        const auto arrows = [header] {
+            return reinterpret_cast<HIMAGELIST>(SendMessageW(header, HDM_GETIMAGELIST, HDSIL_NORMAL, 0));
+        };
+        const HIMAGELIST before = arrows();
+        int width = 0;
+        int height = 0;
+        EXPECT_TRUE(getSize(before, &width, &height));
+        Tell(192, {0, 0, 900, 800});
+        EXPECT_TRUE(getSize(arrows(), &width, &height));
+        EXPECT_FALSE(getSize(before, &width, &height));
     });
 }
 

@@ -38,6 +38,12 @@ TEST(Pictures, TheEmptyOneIsOnePointThroughWhichTheGroundIsSeen) {
         EXPECT_EQ(PointsOf(empty.get(), ground), (Points{{1, 1}, {ground}}));
 }
 
+// Nor has no picture at all.
+TEST(Pictures, OneWithoutColorsHasNoPaleForm) {
+    EXPECT_EQ(ui::win32::FadedPicture(ui::win32::EmptyPicture().get()), nullptr);
+    EXPECT_EQ(ui::win32::FadedPicture(nullptr), nullptr);
+}
+
 TEST(Pictures, AreAllDifferent) {
     for (const int size : {16, 32, 96})
         for (const ui::Icon one : AllPictures())
