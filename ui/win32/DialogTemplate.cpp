@@ -53,7 +53,8 @@ void DialogTemplate::AddHeader(const Dialog& dialog, int items) {
 }
 
 void DialogTemplate::AddAccessibleLabel(const Control& control) {
-    AddItem({WC_STATICW, SS_LEFT | SS_NOPREFIX}, 0, {}, AccessibleLabelId(control), control.Name());
+    constexpr DWORD Hidden{};
+    AddItem({WC_STATICW, SS_LEFT | SS_NOPREFIX}, Hidden, {}, AccessibleLabelId(control), control.Name());
 }
 
 void DialogTemplate::AddControl(Control& control) {

@@ -2,6 +2,7 @@
 #include <windows.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "settings/ConflictDlg.h"
@@ -106,6 +107,30 @@ TEST_F(SessionMessages, AFormHoldsItUpAndLeavesNoReasonBehind) {
         EXPECT_EQ(told, (Told{{window, L""}}));
         user_.PressCloseBox();
     });
+}
+
+// One that is busy until it has opened.
+class Beginning : public ui::Dialog {
+  public:
+    explicit Beginning(ui::Screen& screen) : Dialog(screen, nullptr, {.size = {100, 50}}, L"Beginning") {}
+    const wchar_t* ReasonToStay() const override { return isReady_ ? nullptr : L"Not ready yet."; }
+
+  protected:
+    void OnInitDialog() override {
+        EXPECT_EQ(SendMessageW(WindowOf(*this), WM_QUERYENDSESSION, 0, 0), FALSE);
+        EXPECT_EQ(std::exchange(told, {}).size(), 1U);
+        isReady_ = true;
+        ReasonToStayChanged();
+        EXPECT_EQ(told.size(), 1U);
+        EndDialog(ui::IdOk);
+    }
+
+  private:
+    bool isReady_ = false;
+};
+
+TEST_F(SessionMessages, AReasonThatGoesOnTheWayIsForgotten) {
+    EXPECT_EQ(Beginning(world_->Screen()).DoModal(), ui::IdOk);
 }
 
 }  // namespace

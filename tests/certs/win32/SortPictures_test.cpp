@@ -29,6 +29,7 @@ class SortPictures : public CertsTest {
         HDITEMW item{};
         item.mask = HDI_FORMAT | HDI_IMAGE;
         SendMessageW(Header(list), HDM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        EXPECT_NE(item.fmt & HDF_STRING, 0);
         return {item.fmt & AllPictures, item.iImage};
     }
     HIMAGELIST Pictures(int list) const {

@@ -104,13 +104,15 @@ TEST_F(FilePickerTest, TheExtensionIsPutBehindANameWithoutOne) {
 // What the dialog was asked for. Not every system that the tests run on shows it: some look for the name as
 // it was typed, without the extension, when a file is opened.
 struct AskedFor {
+    std::wstring name;
     std::wstring extension;
     DWORD flags = 0;
 };
 AskedFor askedFor;
 
 BOOL WINAPI NoteAndGiveUp(LPOPENFILENAMEW request) {
-    askedFor = {request->lpstrDefExt == nullptr ? std::wstring() : request->lpstrDefExt, request->Flags};
+    askedFor = {request->lpstrFile, request->lpstrDefExt == nullptr ? std::wstring() : request->lpstrDefExt,
+                request->Flags};
     return FALSE;
 }
 
@@ -128,6 +130,13 @@ TEST(FilePickerRequest, HasTheExtensionAndTheChecksForBothKinds) {
         ui::win32::PickFile(nullptr, {kind, L"All", L"*.*", L"*.*", L""});
         EXPECT_EQ(askedFor.extension, L"");
     }
+}
+
+TEST(FilePickerRequest, ProposesAsMuchOfANameAsAPathCanHave) {
+    const ImportHook open("GetOpenFileNameW", NoteAndGiveUp);
+    ui::FilePicker picker{ui::FilePickerKind::Open, L"Rules", L"*.prx", L"prx", std::wstring(32766, L'a') + L"bc"};
+    ui::win32::PickFile(nullptr, picker);
+    EXPECT_EQ(askedFor.name, std::wstring(32766, L'a') + L'b');
 }
 
 HRESULT WINAPI ClassIsMissing(REFCLSID, IUnknown*, DWORD, REFIID, void**) {

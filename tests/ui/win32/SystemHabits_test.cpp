@@ -9,9 +9,11 @@
 
 #include <optional>
 #include <set>
+#include <stdexcept>
 #include <utility>
 
 #include "tests/support/win32/ImportHook.h"
+#include "tests/support/win32/Input.h"
 #include "tests/support/win32/Subclass.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/ui/Gallery.h"
@@ -66,6 +68,8 @@ TEST_F(SystemHabits, AMenuStaysTheSameWhileOnlyTheStatesOfItsItemsChange) {
         EXPECT_EQ(GetMenuState(shown(), gallery::Print, MF_BYCOMMAND), None);
         gallery_.SetMenuBar({{L"Other", {{gallery::Print, L"Again", true}}}});
         EXPECT_NE(GetMenuState(shown(), gallery::Print, MF_BYCOMMAND), None);
+        gallery_.SetMenuBar({});
+        EXPECT_EQ(shown(), nullptr);
     });
 }
 
@@ -174,6 +178,21 @@ TEST_F(SystemHabits, ADialogThatChangesItsSizeDrawsAllAndMovesOnlyWhatMoves) {
     });
 }
 
+// Moving it, if only to where it is, would end what an input method has begun.
+TEST_F(SystemHabits, TheCaretIsLeftAloneWhereAllThatIsTypedIsTaken) {
+    Run([this] {
+        int moved = 0;
+        const HWND name = Window(gallery::Name);
+        const Subclass edit(name, [&moved](UINT message, WPARAM, LPARAM) {
+            moved += message == EM_SETSEL ? 1 : 0;
+            return std::optional<LRESULT>();
+        });
+        input::Type(name, L'a');
+        EXPECT_EQ(gallery_.name.Text(), L"a");
+        EXPECT_EQ(moved, 0);
+    });
+}
+
 TEST_F(SystemHabits, NothingReachesADialogThatHasEnded) {
     gallery_.onOk = [this] {
         gallery_.EndDialog(7);
@@ -182,6 +201,53 @@ TEST_F(SystemHabits, NothingReachesADialogThatHasEnded) {
     };
     EXPECT_EQ(Run([this] { user_.Click(ui::IdOk); }), 7);
     EXPECT_EQ(gallery_.TakeHeard(), Heard{L"OK"});
+}
+
+TEST_F(SystemHabits, WhatAModelessDialogsHandlerThrowsMeetsTheNextThatOpens) {
+    Gallery first(world_->Screen());
+    first.onHear = [](const std::wstring&) { throw std::out_of_range("handler"); };
+    first.OpenModeless();
+    SendMessageW(GetDlgItem(WindowOf(first), gallery::Apply), BM_CLICK, 0, 0);
+    EXPECT_TRUE(first.HasEnded());
+    Gallery second(world_->Screen());
+    EXPECT_THROW(second.OpenModeless(), std::out_of_range);
+    second.OpenModeless();
+    EXPECT_NE(IsWindow(WindowOf(second)), FALSE);
+}
+
+// Whatever else buttons notify of may look alike.
+TEST_F(SystemHabits, OnlyADisabledButtonPaintsItsPictureItself) {
+    Run([this] {
+        const auto answer = [this](UINT code, DWORD stage) {
+            NMCUSTOMDRAW drawing{};
+            drawing.hdr = {Window(gallery::Save), gallery::Save, code};
+            drawing.dwDrawStage = stage;
+            const auto parameter = reinterpret_cast<LPARAM>(&drawing);
+            return SendMessageW(WindowOf(gallery_), WM_NOTIFY, gallery::Save, parameter);
+        };
+        constexpr auto Drawing = static_cast<UINT>(NM_CUSTOMDRAW);
+        EXPECT_EQ(answer(Drawing, CDDS_PREPAINT), CDRF_DODEFAULT);
+        gallery_.save.Enable(false);
+        EXPECT_EQ(answer(Drawing, CDDS_PREPAINT), CDRF_NOTIFYPOSTPAINT);
+        EXPECT_EQ(answer(Drawing, CDDS_PREERASE), CDRF_DODEFAULT);
+        EXPECT_EQ(answer(static_cast<UINT>(BCN_HOTITEMCHANGE), CDDS_PREPAINT), 0);
+    });
+}
+
+TEST_F(SystemHabits, ArrowsStepOnlyWhenTheySaySo) {
+    Run([this] {
+        gallery_.digits.SetText(L"7");
+        NMUPDOWN step{};
+        step.iDelta = 5;
+        const auto tell = [&](UINT code) {
+            step.hdr = {Window(gallery::Arrows), gallery::Arrows, code};
+            SendMessageW(WindowOf(gallery_), WM_NOTIFY, gallery::Arrows, reinterpret_cast<LPARAM>(&step));
+        };
+        tell(static_cast<UINT>(NM_RELEASEDCAPTURE));
+        EXPECT_EQ(gallery_.digits.Text(), L"7");
+        tell(static_cast<UINT>(UDN_DELTAPOS));
+        EXPECT_EQ(gallery_.digits.Text(), L"12");
+    });
 }
 
 std::set<UINT> letThrough;

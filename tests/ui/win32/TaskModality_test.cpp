@@ -120,6 +120,21 @@ TEST_F(TaskModalityTest, EndsWithADialogWhoseHandlerThrows) {
     });
 }
 
+INT_PTR WINAPI OpenNothing(HINSTANCE, const DLGTEMPLATE*, HWND, DLGPROC, LPARAM) {
+    return -1;
+}
+
+TEST_F(TaskModalityTest, EndsWhereTheSystemOpensNoDialog) {
+    bool isFree = false;
+    OnApply([&] {
+        const ImportHook open("DialogBoxIndirectParamW", OpenNothing);
+        EXPECT_THROW(ShowOwnerless(), ui::ScreenError);
+        isFree = TakesInput(gallery_);
+    });
+    Run([this] { user_.Click(gallery::Apply); });
+    EXPECT_TRUE(isFree);
+}
+
 std::vector<UINT> boxFlags;
 
 int WINAPI NoteFlags(HWND, LPCWSTR, LPCWSTR, UINT flags) {
