@@ -11,6 +11,7 @@
 #include <set>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include "tests/support/win32/ImportHook.h"
 #include "tests/support/win32/Input.h"
@@ -190,6 +191,32 @@ TEST_F(SystemHabits, TheCaretIsLeftAloneWhereAllThatIsTypedIsTaken) {
         input::Type(name, L'a');
         EXPECT_EQ(gallery_.name.Text(), L"a");
         EXPECT_EQ(moved, 0);
+    });
+}
+
+// By the numbers that stand for the whole text.
+TEST_F(SystemHabits, WhatTheProgramPutsIntoAnEmptiedEditIsSelected) {
+    Run([this] {
+        std::vector<std::pair<WPARAM, LPARAM>> selected;
+        const HWND name = Window(gallery::Name);
+        input::Focus(WindowOf(gallery_), name);
+        const Subclass edit(name, [&selected](UINT message, WPARAM wParam, LPARAM lParam) {
+            if (message == EM_SETSEL) selected.emplace_back(wParam, lParam);
+            return std::optional<LRESULT>();
+        });
+        gallery_.name.SetText(L"400");
+        EXPECT_EQ(selected, (std::vector<std::pair<WPARAM, LPARAM>>{{0, -1}}));
+    });
+}
+
+TEST_F(SystemHabits, AListWithTheFocusKeepsItWhateverTheProgramChanges) {
+    Run([this] {
+        user_.ClickRow(gallery::Rows, 2);
+        gallery_.TakeHeard();
+        gallery_.save.Enable(false);
+        gallery_.tick.Show(false);
+        gallery_.rows.SelectOnly(3);
+        EXPECT_EQ(gallery_.TakeHeard(), Heard());
     });
 }
 
