@@ -24,8 +24,7 @@ NOT_CODE = re.compile(r"^\s*(//|#|using |namespace |\}|static_assert|template|cl
 LINES_WITH_UNUSED = re.compile(r"std::w?string \w+\(.*, L?'\\0'\)|SetWindowPos\(.* SWP_NO(MOVE|SIZE)\b")
 # Calls whose last argument is a zero that the message has no use for.
 CALLS_WITH_UNUSED = re.compile(r"\b(WM_(GETFONT|SETREDRAW|SYSCOLORCHANGE)|CB_(ADDSTRING|GETDROPPED\w+)|LB_ADDSTRING|"
-                               r"LVM_(SETSELECTIONMARK|SUBITEMHITTEST)|EM_GETSEL|UDM_SETPOS32|"
-                               r"TTM_(ADDTOOLW|DELTOOLW|NEWTOOLRECTW|RELAYEVENT))[^;]*, 0$")
+                               r"LVM_(SETSELECTIONMARK|SUBITEMHITTEST)|EM_GETSEL|UDM_SETPOS32)[^;]*, 0$")
 
 
 def is_unused(code, match):

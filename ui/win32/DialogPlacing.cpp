@@ -95,6 +95,7 @@ void DialogWindow::OnSize(WPARAM kind, Size client) {
 }
 
 void DialogWindow::OnMinMaxInfo(MINMAXINFO& info) const {
+    if (!HearsOfSizes()) return;
     const Size smallest = dialog_.MinimumTrackSize();
     if (smallest.width != 0) info.ptMinTrackSize.x = smallest.width;
     if (smallest.height != 0) info.ptMinTrackSize.y = smallest.height;
