@@ -67,8 +67,9 @@ void ResizeClient(HWND window, Size client) {
 Rect BoundsIn(HWND parent, HWND control) {
     RECT bounds{};
     GetWindowRect(control, &bounds);
-    MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&bounds), 2);
-    return {bounds.left, bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top};
+    POINT corner{bounds.left, bounds.top};
+    ScreenToClient(parent, &corner);
+    return {corner.x, corner.y, bounds.right - bounds.left, bounds.bottom - bounds.top};
 }
 
 Rect NormalRectOf(HWND window) {

@@ -166,6 +166,7 @@ HINSTANCE WINAPI NoteStart(HWND, const wchar_t*, const wchar_t* program, const w
                            INT) {
     startedProgram = program;
     startedWith = arguments;
+    SetLastError(ERROR_FILE_NOT_FOUND);  // looked for on the way; what counts is the result
     return reinterpret_cast<HINSTANCE>(INT_PTR{33});
 }
 HINSTANCE WINAPI FailToStart(HWND, const wchar_t*, const wchar_t*, const wchar_t*, const wchar_t*, INT) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "ui/win32/IconLoader.h"
@@ -47,6 +48,14 @@ TEST(PictureSize, AButtonKeepsTheSameShareOfAirAtEveryResolution) {
                                      ButtonPictureSizeFor(row.middle, row.dpi),
                                      ButtonPictureSizeFor(row.small, row.dpi)};
         EXPECT_EQ(found, row.due);
+    }
+}
+
+// Of its width or its height, whichever is less.
+TEST(PictureSize, APictureMayTakeFourFifthsOfAButton) {
+    for (const auto& [side, due] : {std::pair{40, 32}, std::pair{39, 24}, std::pair{30, 24}, std::pair{29, 16}}) {
+        EXPECT_EQ(ButtonPictureSizeFor({side, 100}, 96), due) << side;
+        EXPECT_EQ(ButtonPictureSizeFor({100, side}, 96), due) << side;
     }
 }
 

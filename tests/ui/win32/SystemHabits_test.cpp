@@ -242,6 +242,17 @@ TEST_F(SystemHabits, WhatAModelessDialogsHandlerThrowsMeetsTheNextThatOpens) {
     EXPECT_NE(IsWindow(WindowOf(second)), FALSE);
 }
 
+TEST_F(SystemHabits, ADialogBelongsToItsOwnerWhateverElseIsOpen) {
+    Gallery first(world_->Screen());
+    Gallery second(world_->Screen());
+    Gallery above(world_->Screen(), &second);
+    first.OpenModeless();
+    second.OpenModeless();
+    above.OpenModeless();
+    EXPECT_EQ(GetWindow(WindowOf(above), GW_OWNER), WindowOf(second));
+    EXPECT_EQ(GetWindow(WindowOf(second), GW_OWNER), nullptr);
+}
+
 // Whatever else buttons notify of may look alike.
 TEST_F(SystemHabits, OnlyADisabledButtonPaintsItsPictureItself) {
     Run([this] {
