@@ -8,6 +8,9 @@
 
 namespace platform::win32 {
 
+// Of all the paths that the system has, with its NUL.
+inline constexpr DWORD LongestPath = 0x8000;
+
 // What does not fit into 32 bits becomes the largest that does: the system refuses it, or tells how much it
 // did.
 inline DWORD Length(size_t bytes) {

@@ -1,11 +1,8 @@
 #include "platform/win32/Module.h"
 
+#include "platform/win32/Length.h"
+
 namespace platform::win32 {
-namespace {
-
-constexpr DWORD LongestPath = 0x8000;  // of all that the system has, with its NUL
-
-}  // namespace
 
 void UnloadModule::operator()(void* module) const {
     FreeLibrary(static_cast<HMODULE>(module));

@@ -10,6 +10,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/win32/Length.h"
 #include "ui/win32/DialogWindow.h"
 
 namespace ui::win32 {
@@ -30,7 +31,7 @@ class DroppedFiles {
         return place;
     }
     std::wstring FirstPath() const {
-        constexpr UINT LongestPath = 0x8000;  // of all that the system has, with its NUL
+        using platform::win32::LongestPath;
         std::wstring path(LongestPath, L'\0');
         const UINT length = DragQueryFileW(drop_, 0, path.data(), LongestPath);
         return path.substr(0, length);

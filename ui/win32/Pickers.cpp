@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "platform/win32/Length.h"
 #include "text/Numbers.h"
 
 namespace ui::win32 {
@@ -76,7 +77,7 @@ std::optional<std::wstring> PickFolder(HWND owner, const std::wstring& folder) {
 }
 
 std::optional<std::wstring> PickFile(HWND owner, const FilePicker& picker) {
-    constexpr size_t LongestPath = 0x8000;  // of all that the system has, with its NUL
+    constexpr size_t LongestPath = platform::win32::LongestPath;
     const std::wstring filter = FilterOf(picker);
     std::wstring path(LongestPath, L'\0');
     const size_t known = std::min(picker.initialPath.size(), LongestPath - 1);
