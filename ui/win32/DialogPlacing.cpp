@@ -83,8 +83,9 @@ void DialogWindow::OnSize(WPARAM kind, Size client) {
     const SizeKind before = std::exchange(sizeKind_, kind == SIZE_MINIMIZED   ? SizeKind::Minimized
                                                      : kind == SIZE_MAXIMIZED ? SizeKind::Maximized
                                                                               : SizeKind::Restored);
-    if (nextDpi_ && sizeKind_ == SizeKind::Restored) {
-        TakeDpi(*std::exchange(nextDpi_, std::nullopt));
+    const auto dpi = sizeKind_ == SizeKind::Restored ? std::exchange(nextDpi_, std::nullopt) : std::nullopt;
+    if (dpi) {
+        TakeDpi(*dpi);
         RECT outer{};
         GetWindowRect(window_, &outer);
         return FitTo({outer.left, outer.top});
