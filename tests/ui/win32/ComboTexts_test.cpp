@@ -1,6 +1,8 @@
 // What an editable combo shows is what the program takes, also where the system completes the text.
 #include <windows.h>
 
+#include <tuple>
+
 #include "tests/support/win32/Input.h"
 #include "tests/support/win32/Win32Robot.h"
 #include "tests/support/win32/WindowsHabits.h"
@@ -78,6 +80,22 @@ TEST_F(ComboTexts, AreTakenAsShownByTheEnterKey) {
         EXPECT_TRUE(gallery_.HasEnded());
     });
     EXPECT_EQ(gallery_.mask.Text(), L"*.txt");
+}
+
+// A command works on what the user sees, also one that leaves the focus where it is.
+TEST_F(ComboTexts, AreTakenAsShownByEveryCommand) {
+    Run([this] {
+        const WPARAM apply = MAKEWPARAM(gallery::Apply, BN_CLICKED);
+        const auto button = reinterpret_cast<LPARAM>(GetDlgItem(WindowOf(gallery_), gallery::Apply));
+        for (const auto& [command, sender, heard] :
+             {std::tuple{apply, button, L"apply"}, std::tuple{WPARAM{gallery::Open}, LPARAM{0}, L"menu 2001"}}) {
+            user_.Type(gallery::Mask, L"*.t");
+            ResizeCombo();
+            gallery_.TakeHeard();
+            SendMessageW(WindowOf(gallery_), WM_COMMAND, command, sender);
+            EXPECT_EQ(gallery_.TakeHeard(), (Heard{L"mask *.txt", heard}));
+        }
+    });
 }
 
 TEST_F(ComboTexts, StayAsTypedWhenTheProgramResizesTheField) {
